@@ -1,0 +1,21 @@
+# What every target of the project is compiled with. The numeric options are part of the contract: no fused
+# multiply-add and no re-association, so that every tier and ABI computes the same bits.
+add_library(orbs_flags INTERFACE)
+target_compile_options(orbs_flags INTERFACE
+    -Wall -Wextra -Wshadow -Wpointer-arith -Wundef
+    -ffp-contract=off
+    $<$<COMPILE_LANGUAGE:C>:-Wstrict-prototypes>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations>)
+if(ORBS_SANITIZE)
+    add_compile_options(-fsanitize=${ORBS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${ORBS_SANITIZE})
+endif()
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # Callers may enter with a stack aligned to 4 bytes only.
+    add_compile_options(-mssse3 -mfpmath=sse -mstackrealign)
+endif()
+
+set(orbs_tier_v8 -mssse3)
+set(orbs_tier_v3 -march=x86-64-v3 -mno-fma -DHWY_DISABLE_PCLMUL_AES -DHWY_DISABLE_BMI2_FMA)
+set(orbs_tier_dir_v8 ${CMAKE_BINARY_DIR}/lib)
+set(orbs_tier_dir_v3 ${CMAKE_BINARY_DIR}/lib/glibc-hwcaps/x86-64-v3)

@@ -1,0 +1,45 @@
+# The core library and one build of the orbs library for each tier, all tiers under one file name: the dynamic
+# loader takes the one from glibc-hwcaps/ where the processor has it.
+add_library(orbcore SHARED orbcore/src/control.cpp orbcore/src/status.cpp orbcore/src/threads.cpp)
+target_include_directories(orbcore PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
+target_link_libraries(orbcore PRIVATE $<BUILD_INTERFACE:orbs_flags> OpenMP::OpenMP_CXX)
+target_compile_options(orbcore PRIVATE -fvisibility=hidden -fno-exceptions -fno-rtti)
+target_link_options(orbcore PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbcore.map)
+set_target_properties(orbcore PROPERTIES VERSION 5.2 SOVERSION 5.2
+    LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/orbcore.map)
+
+file(GLOB orbs_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/orbs/src/*/*.cpp)
+
+function(orbs_add_tier target tier)
+    add_library(${target} SHARED ${orbs_sources})
+    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+                                         PRIVATE ${PROJECT_SOURCE_DIR}/orbs/src)
+    target_compile_definitions(${target} PRIVATE HWY_COMPILE_ONLY_STATIC)
+    target_compile_options(${target} PRIVATE ${orbs_tier_${tier}}
+        -fvisibility=hidden -fno-exceptions -fno-rtti -fno-math-errno)
+    target_link_libraries(${target} PUBLIC orbcore PRIVATE $<BUILD_INTERFACE:orbs_flags> OpenMP::OpenMP_CXX)
+    target_link_options(${target} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbs.map)
+    set_target_properties(${target} PROPERTIES
+        OUTPUT_NAME orbsv8 VERSION 5.2 SOVERSION 5.2
+        LIBRARY_OUTPUT_DIRECTORY ${orbs_tier_dir_${tier}}
+        LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/orbs.map)
+    # One folder a tier, holding nothing else, for LD_LIBRARY_PATH: lib/ itself would let the loader choose.
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tiers/${tier})
+    file(CREATE_LINK ${orbs_tier_dir_${tier}}/liborbsv8.so.5.2
+         ${CMAKE_BINARY_DIR}/tiers/${tier}/liborbsv8.so.5.2 SYMBOLIC)
+endfunction()
+
+if("v8" IN_LIST ORBS_TIERS)
+    orbs_add_tier(orbs v8)
+    if("v3" IN_LIST ORBS_TIERS)
+        orbs_add_tier(orbs_v3 v3)
+        set_target_properties(orbs_v3 PROPERTIES
+            BUILD_RPATH_USE_ORIGIN ON BUILD_RPATH "\$ORIGIN/../..")
+    endif()
+else()
+    orbs_add_tier(orbs v3)
+    set_target_properties(orbs PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+    file(CREATE_LINK ${CMAKE_BINARY_DIR}/lib/liborbsv8.so.5.2
+         ${CMAKE_BINARY_DIR}/tiers/v3/liborbsv8.so.5.2 SYMBOLIC)
+endif()
+add_library(orbs::orbs ALIAS orbs)

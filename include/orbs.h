@@ -1,0 +1,13 @@
+/* orbs.h: every primitive of the orbs library. */
+#ifndef ORBS_H
+#define ORBS_H
+
+#include "orbcore.h"
+#include "orbdefs.h"
+#include "orbs/arith.h"
+#include "orbs/data.h"
+#include "orbs/filters.h"
+#include "orbs/foundation.h"
+#include "orbs/transforms.h"
+
+#endif

@@ -1,0 +1,59 @@
+// Guards of the floating-point control registers: save, change only if different, restore on every path. The empty asm
+// statements keep the compiler from moving arithmetic across a change.
+#pragma once
+
+#include "orbcore.h"
+
+#include <xmmintrin.h>
+
+namespace orbs {
+
+inline void keepArithmeticInPlace() { asm volatile("" ::: "memory"); }
+
+// SSE rounding for the guard's life.
+class SseRounding {
+public:
+    enum Mode : Orb32u { nearest = 0x0000, towardZero = 0x6000 };
+
+    explicit SseRounding(Mode mode) : earlier_(_mm_getcsr()), changed_((earlier_ & roundingMask) != mode) {
+        if (changed_) _mm_setcsr((earlier_ & ~roundingMask) | mode);
+        keepArithmeticInPlace();
+    }
+    ~SseRounding() {
+        keepArithmeticInPlace();
+        // Exception flags raised meanwhile stay raised, as they would without the guard.
+        if (changed_) _mm_setcsr((_mm_getcsr() & ~roundingMask) | (earlier_ & roundingMask));
+    }
+    SseRounding(const SseRounding&) = delete;
+    SseRounding& operator=(const SseRounding&) = delete;
+
+private:
+    static constexpr Orb32u roundingMask = 0x6000;
+    Orb32u earlier_;
+    bool changed_;
+};
+
+// x87 in extended precision, rounding to nearest or toward zero, for the guard's life.
+class X87Control {
+public:
+    enum Mode : Orb32u { nearest = 0x0000, towardZero = 0x0c00 };
+
+    explicit X87Control(Mode rounding)
+        : earlier_(orb_set_rcpc_fpu(extendedPrecision | rounding, precisionMask | roundingMask)) {
+        keepArithmeticInPlace();
+    }
+    ~X87Control() {
+        keepArithmeticInPlace();
+        orb_set_cw_fpu(earlier_);
+    }
+    X87Control(const X87Control&) = delete;
+    X87Control& operator=(const X87Control&) = delete;
+
+private:
+    static constexpr Orb32u extendedPrecision = 0x0300;
+    static constexpr Orb32u precisionMask = 0x0300;
+    static constexpr Orb32u roundingMask = 0x0c00;
+    Orb32u earlier_;
+};
+
+} // namespace orbs
