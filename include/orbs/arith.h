@@ -51,6 +51,25 @@ OrbStatus orbsAdd_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
 OrbStatus orbsAdd_64fc(const Orb64fc* pSrc1, const Orb64fc* pSrc2, Orb64fc* pDst, int len);
 OrbStatus orbsAdd_64fc_I(const Orb64fc* pSrc, Orb64fc* pSrcDst, int len);
 
+/* ---- MulPack, MulPerm, MulPackConj ---------------------------------------------------------------------------
+ * The product, bin by bin, of two packed spectra of real signals of len samples (orbs/spectra.h tells the layouts):
+ * the spectrum of their circular convolution. The _I forms: pSrcDst = pSrc * pSrcDst. MulPackConj takes the conjugate
+ * of pSrc, which gives the spectrum of the circular correlation.
+ *
+ * Real bins (the first, and with len even that of half the sampling rate) are one multiplication. A complex bin is
+ *   re = re1*re2 - im1*im2, im = re1*im2 + im1*re2;  MulPackConj: re = re1*re2 + im1*im2, im = re1*im2 - im1*re2,
+ * each product rounded to the type, then the sum; NaN and infinity as usual. pDst may be a source. */
+OrbStatus orbsMulPack_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
+OrbStatus orbsMulPack_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
+OrbStatus orbsMulPack_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);
+OrbStatus orbsMulPack_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
+OrbStatus orbsMulPerm_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
+OrbStatus orbsMulPerm_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
+OrbStatus orbsMulPerm_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);
+OrbStatus orbsMulPerm_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
+OrbStatus orbsMulPackConj_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
+OrbStatus orbsMulPackConj_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
+
 ORBS_DECLARATIONS_END
 
 #endif

@@ -32,8 +32,8 @@ OrbStatus widened(const T* pSrc1, const T* pSrc2, Wide* pDst, int len) {
     forEachVector<Wide>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
         const hn::Rebind<T, decltype(d)> narrow;
         const hn::Rebind<std::conditional_t<std::is_same_v<Wide, Orb32f>, Orb32s, Wide>, decltype(d)> sum;
-        const auto r = hn::Add(hn::PromoteTo(sum, hn::LoadU(narrow, pSrc1 + n)),
-                               hn::PromoteTo(sum, hn::LoadU(narrow, pSrc2 + n)));
+        const auto r =
+            hn::Add(hn::PromoteTo(sum, hn::LoadU(narrow, pSrc1 + n)), hn::PromoteTo(sum, hn::LoadU(narrow, pSrc2 + n)));
         if constexpr (std::is_same_v<Wide, Orb32f>) {
             hn::StoreU(hn::ConvertTo(d, r), d, pDst + n);
         } else {
@@ -65,9 +65,8 @@ OrbStatus accumulate(const Orb16s* pSrc, Orb32s* pSrcDst, int len) {
 // Complex: the real primitive over twice the length.
 template <class C>
 OrbStatus complexBinary(const C* pSrc1, const C* pSrc2, C* pDst, int len) {
-    return overDoubledLength(len, [=](int realLen) {
-        return binary<Sum>(asReal(pSrc1), asReal(pSrc2), asReal(pDst), realLen);
-    });
+    return overDoubledLength(
+        len, [=](int realLen) { return binary<Sum>(asReal(pSrc1), asReal(pSrc2), asReal(pDst), realLen); });
 }
 template <class C>
 OrbStatus complexScaled(const C* pSrc1, const C* pSrc2, C* pDst, int len, int scaleFactor, ScaleCuts cuts) {

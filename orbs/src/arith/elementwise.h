@@ -1,5 +1,5 @@
-// The shapes of element-wise arithmetic on two vectors. An operation says what happens to one element, on vectors of any
-// width; a shape adds the frame: null tests, length, scale, serial or parallel.
+// The shapes of element-wise arithmetic on two vectors. An operation says what happens to one element, on vectors of
+// any width; a shape adds the frame: null tests, length, scale, serial or parallel.
 //
 //   struct Operation {
 //       static V exact(V a, V b);      in lanes wide enough to lose nothing, and in float lanes as it is
@@ -70,7 +70,8 @@ struct ShiftLeft {
     template <class D, class V>
     V narrow(D d, V r) const {
         using Lane = hn::TFromD<D>;
-        const V fits = hn::Min(hn::Max(r, hn::Set(d, Lane{hwy::LimitsMin<T>()})), hn::Set(d, Lane{hwy::LimitsMax<T>()}));
+        const V fits =
+            hn::Min(hn::Max(r, hn::Set(d, Lane{hwy::LimitsMin<T>()})), hn::Set(d, Lane{hwy::LimitsMax<T>()}));
         return hn::ShiftLeftSame(fits, shift);
     }
     template <class D, class V>
