@@ -8,6 +8,7 @@
 #include "orbs/data.h"
 #include "orbs/filters.h"
 #include "orbs/foundation.h"
+#include "orbs/spectra.h"
 #include "orbs/transforms.h"
 
 #endif

@@ -4,6 +4,8 @@
 
 #include "foundation/vectors.h"
 
+#include <type_traits>
+
 namespace orbs {
 
 // Calls body(d, n) for runs of whole elements among `len` of them, n being the real lane where the run starts: full
@@ -39,6 +41,20 @@ struct ConjugateProduct {
         const V byRe = hn::Mul(hn::DupEven(a), b);
         const V byIm = hn::Mul(hn::DupOdd(a), hn::Reverse2(d, b));
         return hn::OddEven(hn::Sub(byRe, byIm), hn::Add(byRe, byIm));
+    }
+};
+
+// (re, -im): the sign bit of a float, NaN included; -32768 saturates to 32767.
+struct Conjugate {
+    template <class D, class V>
+    static V of(D d, V v) {
+        using Real = hn::TFromD<D>;
+        if constexpr (std::is_floating_point_v<Real>) {
+            return hn::Xor(v, hn::OddEven(hn::Set(d, Real{-0.0}), hn::Zero(d)));
+        } else {
+            const V allBits = hn::OddEven(hn::Set(d, Real{-1}), hn::Zero(d)); // -im = ~im + 1
+            return hn::SaturatedSub(hn::Xor(v, allBits), allBits);
+        }
     }
 };
 

@@ -1,5 +1,6 @@
 // MulPack, MulPerm, MulPackConj: products of packed spectra of real signals.
 #include "arith/complex.h"
+#include "arith/spectra.h"
 #include "foundation/frame.h"
 #include "orbs/arith.h"
 
@@ -7,30 +8,19 @@ namespace {
 
 using namespace orbs;
 
-// Where a packed spectrum of len values has its real bins and its first complex one. The bin of half the sampling rate
-// is there if len is even.
-struct Pack {
-    static std::size_t half(std::size_t len) { return len - 1; }
-    static std::size_t pairs(std::size_t) { return 1; }
-};
-struct Perm {
-    static std::size_t half(std::size_t) { return 1; }
-    static std::size_t pairs(std::size_t len) { return len % 2 ? 1 : 2; }
-};
-
 template <class Layout, class Product, class T>
 OrbStatus product(const T* pSrc1, const T* pSrc2, T* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc1, pSrc2, pDst)) return status;
     const auto count = static_cast<std::size_t>(len);
     pDst[0] = pSrc1[0] * pSrc2[0];
-    if (count % 2 == 0) {
+    if (hasHalf(count)) {
         const std::size_t half = Layout::half(count);
         pDst[half] = pSrc1[half] * pSrc2[half];
     }
-    const std::size_t pairs = Layout::pairs(count);
-    const T *a = pSrc1 + pairs, *b = pSrc2 + pairs;
-    T* const dst = pDst + pairs;
-    forEachComplex<T>((count - 1) / 2, [=](auto d, std::size_t n) HWY_ATTR {
+    const std::size_t bins = Layout::bins(count);
+    const T *a = pSrc1 + bins, *b = pSrc2 + bins;
+    T* const dst = pDst + bins;
+    forEachComplex<T>(complexBins(count), [=](auto d, std::size_t n) HWY_ATTR {
         hn::StoreU(Product::of(d, hn::LoadU(d, a + n), hn::LoadU(d, b + n)), d, dst + n);
     });
     return orbStsNoErr;
