@@ -1,0 +1,110 @@
+#!/usr/bin/env bash
+# The whole suite: every test in both tiers and as 32-bit code, under the sanitizers, the same bits everywhere, the
+# rules of the source, and programs built against an installed copy. Logs go to build/logs. The last line is
+# "N passed, N failed"; the exit status is 0 only if nothing failed.
+set -uo pipefail
+cd "$(dirname "$0")/.." || exit
+logs=$PWD/build/logs
+rm -rf "$logs"
+mkdir -p "$logs"
+jobs=$(nproc)
+passed=0 failed=0
+
+finish() {
+    printf '\n%d min %02d s\n' $((SECONDS / 60)) $((SECONDS % 60))
+    echo "$passed passed, $failed failed"
+    [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
+    exit
+}
+trap finish EXIT
+trap 'failed=$((failed + 1)); echo "interrupted"; exit' INT TERM
+
+# check NAME COMMAND...: one test; what it printed is shown if it fails.
+check() {
+    local name=$1 start=$SECONDS log=$logs/${1// /-}.log
+    shift
+    if "$@" >"$log" 2>&1 </dev/null; then
+        passed=$((passed + 1))
+        printf 'ok      %s (%d s)\n' "$name" $((SECONDS - start))
+    else
+        failed=$((failed + 1))
+        tail -n 60 "$log" | sed 's/^/        /'
+        printf 'FAILED  %s (%d s), log: %s\n' "$name" $((SECONDS - start)) "${log#"$PWD"/}"
+        return 1
+    fi
+}
+
+configure_and_build() { # PRESET [CMAKE ARGUMENT]...
+    cmake --preset "$@" && "${launcher[@]}" cmake --build --preset "$1" -j "$jobs"
+}
+
+# suite PRESET [CTEST ARGUMENT]...: all of its tests, each counted.
+suite() {
+    local preset=$1 start=$SECONDS log=$logs/tests-$1.log results=$logs/tests-$1.xml
+    shift
+    "${launcher[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
+        --output-junit "$results" "$@" >"$log" 2>&1 </dev/null
+    local status=$? total=0 bad=0 skipped=0
+    if [ -s "$results" ]; then
+        read -r total bad skipped < <(python3 -c '
+import sys, xml.etree.ElementTree as tree
+suite = tree.parse(sys.argv[1]).getroot()
+print(*(int(suite.get(key)) for key in ("tests", "failures", "skipped")))' "$results")
+    fi
+    # A run that broke off, or found no test, is one failure more.
+    if [ "$status" -ne 0 ] && [ "$bad" -eq 0 ]; then total=$((total + 1)) bad=1; fi
+    passed=$((passed + total - bad - skipped))
+    failed=$((failed + bad))
+    if [ "$bad" -gt 0 ]; then
+        grep -vE '\.\.+ +Passed|^ +Start +[0-9]+:' "$log" | head -n 300 | sed 's/^/        /'
+        printf 'FAILED  tests of %s: %d of %d (%d s), log: %s\n' "$preset" "$bad" "$total" $((SECONDS - start)) "${log#"$PWD"/}"
+    else
+        printf 'ok      tests of %s: %d, %d skipped (%d s)\n' "$preset" "$total" "$skipped" $((SECONDS - start))
+    fi
+}
+
+# The digests of every family: the same in each tier, ABI and thread count.
+same_bits() {
+    local status=0 first="" output name
+    for build in release/v8 release/v3 i386/v8; do
+        [ "$build" = release/v3 ] && [ -z "$avx2" ] && continue
+        for threads in 1 2 3 8; do
+            name=$logs/digest-${build/\//-}-$threads.txt
+            LD_LIBRARY_PATH=build/${build%/*}/tiers/${build#*/} OMP_NUM_THREADS=$threads \
+                "build/${build%/*}/bin/digest" >"$name" || { echo "digest of $build failed"; return 1; }
+            first=${first:-$name}
+            output=$(diff "$first" "$name") || { printf '%s, %d threads, differs:\n%s\n' "$build" "$threads" "$output"; status=1; }
+        done
+    done
+    [ -s "$first" ] || { echo "the digest program printed nothing"; return 1; }
+    return $status
+}
+
+check "setup" scripts/setup.sh || exit
+avx2="" launcher=() release_tests=() sanitizer_tier=()
+if scripts/has-avx2-tier; then
+    avx2=yes
+else
+    echo "note    this processor has no AVX2: the tests of tier v3 are not run"
+    release_tests=(-E '^v3\.')
+    sanitizer_tier=(-DORBS_TIERS=v8)
+fi
+
+check "layers" scripts/check-layers
+check "headers" scripts/check-headers
+if check "build release" configure_and_build release; then
+    suite release "${release_tests[@]}"
+    check "exports release" scripts/check-exports build/release
+    check "packaging" tests/packaging/check build/release
+fi
+if check "build i386" configure_and_build i386; then
+    suite i386
+    check "exports i386" scripts/check-exports build/i386
+    check "packaging i386" env CFLAGS=-m32 CXXFLAGS=-m32 tests/packaging/check build/i386
+    check "same bits" same_bits
+fi
+export UBSAN_OPTIONS=print_stacktrace=1
+if check "build asan" configure_and_build asan "${sanitizer_tier[@]}"; then suite asan; fi
+# The thread sanitizer cannot work with every address layout that the kernel may choose.
+if setarch -R true 2>/dev/null; then launcher=(setarch -R); fi
+if check "build tsan" configure_and_build tsan "${sanitizer_tier[@]}"; then suite tsan; fi
