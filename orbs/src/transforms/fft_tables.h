@@ -1,0 +1,80 @@
+// The tables of the power-of-two transforms: a quarter wave of the sine, and the twiddles read out of it.
+#pragma once
+
+#include "foundation/control.h"
+#include "orbdefs.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+namespace orbs::fft {
+
+constexpr double twoPi = 6.283185307179586476925286766559;
+constexpr int fixedBaseOrder = 10; // transforms up to this order read the library's constant quarter wave
+
+// sin(2 pi m / 2^order) for m = 0 to 2^order / 4. The argument is formed in double; past the eighth wave the cosine of
+// the complement is taken.
+template <class T>
+struct QuarterWave {
+    const T* table;
+    int order;
+
+    // cos and -sin of 2 pi j / 2^k, for k up to the table's order; negation is 0 - value.
+    T cosine(std::size_t j, int k) const { return sine(j + (std::size_t{1} << (k - 2)), k); }
+    T negativeSine(std::size_t j, int k) const { return T(0) - sine(j, k); }
+
+private:
+    T sine(std::size_t j, int k) const {
+        const std::size_t quarter = std::size_t{1} << (order - 2);
+        const std::size_t m = (j << (order - k)) & (4 * quarter - 1);
+        if (m <= quarter) return table[m];
+        if (m <= 2 * quarter) return table[2 * quarter - m];
+        if (m <= 3 * quarter) return T(0) - table[m - 2 * quarter];
+        return T(0) - table[4 * quarter - m];
+    }
+};
+
+template <class T>
+constexpr auto makeFixedQuarterWave() {
+    constexpr int eighth = 1 << (fixedBaseOrder - 3);
+    std::array<T, 2 * eighth + 1> table{};
+    for (int m = 0; m <= 2 * eighth; ++m) {
+        const double step = twoPi / (8 * eighth);
+        table[m] = static_cast<T>(m <= eighth ? __builtin_sin(m * step) : __builtin_cos((2 * eighth - m) * step));
+    }
+    return table;
+}
+template <class T>
+inline constexpr auto fixedQuarterWave = makeFixedQuarterWave<T>();
+
+// The sine is evaluated in extended precision and rounded once to double, so that the table does not depend on the
+// mathematics library's choice of instructions.
+template <class T>
+void computeQuarterWave(T* table, int order) {
+    const X87Control extended(X87Control::nearest);
+    const SseRounding nearest(SseRounding::nearest);
+    const std::size_t eighth = std::size_t{1} << (order - 3);
+    const double step = twoPi / static_cast<double>(8 * eighth);
+    for (std::size_t m = 0; m <= eighth; ++m)
+        table[m] = static_cast<T>(static_cast<double>(sinl(static_cast<double>(m) * step)));
+    for (std::size_t m = eighth + 1; m <= 2 * eighth; ++m)
+        table[m] = static_cast<T>(static_cast<double>(cosl(static_cast<double>(2 * eighth - m) * step)));
+}
+
+// Twiddles lie in groups of 32 bytes a value, one group size in every tier: for each group cos and -sin of the first
+// multiple of the angle, then of the second, then of the third.
+template <class T>
+constexpr std::size_t twiddleGroup = 32 / sizeof(T);
+
+// One group: columns j to j + group - 1 of a pass over 2^k points, for the multiples 1 to `multiples`.
+template <class T>
+T* appendTwiddles(T* table, const QuarterWave<T>& wave, int k, std::size_t j, std::size_t group, int multiples) {
+    for (int multiple = 1; multiple <= multiples; ++multiple) {
+        for (std::size_t i = 0; i < group; ++i) *table++ = wave.cosine(multiple * (j + i), k);
+        for (std::size_t i = 0; i < group; ++i) *table++ = wave.negativeSine(multiple * (j + i), k);
+    }
+    return table;
+}
+
+} // namespace orbs::fft
