@@ -1,0 +1,144 @@
+#include "sweep/call.h"
+
+#include <csignal>
+#include <cstdio>
+#include <stdexcept>
+
+namespace sweep {
+namespace {
+
+char currentCall[256];
+
+} // namespace
+
+Call::Call(const Plan& plan, const Case& sizes, const Placement& placement)
+    : plan_(plan), case_(sizes), placement_(placement), values_(plan.arguments.size()), areas_(plan.arguments.size()) {
+    for (std::size_t k = 0; k < values_.size(); ++k) {
+        const Argument& a = plan_.arguments[k];
+        if (a.type.kind == Kind::object) {
+            makeObject(k);
+        } else if (a.type.kind != Kind::element) {
+            place(k);
+        } else if (a.number) {
+            values_[k] = a.number(case_);
+        } else {
+            a.type.fill(values_[k].bytes(), 1, static_cast<std::uint64_t>(case_.turn));
+        }
+    }
+}
+
+Call::~Call() {
+    if (tag_) *static_cast<Orb32s*>(maker_->object()) = *tag_;
+    if (!holdsObject_) return;
+    const Member& free = plan_.family.function("Free");
+    const Value value = object();
+    free.signature->call(free.function, &value);
+}
+
+void Call::place(std::size_t k) {
+    const Argument& a = plan_.arguments[k];
+    const std::size_t count = a.count ? a.count(case_, plan_.family.kind) : 1;
+    const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 32;
+    const std::size_t step = plan_.member->anyAlignment ? 1 : a.type.alignment;
+    areas_[k] = std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step);
+    unsigned char* bytes = areas_[k]->data();
+    std::memset(bytes, placement_.before, count * a.type.size);
+    if (a.number) {
+        const int held = a.number(case_);
+        std::memcpy(bytes, &held, sizeof held);
+    } else if (a.use == Use::source || a.use == Use::update) {
+        a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k);
+    }
+    if (a.use == Use::source) areas_[k]->before.assign(areas_[k]->begin(), areas_[k]->end());
+    values_[k] = bytes;
+}
+
+void Call::makeObject(std::size_t k) {
+    maker_ = std::make_unique<Call>(planOf(plan_.family.function(placement_.allocated ? "InitAlloc" : "Init")), case_,
+                                    placement_);
+    if (maker_->run() != orbStsNoErr) throw std::runtime_error("no object for " + std::string(plan_.member->name));
+    values_[k] = maker_->object();
+}
+
+void* Call::object() const {
+    void* stored;
+    std::memcpy(&stored, areas_[0]->data(), sizeof stored);
+    return stored;
+}
+
+bool Call::isStep(const char* step) const {
+    return !plan_.family.verb.empty() && plan_.member->name.starts_with("orbs" + plan_.family.verb + step);
+}
+
+void Call::spoil(const Fault& fault) {
+    const int bad = fault.bad ? fault.bad(case_) : 0;
+    switch (fault.what) {
+    case Fault::null:
+        setNull(fault.argument);
+        break;
+    case Fault::value:
+        if (areas_[fault.argument]) {
+            std::memcpy(areas_[fault.argument]->data(), &bad, sizeof bad);
+        } else {
+            values_[fault.argument] = bad;
+        }
+        break;
+    case Fault::tag:
+        auto& tag = *static_cast<Orb32s*>(maker_->object());
+        if (!tag_) tag_ = tag;
+        tag = bad ? static_cast<Orb32s>(static_cast<Orb32u>(*tag_) + static_cast<Orb32u>(bad)) : 0;
+        break;
+    }
+}
+
+OrbStatus Call::run() {
+    std::snprintf(currentCall, sizeof currentCall,
+                  "%s with n = %d, order %d, %d taps, turn %d, shift %zu from the %s\n", plan_.member->name.data(),
+                  case_.n, case_.order, case_.taps, case_.turn, placement_.shift,
+                  placement_.edge == support::Edge::end ? "end" : "begin");
+    const OrbStatus status = plan_.member->signature->call(plan_.member->function, values_.data());
+    if (status >= 0 && isStep("InitAlloc")) holdsObject_ = true;
+    if (status >= 0 && isStep("Free")) maker_->holdsObject_ = false;
+    return status;
+}
+
+Call::Image Call::results() const {
+    Image all;
+    for (std::size_t k = 0; k < areas_.size(); ++k) {
+        const Argument& a = plan_.arguments[k];
+        if (a.type.kind == Kind::vector && (a.use == Use::destination || a.use == Use::update))
+            all.insert(all.end(), areas_[k]->begin(), areas_[k]->end());
+    }
+    return all;
+}
+
+Call::Image Call::image(bool afterRefusal) const {
+    Image all = maker_ ? maker_->image() : Image();
+    for (std::size_t k = 0; k < areas_.size(); ++k)
+        if (areas_[k] && !(afterRefusal && plan_.arguments[k].refusalMayWrite))
+            all.insert(all.end(), areas_[k]->begin(), areas_[k]->end());
+    return all;
+}
+
+std::string Call::disturbed() const {
+    for (std::size_t k = 0; k < areas_.size(); ++k) {
+        if (!areas_[k]) continue;
+        const Area& area = *areas_[k];
+        if (!area.intact()) return "wrote beside " + plan_.arguments[k].name;
+        if (!area.before.empty() && std::memcmp(area.before.data(), area.data(), area.size()) != 0)
+            return "changed " + plan_.arguments[k].name;
+    }
+    return maker_ ? maker_->disturbed() : "";
+}
+
+void reportCrashes() {
+    static struct sigaction earlier;
+    struct sigaction action = {};
+    action.sa_handler = [](int) {
+        [[maybe_unused]] const auto written = write(2, currentCall, std::strlen(currentCall));
+        sigaction(SIGSEGV, &earlier, nullptr);
+    };
+    sigaction(SIGSEGV, &action, &earlier);
+}
+
+} // namespace sweep

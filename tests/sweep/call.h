@@ -1,0 +1,63 @@
+// One call of a member: its arguments laid out between guard pages, filled, spoiled, and looked at afterwards.
+#pragma once
+
+#include "support/guarded.h"
+#include "sweep/rules.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sweep {
+
+struct Placement {
+    support::Edge edge = support::Edge::end;
+    std::size_t shift = 0;       // bytes between the vectors and that edge
+    bool staggered = false;      // another shift for each argument
+    unsigned char before = 0x5a; // what destinations hold before the call
+    bool allocated = false;      // objects by InitAlloc, not in a block of the caller
+};
+
+class Call {
+public:
+    Call(const Plan& plan, const Case& sizes, const Placement& placement);
+    ~Call();
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    void spoil(const Fault& fault);
+    void setNull(std::size_t argument) { values_[argument] = static_cast<void*>(nullptr); }
+    OrbStatus run();
+
+    // The bytes that the call may change: of the vectors that are not sources, and of an object in a caller's block.
+    using Image = std::vector<unsigned char>;
+    Image results() const;                        // without scratch and objects
+    Image image(bool afterRefusal = false) const; // afterRefusal: without what a refused call may have written
+    // Names what the call changed though it must not: sources, or bytes around the vectors. Empty if nothing.
+    std::string disturbed() const;
+
+private:
+    struct Area : support::Guarded<unsigned char> {
+        using Guarded::Guarded;
+        Image before; // of sources
+    };
+    void place(std::size_t k);
+    void makeObject(std::size_t k);
+    void* object() const; // that a call of Init or InitAlloc stored
+    bool isStep(const char* step) const;
+
+    const Plan& plan_;
+    const Case& case_;
+    const Placement placement_;
+    std::vector<Value> values_;
+    std::vector<std::unique_ptr<Area>> areas_; // of vectors and object slots
+    std::unique_ptr<Call> maker_;              // of the object among the arguments
+    std::optional<Orb32s> tag_;                // of that object, while it is spoiled
+    bool holdsObject_ = false;                 // that must be freed
+};
+
+// The address where the process faults is of little use; the call that did it is printed instead.
+void reportCrashes();
+
+} // namespace sweep

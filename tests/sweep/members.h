@@ -1,0 +1,136 @@
+// The members of the library as the sweep sees them: a table made from the public headers (generate.py), whose types
+// the compiler tells.
+#pragma once
+
+#include "orbdefs.h"
+#include "support/data.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace sweep {
+
+// An argument on its way into a call, of any type.
+class Value {
+public:
+    Value() = default;
+    template <class T>
+    Value(T t) {
+        static_assert(sizeof(T) <= sizeof bytes_);
+        std::memcpy(bytes_, &t, sizeof t);
+    }
+    template <class T>
+    T as() const {
+        T t;
+        std::memcpy(&t, bytes_, sizeof t);
+        return t;
+    }
+    void* bytes() { return bytes_; }
+
+private:
+    alignas(16) unsigned char bytes_[16] = {};
+};
+
+enum class Kind {
+    element,   // an element or number by value
+    vector,    // pointer to elements
+    object,    // pointer to an opaque object
+    objectSlot // where a pointer to an object is stored
+};
+
+// What the compiler tells of an argument. Sizes are those of one element.
+struct Type {
+    Kind kind;
+    bool isConst;
+    std::size_t size, alignment;
+    void (*fill)(void* to, std::size_t count, std::uint64_t seed); // with reproducible values
+};
+
+template <class T>
+void fillElements(void* to, std::size_t count, std::uint64_t seed) {
+    static const std::vector<T> stock = support::randomVector<T>(1 << 12);
+    char* p = static_cast<char*>(to);
+    for (std::size_t at = seed * 257 % stock.size(); count > 0; at = 0) {
+        const std::size_t run = std::min(count, stock.size() - at);
+        std::memcpy(p, &stock[at], run * sizeof(T));
+        p += run * sizeof(T);
+        count -= run;
+    }
+}
+
+template <class A>
+constexpr Type typeOf() {
+    using T = std::remove_const_t<std::remove_pointer_t<A>>;
+    constexpr Kind pointerKind = std::is_pointer_v<T> ? Kind::objectSlot : Kind::object;
+    if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
+        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), nullptr};
+    } else {
+        // 32-bit code gives doubles and 64-bit integers that lie on 4 bytes only.
+        constexpr std::size_t alignment = sizeof(void*) == 4 && alignof(T) > 4 ? 4 : alignof(T);
+        return {std::is_pointer_v<A> ? Kind::vector : Kind::element, std::is_const_v<std::remove_pointer_t<A>>,
+                sizeof(T), alignment, fillElements<T>};
+    }
+}
+
+using Function = void (*)();
+
+// How to call a function of one type. Those that return no status are called by tests of their own.
+struct Signature {
+    std::span<const Type> types;
+    OrbStatus (*call)(Function, const Value*) = nullptr;
+    void* (*allocate)(Function, int) = nullptr;
+};
+
+template <class... A>
+const Signature& signatureOf(OrbStatus (*)(A...)) {
+    static constexpr Type types[] = {typeOf<A>()...};
+    static constexpr Signature signature{.types = types, .call = [](Function function, const Value* values) {
+                                             return [&]<std::size_t... I>(std::index_sequence<I...>) {
+                                                 return reinterpret_cast<OrbStatus (*)(A...)>(function)(
+                                                     values[I].template as<A>()...);
+                                             }
+                                             (std::index_sequence_for<A...>());
+                                         }};
+    return signature;
+}
+template <class T>
+const Signature& signatureOf(T* (*)(int)) {
+    static constexpr Signature signature{.types = {}, .allocate = [](Function function, int len) -> void* {
+                                             return reinterpret_cast<T* (*)(int)>(function)(len);
+                                         }};
+    return signature;
+}
+inline const Signature& signatureOf(void (*)(void*)) {
+    static constexpr Signature signature{};
+    return signature;
+}
+inline const Signature& signatureOf(const OrbLibraryVersion* (*)()) {
+    static constexpr Signature signature{};
+    return signature;
+}
+
+struct Member {
+    std::string_view name, family, arguments;
+    Function function;
+    const Signature* signature;
+    bool anyAlignment; // the header promises that vectors may lie on any byte
+};
+
+template <class F>
+Member member(const char* name, const char* family, const char* arguments, F* function, bool anyAlignment) {
+    return {name, family, arguments, reinterpret_cast<Function>(function), &signatureOf(function), anyAlignment};
+}
+
+// Made from the headers.
+const std::vector<Member>& members();
+const std::vector<std::string>& notUnderstood();
+std::size_t declaredMembers();
+
+} // namespace sweep

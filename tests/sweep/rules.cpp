@@ -1,0 +1,381 @@
+#include "sweep/rules.h"
+
+#include <algorithm>
+#include <climits>
+#include <map>
+#include <optional>
+#include <regex>
+#include <stdexcept>
+
+namespace sweep {
+namespace {
+
+// Rules match the whole of a member's name, without "orbs", and the whole of an argument's name. The first rule holds.
+struct Pattern {
+    const char *members, *argument;
+};
+
+bool matches(std::string_view text, const char* pattern) {
+    static std::map<std::string, std::regex> compiled;
+    const auto [at, isNew] = compiled.try_emplace(pattern);
+    if (isNew) at->second.assign(pattern);
+    return std::regex_match(text.begin(), text.end(), at->second);
+}
+bool matches(std::string_view member, std::string_view argument, const Pattern& pattern) {
+    return matches(member, pattern.members) && matches(argument, pattern.argument);
+}
+
+template <class Rule, std::size_t size>
+const Rule* ruleFor(const Rule (&rules)[size], std::string_view member, std::string_view argument = {}) {
+    const auto rule = std::ranges::find_if(rules, [&](const Rule& r) { return matches(member, argument, r.pattern); });
+    return rule == std::end(rules) ? nullptr : rule;
+}
+
+// ---- Lengths of vectors ----
+
+struct FFTSizes {
+    int spec = 0, init = 0, work = 0;
+};
+FFTSizes fftSizes(const Case& c, const std::string& kind) {
+    FFTSizes sizes;
+    const Member& query = Family{"FFT", kind}.function("GetSize");
+    const Value values[] = {
+        c.order, int{ORB_FFT_SCALE_INV}, OrbHintAlgorithm{orbAlgHintNone}, &sizes.spec, &sizes.init, &sizes.work};
+    if (query.signature->call(query.function, values) != orbStsNoErr) throw std::runtime_error("no FFT size");
+    return sizes;
+}
+int firStateSize(const Case& c, const std::string& kind) {
+    int size = 0;
+    const Member& query = Family{"FIR", kind}.function("GetStateSize");
+    const Value values[] = {c.taps, &size};
+    if (query.signature->call(query.function, values) != orbStsNoErr) throw std::runtime_error("no FIR size");
+    return size;
+}
+std::size_t bitsAsBytes(int offset, int bits) {
+    return static_cast<std::size_t>(offset + bits + 7) / 8;
+}
+int sourceOffset(const Case& c) {
+    return c.turn % 8;
+}
+int destinationOffset(const Case& c) {
+    return c.turn / 3 % 8;
+}
+
+#define COUNT(expression)                                                                                              \
+    [](const Case& c [[maybe_unused]], const std::string& kind [[maybe_unused]]) -> std::size_t {                      \
+        return static_cast<std::size_t>(expression);                                                                   \
+    }
+#define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> int { return expression; }
+
+struct VectorRule {
+    Pattern pattern;
+    Count count;
+    std::optional<Use> use = {}; // else const: source, pSrcDst...: update, others: destination
+    Number holds = nullptr;      // else random elements
+};
+
+const VectorRule vectorRules[] = {
+    // Bit strings; what surrounds the bits stays.
+    {{"Copy_1u", "pSrc"}, COUNT(bitsAsBytes(sourceOffset(c), c.n))},
+    {{"Copy_1u", "pDst"}, COUNT(bitsAsBytes(destinationOffset(c), c.n)), Use::update},
+    // CCS: half the spectrum and the middle.
+    {{"ConjCcs_.*", "pSrc"}, COUNT(c.n / 2 + 1)},
+    {{"FFTFwd_RToCCS_.*", "pDst|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
+    {{"FFTInv_CCSToR_.*", "pSrc|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
+    {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
+    {{"FFT(Fwd|Inv)_.*", "pBuffer"}, COUNT(fftSizes(c, kind).work), Use::scratch},
+    {{"FFTInit_.*", "pMemSpec"}, COUNT(fftSizes(c, kind).spec), Use::scratch},
+    {{"FFTInit_.*", "pMemInit"}, COUNT(fftSizes(c, kind).init), Use::scratch},
+    {{"FFTGet(Buf)?Size_.*", "p(Spec|SpecBuffer|Buffer)?Size"}, COUNT(1)},
+    {{"FIR\\w*_Direct_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
+    {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
+    {{"FIRInit[\\d_].*", "pBuffer"}, COUNT(firStateSize(c, kind)), Use::scratch},
+    {{"FIR.*", "pTaps|pTapsQ15|pDlyLine"}, COUNT(c.taps)},
+    {{"FIR.*", "pDstVal|pSrcDstVal|pTapsFactor|pBufferSize"}, COUNT(1)},
+    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im)?"}, COUNT(c.n)},
+};
+
+// ---- Numbers ----
+
+template <int... choices>
+int oneOf(const Case& c) {
+    static constexpr int values[] = {choices...};
+    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
+}
+
+// Around every cut between kernels, and far beyond all of them.
+constexpr Number scaleFactor = oneOf<0, INT_MIN, -1000, -40, -33, -32, -31, -30, -17, -16, -15, -14, -9, -8, -7, -2, -1,
+                                     1, 2, 3, 7, 8, 9, 10, 14, 15, 16, 17, 18, 30, 31, 32, 33, 40, 1000, INT_MAX>;
+
+struct NumberRule {
+    Pattern pattern;
+    Number number; // null: a random element
+    std::vector<Number> faults = {};
+    OrbStatus status = orbStsNoErr;
+};
+
+const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
+const NumberRule numberRules[] = {
+    {{".*", "len|lenDst|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{".*", "scaleFactor"}, scaleFactor},
+    {{".*", "val|src"}, nullptr},
+    {{"Copy_1u", "srcBitOffset"}, sourceOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"Copy_1u", "dstBitOffset"}, destinationOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"FFT.*", "order"},
+     NUMBER(c.order),
+     {NUMBER(-1), NUMBER(31), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsFftOrderErr},
+    {{"FFT.*", "flag"},
+     oneOf<ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE>,
+     {NUMBER(0), NUMBER(3), NUMBER(16), NUMBER(-1)},
+     orbStsFftFlagErr},
+    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
+    {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"FIR.*", "tapsFactor"}, oneOf<0, -15, 3, -31, 31, -7>},
+};
+
+// ---- Exceptions ----
+
+struct PointeeRule {
+    Pattern pattern;
+    std::vector<Number> faults;
+    OrbStatus status;
+};
+// The other calls with a delay line in the caller's hands trust its index.
+const PointeeRule pointeeRules[] = {
+    {{"FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
+     {NUMBER(-1), NUMBER(c.taps), NUMBER(INT_MAX)},
+     orbStsDlyLineIndexErr},
+};
+
+struct Exception {
+    Pattern pattern;
+};
+struct NullRule {
+    Pattern pattern;
+    bool (*when)(const Case&) = [](const Case&) { return true; };
+};
+const NullRule nullRules[] = {
+    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                                      // that part is zero then
+    {{"FFT(Fwd|Inv)_.*", "pBuffer"}},                                          // the call takes one of its own
+    {{"FFTInit_.*", "pMemInit"}, [](const Case& c) { return c.order <= 10; }}, // not needed
+    {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}},                  // the line is zeroed then
+};
+const Exception tagIsNotTested[] = {
+    {{"FIRSetTaps_32s", "pState"}},
+};
+const Exception refusalMayWrite[] = {
+    {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
+};
+
+// The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
+// What is not named comes where the * stands: pointers, then numbers, then what pointers point to, then tags.
+struct OrderRule {
+    Pattern pattern;
+    std::vector<std::string> order;
+};
+const OrderRule orderRules[] = {
+    // The real primitive over twice the length: the length is tested before it is doubled.
+    {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
+    {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
+    {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
+    {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
+    {{"FIR\\w*_Direct_.*", ""},
+     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "pTapsQ15", "tapsLen", "pDlyLine",
+      "pDlyLineIndex", "*"}},
+};
+
+// ---- Cases ----
+
+std::vector<Case> lengths(int last, std::initializer_list<int> more = {}) {
+    std::vector<Case> cases;
+    for (int n = 1; n <= last; ++n) cases.push_back({.n = n});
+    for (int n : more) cases.push_back({.n = n});
+    return cases;
+}
+std::vector<Case> orders(int first, int last, int repeats) {
+    std::vector<Case> cases;
+    for (int order = first; order <= last; ++order)
+        for (int repeat = 0; repeat < repeats; ++repeat) cases.push_back({.order = order});
+    return cases;
+}
+std::vector<Case> withTaps(std::vector<Case> cases, std::initializer_list<int> taps) {
+    std::size_t k = 0;
+    for (Case& c : cases) c.taps = taps.begin()[k++ % taps.size()];
+    return cases;
+}
+
+struct CaseRule {
+    Pattern pattern;
+    std::vector<Case> small, large, faulty;
+};
+const CaseRule caseRules[] = {
+    // Each order with each flag; then around the changes between the engines.
+    {{"FFT.*", ""}, orders(0, 7, 4), orders(8, 19, 1), orders(10, 11, 1)},
+    // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
+    {{"FIR.*", ""},
+     withTaps(lengths(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
+     withTaps(lengths(0, {255, 256, 257, 511, 512, 513, 800, 801, 1600, 1601, 2049, 4096, 4607, 4608, 8200}),
+              {1, 17, 64, 130}),
+     withTaps(lengths(0, {9, 1700}), {5, 70})},
+    {{".*", ""}, lengths(70), lengths(0, {4099, 40007}), lengths(0, {9, 40007})},
+};
+
+// ---- Families of objects ----
+
+struct FamilyRule {
+    const char *type, *verb; // the kind is what the type ends with
+};
+const FamilyRule familyRules[] = {
+    {"OrbsFFTSpec(\\w+)", "FFT"},
+    {"OrbsFIRState(\\w+)", "FIR"},
+};
+
+Family familyOf(const std::string& argument) {
+    for (const FamilyRule& rule : familyRules) {
+        std::smatch match;
+        if (std::regex_search(argument, match, std::regex(std::string("\\b") + rule.type)))
+            return {rule.verb, match[1]};
+    }
+    return {};
+}
+
+// Cleared; of the next kind; of no kind.
+const Number foreignTags[] = {NUMBER(0), NUMBER(1), NUMBER(1 << 24)};
+
+#undef COUNT
+#undef NUMBER
+
+// ---- Planning ----
+
+std::vector<std::string> split(std::string_view arguments) {
+    std::vector<std::string> parts;
+    while (!arguments.empty()) {
+        const std::size_t comma = std::min(arguments.find(','), arguments.size());
+        parts.emplace_back(arguments.substr(0, comma));
+        arguments.remove_prefix(std::min(comma + 1, arguments.size()));
+    }
+    return parts;
+}
+
+std::string nameIn(const std::string& argument) {
+    std::smatch match;
+    return std::regex_search(argument, match, std::regex("(\\w+)\\s*(\\[\\w*\\])?\\s*$")) ? match[1].str() : argument;
+}
+
+class Planner {
+public:
+    explicit Planner(const Member& member) : member_(member), name_(member.name.substr(4)) {
+        plan_.member = &member;
+        const std::vector<std::string> texts = split(member.arguments);
+        if (!member.signature->call || texts.size() != member.signature->types.size()) {
+            refuse("returns no status, or its arguments are not told apart");
+            return;
+        }
+        for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
+        const CaseRule* cases = ruleFor(caseRules, name_);
+        plan_.small = cases->small;
+        plan_.large = cases->large;
+        plan_.faulty = cases->faulty;
+        int turn = 0;
+        for (std::vector<Case>* list : {&plan_.small, &plan_.large, &plan_.faulty})
+            for (Case& c : *list) c.turn = turn++;
+    }
+    Plan take() { return std::move(plan_); }
+
+private:
+    void add(const std::string& text, const Type& type) {
+        Argument a{.name = nameIn(text), .type = type};
+        const std::size_t k = plan_.arguments.size();
+        if (const NullRule* rule = ruleFor(nullRules, name_, a.name)) a.mayBeNull = rule->when;
+        a.refusalMayWrite = ruleFor(refusalMayWrite, name_, a.name);
+        switch (type.kind) {
+        case Kind::element:
+            addNumber(a, k);
+            break;
+        case Kind::vector:
+            addVector(a, k);
+            break;
+        case Kind::object:
+        case Kind::objectSlot:
+            addObject(a, k, text);
+            break;
+        }
+        if (type.kind != Kind::element) addFault(Fault::null, k, a.name, nullptr, orbStsNullPtrErr, 0, "");
+        plan_.arguments.push_back(a);
+    }
+
+    void addNumber(Argument& a, std::size_t k) {
+        const NumberRule* rule = ruleFor(numberRules, name_, a.name);
+        if (!rule) return refuse("no rule for the number " + a.name);
+        a.number = rule->number;
+        for (Number bad : rule->faults) addFault(Fault::value, k, a.name, bad, rule->status, 1, "");
+    }
+
+    void addVector(Argument& a, std::size_t k) {
+        const VectorRule* rule = ruleFor(vectorRules, name_, a.name);
+        if (!rule) return refuse("no rule for the vector " + a.name);
+        const Use byName = a.name.starts_with("pSrcDst") ? Use::update : Use::destination;
+        a.use = rule->use.value_or(a.type.isConst ? Use::source : byName);
+        a.count = rule->count;
+        a.number = rule->holds;
+        if (const PointeeRule* pointee = ruleFor(pointeeRules, name_, a.name))
+            for (Number bad : pointee->faults) addFault(Fault::value, k, a.name, bad, pointee->status, 2, ":value");
+    }
+
+    void addObject(Argument& a, std::size_t k, const std::string& text) {
+        plan_.family = familyOf(text);
+        if (plan_.family.verb.empty()) return refuse("no rule for the object " + text);
+        a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
+        if (a.type.kind == Kind::object && !ruleFor(tagIsNotTested, name_, a.name))
+            for (Number foreign : foreignTags)
+                addFault(Fault::tag, k, a.name, foreign, orbStsContextMatchErr, 3, ":tag");
+    }
+
+    void addFault(Fault::What what, std::size_t k, const std::string& name, Number bad, OrbStatus status, int rank,
+                  const char* suffix) {
+        if (const OrderRule* rule = ruleFor(orderRules, name_)) {
+            const auto& order = rule->order;
+            auto at = std::ranges::find(order, name + suffix);
+            const bool named = at != order.end();
+            if (!named) at = std::ranges::find(order, "*");
+            if (at == order.end()) return refuse("the order of tests leaves out " + name + suffix);
+            rank = static_cast<int>(at - order.begin()) * 4 + (named ? 0 : rank);
+        }
+        plan_.faults.push_back({what, k, bad, status, rank});
+    }
+
+    void refuse(const std::string& why) {
+        if (plan_.notUnderstood.empty()) plan_.notUnderstood = std::string(member_.name) + ": " + why;
+    }
+
+    const Member& member_;
+    std::string_view name_;
+    Plan plan_;
+};
+
+} // namespace
+
+const Member& memberNamed(const std::string& name) {
+    static const auto table = [] {
+        std::map<std::string, const Member*, std::less<>> byName;
+        for (const Member& member : members()) byName.emplace(member.name, &member);
+        return byName;
+    }();
+    const auto at = table.find(name);
+    if (at == table.end()) throw std::runtime_error("no member " + name);
+    return *at->second;
+}
+
+const Member& Family::function(const char* step) const {
+    return memberNamed("orbs" + verb + step + kind);
+}
+
+const Plan& planOf(const Member& member) {
+    static std::map<const Member*, Plan> plans;
+    const auto [at, isNew] = plans.try_emplace(&member);
+    if (isNew) at->second = Planner(member).take();
+    return at->second;
+}
+
+} // namespace sweep

@@ -1,0 +1,66 @@
+// What the arguments of a member mean: how long its vectors are, what its numbers may be, which faults it must refuse
+// and with which status. Told by rules over names (rules.cpp), never member by member.
+#pragma once
+
+#include "sweep/members.h"
+
+#include <string>
+#include <vector>
+
+namespace sweep {
+
+// One set of sizes to call a member with.
+struct Case {
+    int n = 1;     // elements of the vectors
+    int order = 0; // transforms: of 2^order points
+    int taps = 1;  // filters
+    int turn = 0;  // runs on, and picks scale factors, flags, hints and offsets
+
+    std::size_t points() const { return std::size_t{1} << order; }
+};
+
+using Number = int (*)(const Case&);
+// The kind is the part of an object's type that its family's functions end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
+using Count = std::size_t (*)(const Case&, const std::string& kind);
+
+enum class Use { source, destination, update, scratch };
+
+struct Argument {
+    std::string name;
+    Type type{};
+    Use use = Use::source;
+    Count count = nullptr;                    // of a vector
+    Number number = nullptr;                  // a number's value; of a vector: what it holds. Without, random elements.
+    bool (*mayBeNull)(const Case&) = nullptr; // without: never
+    bool refusalMayWrite = false;
+};
+
+// Something wrong with an argument, and the status that the call must give.
+struct Fault {
+    enum What { null, value, tag } what;
+    std::size_t argument;
+    Number bad; // value: of the number, or of what the pointer points to; tag: what is added to the object's, 0 clears
+    OrbStatus status;
+    int rank; // of two faults the one that is tested first, that is of lower rank, decides
+};
+
+// The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on.
+struct Family {
+    std::string verb, kind;
+    const Member& function(const char* step) const;
+};
+
+struct Plan {
+    const Member* member = nullptr;
+    std::vector<Argument> arguments;
+    std::vector<Fault> faults;
+    Family family;                  // of the object among the arguments, if there is one
+    std::vector<Case> small, large; // called at every alignment, and at both edges only
+    std::vector<Case> faulty;       // called with faults
+    std::string notUnderstood;      // why not, or empty
+};
+
+const Plan& planOf(const Member& member);
+const Member& memberNamed(const std::string& name);
+
+} // namespace sweep

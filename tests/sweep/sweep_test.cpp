@@ -1,0 +1,185 @@
+// Drives every member of the public headers: what it must refuse, and that it touches its arguments only.
+#include "orbs.h"
+#include "sweep/call.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace {
+
+using namespace sweep;
+using support::Edge;
+
+std::vector<std::string> families() {
+    std::set<std::string> names;
+    for (const Member& member : members()) names.emplace(member.family);
+    return {names.begin(), names.end()};
+}
+
+bool hasObject(const Plan& plan) {
+    return std::ranges::any_of(plan.arguments, [](const Argument& a) { return a.type.kind == Kind::object; });
+}
+
+std::string told(const Case& c, const Placement& p) {
+    return "n = " + std::to_string(c.n) + ", order " + std::to_string(c.order) + ", " + std::to_string(c.taps) +
+           " taps, turn " + std::to_string(c.turn) + ", shift " + std::to_string(p.shift) +
+           (p.staggered ? " and its odd multiples" : "") + (p.edge == Edge::end ? " from the end" : " from the begin") +
+           (p.allocated ? ", object allocated" : "");
+}
+std::string told(const Plan& plan, const Fault& fault) {
+    static constexpr const char* texts[] = {" null", " of a bad value", " of a foreign kind"};
+    return plan.arguments[fault.argument].name + texts[fault.what];
+}
+
+// ---- Valid calls ----
+
+// Both edges of the pages; for short vectors every distance from them within 32 bytes that the members take.
+std::vector<Placement> placements(const Plan& plan, bool everyShift) {
+    std::size_t step = 32;
+    for (const Argument& a : plan.arguments)
+        if (a.type.kind == Kind::vector) step = std::min(step, plan.member->anyAlignment ? 1 : a.type.alignment);
+    std::vector<Placement> all;
+    for (bool staggered : {false, true}) {
+        for (std::size_t shift = staggered ? step : 0; shift < (everyShift ? 32 : 1); shift += step) {
+            for (Edge edge : {Edge::end, Edge::begin}) {
+                const auto before = static_cast<unsigned char>(all.size() % 2 ? 0xa5 : 0x5a);
+                all.push_back({.edge = edge, .shift = shift, .staggered = staggered, .before = before});
+            }
+        }
+    }
+    return all;
+}
+
+// The same result and status wherever the arguments lie and whatever the destinations held.
+void expectStaysWithin(const Plan& plan, const Case& c, std::vector<Placement> where, bool allocated) {
+    Call::Image expected;
+    for (Placement& placement : where) {
+        placement.allocated = allocated;
+        Call call(plan, c, placement);
+        const OrbStatus status = call.run();
+        ASSERT_EQ(status, orbStsNoErr) << told(c, placement);
+        ASSERT_EQ(call.disturbed(), "") << told(c, placement);
+        if (&placement == &where[0]) {
+            expected = call.results();
+        } else {
+            ASSERT_TRUE(call.results() == expected) << "another result at " << told(c, placement);
+        }
+    }
+    for (std::size_t k = 0; k < plan.arguments.size(); ++k) {
+        const Argument& a = plan.arguments[k];
+        if (!a.mayBeNull || !a.mayBeNull(c)) continue;
+        Call call(plan, c, where[0]);
+        call.setNull(k);
+        ASSERT_EQ(call.run(), orbStsNoErr) << a.name << " null, " << told(c, where[0]);
+        ASSERT_EQ(call.disturbed(), "") << a.name << " null, " << told(c, where[0]);
+        if (a.use != Use::scratch) continue;
+        ASSERT_TRUE(call.results() == expected) << "another result without " << a.name << ", " << told(c, where[0]);
+    }
+}
+
+void expectStaysWithin(const Plan& plan) {
+    for (bool allocated : {false, true}) {
+        if (allocated && !hasObject(plan)) break;
+        for (const Case& c : plan.small) {
+            expectStaysWithin(plan, c, placements(plan, true), allocated);
+            if (::testing::Test::HasFatalFailure()) return;
+        }
+        for (const Case& c : plan.large) {
+            expectStaysWithin(plan, c, placements(plan, false), allocated);
+            if (::testing::Test::HasFatalFailure()) return;
+        }
+    }
+}
+
+// ---- Refused calls ----
+
+bool applies(const Plan& plan, const Fault& fault, const Case& c) {
+    const Argument& a = plan.arguments[fault.argument];
+    return fault.what != Fault::null || !a.mayBeNull || !a.mayBeNull(c);
+}
+
+void expectRefuses(const Plan& plan, const Case& c, const Fault& one, const Fault& other) {
+    const Fault& first = other.rank < one.rank ? other : one;
+    // What a null points to cannot be spoiled.
+    if (one.argument == other.argument && one.what != other.what) return;
+    Call call(plan, c, {});
+    for (const Fault* fault : {&one, &other}) call.spoil(*fault);
+    const Call::Image before = call.image(true);
+    ASSERT_EQ(call.run(), first.status) << told(plan, one) << ", " << told(plan, other) << ", " << told(c, {});
+    ASSERT_EQ(call.disturbed(), "") << told(plan, one) << ", " << told(plan, other) << ", " << told(c, {});
+    ASSERT_TRUE(call.image(true) == before)
+        << "wrote though it refused: " << told(plan, one) << ", " << told(plan, other) << ", " << told(c, {});
+}
+
+// Each fault alone, and any two together: the one that is tested first decides.
+void expectRefuses(const Plan& plan) {
+    for (const Case& c : plan.faulty) {
+        for (std::size_t i = 0; i < plan.faults.size(); ++i) {
+            for (std::size_t j = i; j < plan.faults.size(); ++j) {
+                if (!applies(plan, plan.faults[i], c) || !applies(plan, plan.faults[j], c)) continue;
+                expectRefuses(plan, c, plan.faults[i], plan.faults[j]);
+                if (::testing::Test::HasFatalFailure()) return;
+            }
+        }
+    }
+}
+
+class Sweep : public ::testing::TestWithParam<std::string> {
+protected:
+    static void SetUpTestSuite() { reportCrashes(); }
+
+    // The members of the family that return a status; those that do not have tests below.
+    template <class Test>
+    void forEachMember(Test test) {
+        for (const Member& member : members()) {
+            if (member.family != GetParam() || !member.signature->call) continue;
+            SCOPED_TRACE(member.name);
+            const Plan& plan = planOf(member);
+            EXPECT_EQ(plan.notUnderstood, "");
+            if (plan.notUnderstood.empty()) test(plan);
+        }
+    }
+};
+
+TEST_P(Sweep, StaysWithinItsArgumentsAtEveryAlignment) {
+    forEachMember([](const Plan& plan) { expectStaysWithin(plan); });
+}
+
+TEST_P(Sweep, RefusesFaultyCallsInOrderAndWritesNothing) {
+    forEachMember([](const Plan& plan) { expectRefuses(plan); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, Sweep, ::testing::ValuesIn(families()),
+                         [](const auto& family) { return family.param; });
+
+TEST(SweepOfAllocation, GivesAlignedRoomOrNull) {
+    for (const Member& member : members()) {
+        if (!member.signature->allocate) continue;
+        SCOPED_TRACE(member.name);
+        for (int len : {0, -1, std::numeric_limits<int>::min()})
+            EXPECT_EQ(member.signature->allocate(member.function, len), nullptr);
+        for (int len = 1; len <= 70; ++len) {
+            void* block = member.signature->allocate(member.function, len);
+            ASSERT_NE(block, nullptr);
+            EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % 32, 0u);
+            orbsFree(block);
+        }
+    }
+}
+
+TEST(SweepSummary, EveryDeclaredMemberIsDriven) {
+    for (const std::string& text : notUnderstood()) ADD_FAILURE() << "not a declaration: " << text;
+    std::size_t driven = 0;
+    for (const Member& member : members()) {
+        const bool hasOwnTest =
+            member.signature->allocate || member.name == "orbsFree" || member.name == "orbsGetLibVersion";
+        const Plan& plan = planOf(member);
+        EXPECT_TRUE(hasOwnTest || plan.notUnderstood.empty()) << plan.notUnderstood;
+        driven += hasOwnTest || plan.notUnderstood.empty();
+    }
+    std::printf("%zu members declared, %zu driven\n", declaredMembers(), driven);
+    EXPECT_EQ(driven, declaredMembers());
+}
+
+} // namespace
