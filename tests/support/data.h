@@ -13,7 +13,10 @@
 namespace support {
 
 template <class T>
-constexpr bool isComplex = requires(T t) { t.re; t.im; };
+constexpr bool isComplex = requires(T t) {
+    t.re;
+    t.im;
+};
 
 using Random = std::mt19937_64;
 

@@ -104,11 +104,9 @@ OrbStatus Call::run() {
 
 Call::Image Call::results() const {
     Image all;
-    for (std::size_t k = 0; k < areas_.size(); ++k) {
-        const Argument& a = plan_.arguments[k];
-        if (a.type.kind == Kind::vector && (a.use == Use::destination || a.use == Use::update))
-            all.insert(all.end(), areas_[k]->begin(), areas_[k]->end());
-    }
+    forEachResult([&](const Argument&, const unsigned char* bytes, std::size_t size) {
+        all.insert(all.end(), bytes, bytes + size);
+    });
     return all;
 }
 

@@ -30,9 +30,18 @@ public:
     void setNull(std::size_t argument) { values_[argument] = static_cast<void*>(nullptr); }
     OrbStatus run();
 
-    // The bytes that the call may change: of the vectors that are not sources, and of an object in a caller's block.
     using Image = std::vector<unsigned char>;
-    Image results() const;                        // without scratch and objects
+    // The vectors that the call is there to write.
+    Image results() const;
+    template <class Visitor> // visitor(argument, bytes, size)
+    void forEachResult(Visitor visitor) const {
+        for (std::size_t k = 0; k < areas_.size(); ++k) {
+            const Argument& a = plan_.arguments[k];
+            if (a.type.kind == Kind::vector && (a.use == Use::destination || a.use == Use::update))
+                visitor(a, areas_[k]->data(), areas_[k]->size());
+        }
+    }
+    // Everything that the call might write, with an object in a caller's block.
     Image image(bool afterRefusal = false) const; // afterRefusal: without what a refused call may have written
     // Names what the call changed though it must not: sources, or bytes around the vectors. Empty if nothing.
     std::string disturbed() const;

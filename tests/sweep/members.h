@@ -50,6 +50,7 @@ struct Type {
     Kind kind;
     bool isConst;
     std::size_t size, alignment;
+    std::size_t floatSize;                                         // of an element's real parts, 0 if they are integers
     void (*fill)(void* to, std::size_t count, std::uint64_t seed); // with reproducible values
 };
 
@@ -65,17 +66,30 @@ void fillElements(void* to, std::size_t count, std::uint64_t seed) {
     }
 }
 
+template <class T>
+constexpr std::size_t floatSizeOf() {
+    if constexpr (support::isComplex<T>) {
+        return floatSizeOf<decltype(T::re)>();
+    } else {
+        return std::is_floating_point_v<T> ? sizeof(T) : 0;
+    }
+}
+
 template <class A>
 constexpr Type typeOf() {
     using T = std::remove_const_t<std::remove_pointer_t<A>>;
     constexpr Kind pointerKind = std::is_pointer_v<T> ? Kind::objectSlot : Kind::object;
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
-        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), nullptr};
+        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr};
     } else {
         // 32-bit code gives doubles and 64-bit integers that lie on 4 bytes only.
         constexpr std::size_t alignment = sizeof(void*) == 4 && alignof(T) > 4 ? 4 : alignof(T);
-        return {std::is_pointer_v<A> ? Kind::vector : Kind::element, std::is_const_v<std::remove_pointer_t<A>>,
-                sizeof(T), alignment, fillElements<T>};
+        return {std::is_pointer_v<A> ? Kind::vector : Kind::element,
+                std::is_const_v<std::remove_pointer_t<A>>,
+                sizeof(T),
+                alignment,
+                floatSizeOf<T>(),
+                fillElements<T>};
     }
 }
 

@@ -187,19 +187,29 @@ const OrderRule orderRules[] = {
 
 // ---- Cases ----
 
-std::vector<Case> lengths(int last, std::initializer_list<int> more = {}) {
-    std::vector<Case> cases;
+using Cases = std::vector<Case>;
+
+Cases operator+(Cases a, const Cases& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+Cases lengthsUpTo(int last) {
+    Cases cases;
     for (int n = 1; n <= last; ++n) cases.push_back({.n = n});
-    for (int n : more) cases.push_back({.n = n});
     return cases;
 }
-std::vector<Case> orders(int first, int last, int repeats) {
-    std::vector<Case> cases;
+Cases lengths(std::initializer_list<int> list, int repeats = 1) {
+    Cases cases;
+    for (int n : list) cases.insert(cases.end(), static_cast<std::size_t>(repeats), {.n = n});
+    return cases;
+}
+Cases orders(int first, int last, int repeats) {
+    Cases cases;
     for (int order = first; order <= last; ++order)
-        for (int repeat = 0; repeat < repeats; ++repeat) cases.push_back({.order = order});
+        cases.insert(cases.end(), static_cast<std::size_t>(repeats), {.order = order});
     return cases;
 }
-std::vector<Case> withTaps(std::vector<Case> cases, std::initializer_list<int> taps) {
+Cases withTaps(Cases cases, std::initializer_list<int> taps) {
     std::size_t k = 0;
     for (Case& c : cases) c.taps = taps.begin()[k++ % taps.size()];
     return cases;
@@ -207,18 +217,24 @@ std::vector<Case> withTaps(std::vector<Case> cases, std::initializer_list<int> t
 
 struct CaseRule {
     Pattern pattern;
-    std::vector<Case> small, large, faulty;
+    Cases small, large, faulty, digest;
 };
 const CaseRule caseRules[] = {
-    // Each order with each flag; then around the changes between the engines.
-    {{"FFT.*", ""}, orders(0, 7, 4), orders(8, 19, 1), orders(10, 11, 1)},
+    // Each order with each flag, and those around the changes between the engines.
+    {{"FFT.*", ""}, orders(0, 7, 4), orders(8, 19, 1), orders(10, 11, 1), orders(0, 15, 4) + orders(18, 18, 2)},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
-     withTaps(lengths(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
-     withTaps(lengths(0, {255, 256, 257, 511, 512, 513, 800, 801, 1600, 1601, 2049, 4096, 4607, 4608, 8200}),
+     withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
+     withTaps(lengths({255, 256, 257, 511, 512, 513, 800, 801, 1600, 1601, 2049, 4096, 4607, 4608, 8200}),
               {1, 17, 64, 130}),
-     withTaps(lengths(0, {9, 1700}), {5, 70})},
-    {{".*", ""}, lengths(70), lengths(0, {4099, 40007}), lengths(0, {9, 40007})},
+     withTaps(lengths({9, 1700}), {5, 70}),
+     withTaps(lengths({1, 2, 7, 70, 256, 511, 512, 801, 1600, 1601, 4097, 4608, 8200}, 4), {1, 17, 64, 130})},
+    // The lengths from which calls spread over threads, each with several scale factors.
+    {{".*", ""},
+     lengthsUpTo(70),
+     lengths({4099, 40007}),
+     lengths({9, 40007}),
+     lengthsUpTo(70) + lengths({4095, 4096, 8191, 8192, 16383, 16384, 40007}, 5)},
 };
 
 // ---- Families of objects ----
@@ -277,8 +293,9 @@ public:
         plan_.small = cases->small;
         plan_.large = cases->large;
         plan_.faulty = cases->faulty;
+        plan_.digest = cases->digest;
         int turn = 0;
-        for (std::vector<Case>* list : {&plan_.small, &plan_.large, &plan_.faulty})
+        for (Cases* list : {&plan_.small, &plan_.large, &plan_.faulty, &plan_.digest})
             for (Case& c : *list) c.turn = turn++;
     }
     Plan take() { return std::move(plan_); }

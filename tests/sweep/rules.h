@@ -57,6 +57,7 @@ struct Plan {
     Family family;                  // of the object among the arguments, if there is one
     std::vector<Case> small, large; // called at every alignment, and at both edges only
     std::vector<Case> faulty;       // called with faults
+    std::vector<Case> digest;       // for the comparison of results between builds
     std::string notUnderstood;      // why not, or empty
 };
 

@@ -1,5 +1,6 @@
-// Guards of the floating-point control registers: save, change only if different, restore on every path. The empty asm
-// statements keep the compiler from moving arithmetic across a change.
+// Guards of the floating-point control registers: save, change, restore on every path. The empty asm statements keep
+// the compiler from moving loads and stores across a change, and with them the arithmetic in between. What is computed
+// from arguments in registers alone, or returned in one, is not held by them: load inside, store inside.
 #pragma once
 
 #include "orbcore.h"
@@ -8,9 +9,11 @@
 
 namespace orbs {
 
-inline void keepArithmeticInPlace() { asm volatile("" ::: "memory"); }
+inline void keepArithmeticInPlace() {
+    asm volatile("" ::: "memory");
+}
 
-// SSE rounding for the guard's life.
+// SSE rounding for the guard's life; the register is written only if the caller's rounding is another.
 class SseRounding {
 public:
     enum Mode : Orb32u { nearest = 0x0000, towardZero = 0x6000 };

@@ -28,7 +28,10 @@ template <class C>
 using RealOf = decltype(C::re);
 
 template <class C>
-constexpr bool isComplex = requires(C c) { c.re; c.im; };
+constexpr bool isComplex = requires(C c) {
+    c.re;
+    c.im;
+};
 
 // An array of complex elements is an interleaved array of real ones.
 template <class C>

@@ -20,9 +20,7 @@ public:
         distance_ = target ? static_cast<std::int32_t>(reinterpret_cast<const char*>(target) - self()) : 0;
         return *this;
     }
-    T* get() const {
-        return distance_ ? reinterpret_cast<T*>(const_cast<char*>(self()) + distance_) : nullptr;
-    }
+    T* get() const { return distance_ ? reinterpret_cast<T*>(const_cast<char*>(self()) + distance_) : nullptr; }
     operator T*() const { return get(); }
     T* operator->() const { return get(); }
 
@@ -42,11 +40,12 @@ constexpr std::uint64_t roundUp(std::uint64_t value, std::uint64_t multiple) {
 
 template <class T>
 T* alignUp(T* p, std::uintptr_t alignment) {
-    return reinterpret_cast<T*>(roundUp(reinterpret_cast<std::uintptr_t>(p), alignment));
+    return reinterpret_cast<T*>(static_cast<std::uintptr_t>(roundUp(reinterpret_cast<std::uintptr_t>(p), alignment)));
 }
 
 // Hands out the areas of a block one behind the other. Over a null base it only measures, in 64 bits, and hands out
-// null pointers: the same function lays an object out and tells its size.
+// null pointers: the same function lays an object out and tells its size. Alignments count from the base, which must
+// itself lie on the largest of them.
 class Layout {
 public:
     explicit Layout(void* base) : base_(static_cast<char*>(base)) {}

@@ -1,4 +1,5 @@
-// The integer result rule of all scaled primitives: r * 2^-scaleFactor, rounded to nearest with ties to even, saturated.
+// The integer result rule of all scaled primitives: r * 2^-scaleFactor, rounded to nearest with ties to even,
+// saturated.
 #pragma once
 
 #include "orbdefs.h"

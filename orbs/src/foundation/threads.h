@@ -12,18 +12,20 @@
 // The OpenMP runtime is not instrumented, so the order that its fork, barrier and join make is told here.
 extern "C" void __tsan_acquire(void*);
 extern "C" void __tsan_release(void*);
-#define ORBS_THREADS_PUBLISH(place) __tsan_release(place)
-#define ORBS_THREADS_OBSERVE(place) __tsan_acquire(place)
-#define ORBS_THREADS_UNCHECKED __attribute__((no_sanitize("thread")))
+#    define ORBS_THREADS_PUBLISH(place) __tsan_release(place)
+#    define ORBS_THREADS_OBSERVE(place) __tsan_acquire(place)
+#    define ORBS_THREADS_UNCHECKED __attribute__((no_sanitize("thread")))
 #else
-#define ORBS_THREADS_PUBLISH(place) static_cast<void>(place)
-#define ORBS_THREADS_OBSERVE(place) static_cast<void>(place)
-#define ORBS_THREADS_UNCHECKED
+#    define ORBS_THREADS_PUBLISH(place) static_cast<void>(place)
+#    define ORBS_THREADS_OBSERVE(place) static_cast<void>(place)
+#    define ORBS_THREADS_UNCHECKED
 #endif
 
 namespace orbs {
 
-inline int threadCount() { return orbGetNumThreads(); }
+inline int threadCount() {
+    return orbGetNumThreads();
+}
 
 // Calls work(thread, team) on each thread of a team of at most `threads`, after plan(team) ran on one of them, and
 // returns the smallest of what work returned.
@@ -89,10 +91,11 @@ bool splitInTwo(int len, Kernel kernel) {
     return warned[0] || warned[1];
 }
 
-// Team-aware division: the whole thread count is asked for, plan(team) is told once how many came.
+// Team-aware division: the whole thread count is asked for, plan(team) is told once how many came. A count that
+// something else than orbSetNumThreads left below 1 is taken as 1.
 template <class Plan, class Work>
 OrbStatus splitOverTeam(Plan plan, Work work) {
-    return runTeam(threadCount(), plan, work);
+    return runTeam(std::max(threadCount(), 1), plan, work);
 }
 
 } // namespace orbs
