@@ -9,6 +9,7 @@ rm -rf "$logs"
 mkdir -p "$logs"
 jobs=$(nproc)
 passed=0 failed=0
+export OMP_WAIT_POLICY=passive # several tests run at once: waiting threads must not take their processors
 
 finish() {
     printf '\n%d min %02d s\n' $((SECONDS / 60)) $((SECONDS % 60))
