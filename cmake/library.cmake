@@ -23,8 +23,10 @@ function(orbs_add_tier target tier)
         OUTPUT_NAME orbsv8 VERSION 5.2 SOVERSION 5.2
         LIBRARY_OUTPUT_DIRECTORY ${orbs_tier_dir_${tier}}
         LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/orbs.map)
-    # One folder a tier, holding nothing else, for LD_LIBRARY_PATH: lib/ itself would let the loader choose.
+    # One folder a tier, with the core library beside it, for LD_LIBRARY_PATH: lib/ itself would let the loader choose.
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tiers/${tier})
+    file(CREATE_LINK ${CMAKE_BINARY_DIR}/lib/liborbcore.so.5.2
+         ${CMAKE_BINARY_DIR}/tiers/${tier}/liborbcore.so.5.2 SYMBOLIC)
     file(CREATE_LINK ${orbs_tier_dir_${tier}}/liborbsv8.so.5.2
          ${CMAKE_BINARY_DIR}/tiers/${tier}/liborbsv8.so.5.2 SYMBOLIC)
 endfunction()
@@ -33,8 +35,6 @@ if("v8" IN_LIST ORBS_TIERS)
     orbs_add_tier(orbs v8)
     if("v3" IN_LIST ORBS_TIERS)
         orbs_add_tier(orbs_v3 v3)
-        set_target_properties(orbs_v3 PROPERTIES
-            BUILD_RPATH_USE_ORIGIN ON BUILD_RPATH "\$ORIGIN/../..")
     endif()
 else()
     orbs_add_tier(orbs v3)
