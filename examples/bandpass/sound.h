@@ -1,0 +1,59 @@
+// Sound files, a block of interleaved frames at a time.
+#pragma once
+
+#include "output_file.h"
+
+#include <filesystem>
+#include <memory>
+#include <sndfile.h>
+#include <vector>
+
+struct CloseSound {
+    void operator()(SNDFILE* file) const { sf_close(file); }
+};
+using SoundHandle = std::unique_ptr<SNDFILE, CloseSound>;
+
+class SoundReader {
+public:
+    explicit SoundReader(const std::filesystem::path& path);
+
+    int rate() const { return info_.samplerate; }
+    int channels() const { return info_.channels; }
+    int format() const { return info_.format; }
+    sf_count_t frames() const { return info_.frames; } // as the file says
+    bool cutShort() const { return cutShort_; }        // its header promises more than it holds
+
+    // Fills the front of a block and returns the number of frames; 0 at the end of the sound.
+    std::size_t read(std::vector<float>& block);
+
+private:
+    std::filesystem::path path_;
+    SF_INFO info_{};
+    SoundHandle file_;
+    sf_count_t done_ = 0;
+    bool cutShort_ = false;
+};
+
+class SoundWriter {
+public:
+    // In the format given, or else as WAV with 32-bit floats.
+    SoundWriter(const std::filesystem::path& path, int format, int rate, int channels);
+
+    void write(const std::vector<float>& block, std::size_t frames);
+    void close();
+    void commit() { output_.commit(); }
+
+    bool asWavFloat() const { return fellBack_; }
+    std::size_t clipped() const { return clipped_; } // samples beyond what an integer format holds
+
+private:
+    OutputFile output_;
+    SF_INFO info_{};
+    SoundHandle file_;
+    bool fellBack_ = false;
+    std::size_t clipped_ = 0;
+};
+
+// The format for a file of this name: that of its ending, with the encoding of `format` where it has that; `format`
+// itself where there is no ending or it is the input's.
+int formatFor(const std::filesystem::path& output, const std::filesystem::path& input, int format);
