@@ -3,11 +3,22 @@
 #pragma once
 
 #include "foundation/vectors.h"
+#include "transforms/fft_columns.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace orbs::fft {
 
+// body(0), body(1), ... body(count - 1), written out before the optimiser looks for registers: arrays of vectors that
+// are indexed in ordinary loops stay in memory.
+template <int count, class Body>
+HWY_INLINE void repeat(Body body) {
+    [&]<int... n>(std::integer_sequence<int, n...>) __attribute__((always_inline)) { (body(n), ...); }
+    (std::make_integer_sequence<int, count>());
+}
+
+// Real and imaginary parts apart: two numbers, or two vectors of them.
 template <class V>
 struct Cx {
     V re, im;
@@ -17,14 +28,40 @@ struct Cx {
     HWY_INLINE Cx operator*(V s) const { return {re * s, im * s}; }
 };
 
-// x turned by the direction of the transform: times -i forward, times i inverse.
+// Real and imaginary parts alternating in one vector.
+template <class D>
+struct Packed {
+    using V = hn::Vec<D>;
+    V v;
+
+    HWY_INLINE Packed operator+(Packed b) const { return {v + b.v}; }
+    HWY_INLINE Packed operator-(Packed b) const { return {v - b.v}; }
+    HWY_INLINE Packed operator*(V s) const { return {v * s}; }
+};
+template <class D>
+constexpr int packedLanes = hn::MaxLanes(D()) / 2;
+
+// v with the sign of the even (real) lanes turned.
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE V negateEven(D d, V v) {
+    return hn::Xor(v, hn::OddEven(hn::Zero(d), hn::SignBit(d)));
+}
+
+// a plus x turned by the direction of the transform: times -i forward, times i inverse.
 template <bool Inverse, class V>
 HWY_INLINE Cx<V> addTurned(Cx<V> a, Cx<V> x) {
     if constexpr (Inverse) return {a.re - x.im, a.im + x.re};
     return {a.re + x.im, a.im - x.re};
 }
-template <bool Inverse, class V>
-HWY_INLINE Cx<V> subTurned(Cx<V> a, Cx<V> x) {
+template <bool Inverse, class D>
+HWY_INLINE Packed<D> addTurned(Packed<D> a, Packed<D> x) {
+    const D d;
+    const auto turned = negateEven(d, hn::Reverse2(d, x.v)); // i x
+    if constexpr (Inverse) return {a.v + turned};
+    return {a.v - turned};
+}
+template <bool Inverse, class X>
+HWY_INLINE X subTurned(X a, X x) {
     return addTurned<!Inverse>(a, x);
 }
 
@@ -34,68 +71,71 @@ HWY_INLINE Cx<V> twiddled(Cx<V> x, Cx<V> w) {
     if constexpr (Inverse) return {w.re * x.re + w.im * x.im, w.re * x.im - w.im * x.re};
     return {w.re * x.re - w.im * x.im, w.re * x.im + w.im * x.re};
 }
+// The same with one twiddle for all lanes; turning the sign of a factor before the product turns that of the product.
+template <bool Inverse, class D, class T = hn::TFromD<D>>
+HWY_INLINE Packed<D> twiddled(Packed<D> x, T re, T im) {
+    const D d;
+    const auto imaginary = negateEven(d, hn::Set(d, Inverse ? -im : im));
+    return {x.v * hn::Set(d, re) + hn::Reverse2(d, x.v) * imaginary};
+}
 
 // What happens to the sums and differences of the first layer, or to the results of the last.
 struct AsIs {
-    template <class V>
-    HWY_INLINE Cx<V> operator()(Cx<V> x) const {
+    template <class X>
+    HWY_INLINE X operator()(X x) const {
         return x;
     }
 };
 template <class V>
 struct Times {
     V scale;
-    HWY_INLINE Cx<V> operator()(Cx<V> x) const { return x * scale; }
+    template <class X>
+    HWY_INLINE X operator()(X x) const {
+        return x * scale;
+    }
 };
 
 // Four points in place: elements at distance 2 first, then those at distance 1.
-template <bool Inverse, class V, class First = AsIs>
-HWY_INLINE void butterfly4(Cx<V>& x0, Cx<V>& x1, Cx<V>& x2, Cx<V>& x3, First first = {}) {
-    const Cx<V> s0 = first(x0 + x2), d0 = first(x0 - x2);
-    const Cx<V> s1 = first(x1 + x3), d1 = first(x1 - x3);
+template <bool Inverse, class X, class First = AsIs>
+HWY_INLINE void butterfly4(X& x0, X& x1, X& x2, X& x3, First first = {}) {
+    const X s0 = first(x0 + x2), d0 = first(x0 - x2);
+    const X s1 = first(x1 + x3), d1 = first(x1 - x3);
     x0 = s0 + s1;
     x2 = s0 - s1;
     x1 = addTurned<Inverse>(d0, d1);
     x3 = subTurned<Inverse>(d0, d1);
 }
 
-template <class V>
-HWY_INLINE V rootOfHalf() {
-    if constexpr (std::is_arithmetic_v<V>) {
-        return static_cast<V>(0.70710678118654752440);
-    } else {
-        return hn::Set(hn::DFromV<V>(), static_cast<hn::TFromV<V>>(0.70710678118654752440));
-    }
-}
-
-// Eight points, decimated in time: x0 to x7 in natural order become X0 to X7.
-template <bool Inverse, class V, class First = AsIs>
-HWY_INLINE void butterfly8(Cx<V> (&x)[8], First first = {}) {
-    const V root = rootOfHalf<V>();
-    Cx<V> e0 = x[0], e1 = x[2], e2 = x[4], e3 = x[6];
-    Cx<V> o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
+// Eight points, decimated in time: x[0] to x[7] in natural order become X0 to X7. `root` is the root of one half.
+template <bool Inverse, class X, class V, class First = AsIs>
+HWY_INLINE void butterfly8(X (&x)[8], V root, First first = {}) {
+    X e0 = x[0], e1 = x[2], e2 = x[4], e3 = x[6];
+    X o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
     butterfly4<Inverse>(e0, e1, e2, e3, first);
     butterfly4<Inverse>(o0, o1, o2, o3, first);
-    const V sum1 = (o1.re + o1.im) * root, difference1 = (o1.im - o1.re) * root;
-    const V sum3 = (o3.re + o3.im) * root, difference3 = (o3.im - o3.re) * root;
+    const X turned1 = addTurned<Inverse>(o1, o1) * root; // o1 turned by an eighth
+    const X turned3 = subTurned<Inverse>(o3, o3) * root; // o3 turned by three eighths the other way about
     x[0] = e0 + o0;
     x[4] = e0 - o0;
+    x[1] = e1 + turned1;
+    x[5] = e1 - turned1;
     x[2] = addTurned<Inverse>(e2, o2);
     x[6] = subTurned<Inverse>(e2, o2);
-    if constexpr (Inverse) { // o1 times (1 + i) / sqrt 2, o3 times (-1 + i) / sqrt 2
-        x[1] = {e1.re - difference1, e1.im + sum1};
-        x[5] = {e1.re + difference1, e1.im - sum1};
-        x[3] = {e3.re - sum3, e3.im - difference3};
-        x[7] = {e3.re + sum3, e3.im + difference3};
-    } else { // o1 times (1 - i) / sqrt 2, o3 times (-1 - i) / sqrt 2
-        x[1] = {e1.re + sum1, e1.im + difference1};
-        x[5] = {e1.re - sum1, e1.im - difference1};
-        x[3] = {e3.re + difference3, e3.im - sum3};
-        x[7] = {e3.re - difference3, e3.im + sum3};
-    }
+    x[3] = e3 - turned3;
+    x[7] = e3 + turned3;
+}
+template <class T>
+constexpr T rootOfHalf = static_cast<T>(0.70710678118654752440);
+
+// Keeps a loaded value in a register: left alone, the compiler loads an operand again at each of its uses, and the loads
+// become what limits a pass.
+template <class V>
+HWY_INLINE Cx<V> inRegisters(Cx<V> x) {
+    asm("" : "+x"(x.re.raw), "+x"(x.im.raw));
+    return x;
 }
 
-// ---- Where complex vectors lie ----
+// ---- Where complex vectors lie; `h` is the first lane of a part of a group of columns ----
 
 // Real and imaginary parts alternating, as callers see them.
 template <class T>
@@ -112,6 +152,16 @@ struct Interleaved {
     template <class D>
     HWY_INLINE void store(D d, std::size_t n, Cx<hn::Vec<D>> x) const {
         hn::StoreInterleaved2(x.re, x.im, d, base + 2 * n);
+    }
+    template <class D>
+    HWY_INLINE Packed<D> loadPacked(D d, std::size_t n) const {
+        return {hn::LoadU(d, base + 2 * n)};
+    }
+    template <class D>
+    HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        T* to = base + 2 * n + h;
+        hn::StoreU(hn::InterleaveLower(d, x.re, x.im), d, to);
+        hn::StoreU(hn::InterleaveUpper(d, x.re, x.im), d, to + columnGroup<T>);
     }
 };
 
@@ -130,57 +180,134 @@ struct Planes {
         hn::StoreU(x.re, d, re + n);
         hn::StoreU(x.im, d, im + n);
     }
+    template <class D>
+    HWY_INLINE Packed<D> loadPacked(D d, std::size_t n) const {
+        const hn::Half<D> half;
+        const auto r = hn::LoadU(half, re + n), i = hn::LoadU(half, im + n);
+        if constexpr (hn::MaxLanes(d) * sizeof(T) == 16) {
+            return {hn::InterleaveLower(d, hn::ZeroExtendVector(d, r), hn::ZeroExtendVector(d, i))};
+        } else {
+            return {hn::Combine(d, hn::InterleaveUpper(half, r, i), hn::InterleaveLower(half, r, i))};
+        }
+    }
+    template <class D>
+    HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        storePlanePart(d, re + n + h / 2, x.re);
+        storePlanePart(d, im + n + h / 2, x.im);
+    }
+
+private:
+    template <class D>
+    HWY_INLINE static void storePlanePart(D d, T* to, hn::Vec<D> v) {
+        const hn::Half<D> half;
+        if constexpr (hn::MaxLanes(d) * sizeof(T) == 16) {
+            hn::StoreU(hn::LowerHalf(half, v), half, to);
+            hn::StoreU(hn::UpperHalf(half, v), half, to + columnGroup<T> / 2);
+        } else { // exchange the middle quarters
+            const hn::Repartition<Orb64f, D> quarters;
+            constexpr std::int64_t order[] = {0, 2, 1, 3};
+            const auto natural =
+                hn::TableLookupLanes(hn::BitCast(quarters, v), hn::SetTableIndices(quarters, order));
+            hn::StoreU(hn::BitCast(d, natural), d, to);
+        }
+    }
 };
 
-// Groups of one vector of real and one of imaginary parts: what the passes work on, in the room of an interleaved
-// vector. Positions are multiples of the group.
+// What the passes work on, in the room of an interleaved vector: groups of real parts and of imaginary parts.
 template <class T>
 struct Grouped {
     T* base;
 
     HWY_INLINE Grouped from(std::size_t n) const { return {base + 2 * n}; }
     template <class D>
-    HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t n) const {
-        return {hn::LoadU(d, base + 2 * n), hn::LoadU(d, base + 2 * n + hn::MaxLanes(d))};
+    HWY_INLINE Cx<hn::Vec<D>> loadPart(D d, std::size_t n, std::size_t h) const {
+        return {hn::LoadU(d, base + 2 * n + h), hn::LoadU(d, base + 2 * n + h + columnGroup<T>)};
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t n, Cx<hn::Vec<D>> x) const {
-        hn::StoreU(x.re, d, base + 2 * n);
-        hn::StoreU(x.im, d, base + 2 * n + hn::MaxLanes(d));
+    HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        hn::StoreU(x.re, d, base + 2 * n + h);
+        hn::StoreU(x.im, d, base + 2 * n + h + columnGroup<T>);
     }
 };
+
+// The same on two planes.
+template <class T>
+struct GroupedPlanes {
+    T *re, *im;
+
+    HWY_INLINE GroupedPlanes from(std::size_t n) const { return {re + n, im + n}; }
+    template <class D>
+    HWY_INLINE Cx<hn::Vec<D>> loadPart(D d, std::size_t n, std::size_t h) const {
+        return {hn::LoadU(d, re + n + h), hn::LoadU(d, im + n + h)};
+    }
+    template <class D>
+    HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        hn::StoreU(x.re, d, re + n + h);
+        hn::StoreU(x.im, d, im + n + h);
+    }
+};
+
+// One part of a group from two packed vectors, the second of columns half a group further on.
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE Cx<V> partOf(D d, Packed<D> a, Packed<D> b) {
+    if constexpr (sizeof(hn::TFromD<D>) == 8) {
+        return {hn::InterleaveLower(d, a.v, b.v), hn::InterleaveUpper(d, a.v, b.v)};
+    } else if constexpr (hn::MaxLanes(d) == 4) {
+        return {hn::ConcatEven(d, b.v, a.v), hn::ConcatOdd(d, b.v, a.v)};
+    } else { // block by block, which spares an exchange of blocks
+        return {V{_mm256_shuffle_ps(a.v.raw, b.v.raw, 0x88)}, V{_mm256_shuffle_ps(a.v.raw, b.v.raw, 0xdd)}};
+    }
+}
 
 // ---- Transposition of a square of lanes ----
 
 template <class D, class V = hn::Vec<D>>
 HWY_INLINE void transpose(D d, V* v) {
-    constexpr std::size_t lanes = hn::MaxLanes(D());
-    constexpr std::size_t perBlock = 16 / sizeof(hn::TFromD<D>);
+    constexpr int lanes = hn::MaxLanes(D());
+    constexpr int perBlock = 16 / sizeof(hn::TFromD<D>);
     if constexpr (perBlock == 2) {
-        for (std::size_t r = 0; r < lanes; r += 2) {
-            const V a = v[r], b = v[r + 1];
-            v[r] = hn::InterleaveLower(d, a, b);
-            v[r + 1] = hn::InterleaveUpper(d, a, b);
-        }
+        repeat<lanes / 2>([&](int n) __attribute__((always_inline)) {
+            V* r = v + 2 * n;
+            const V a = r[0], b = r[1];
+            r[0] = hn::InterleaveLower(d, a, b);
+            r[1] = hn::InterleaveUpper(d, a, b);
+        });
     } else {
-        const hn::RepartitionToWide<D> pairs;
-        for (std::size_t r = 0; r < lanes; r += 4) {
-            const auto a = hn::BitCast(pairs, hn::InterleaveLower(d, v[r], v[r + 1]));
-            const auto b = hn::BitCast(pairs, hn::InterleaveUpper(d, v[r], v[r + 1]));
-            const auto e = hn::BitCast(pairs, hn::InterleaveLower(d, v[r + 2], v[r + 3]));
-            const auto f = hn::BitCast(pairs, hn::InterleaveUpper(d, v[r + 2], v[r + 3]));
-            v[r] = hn::BitCast(d, hn::InterleaveLower(pairs, a, e));
-            v[r + 1] = hn::BitCast(d, hn::InterleaveUpper(pairs, a, e));
-            v[r + 2] = hn::BitCast(d, hn::InterleaveLower(pairs, b, f));
-            v[r + 3] = hn::BitCast(d, hn::InterleaveUpper(pairs, b, f));
-        }
+        repeat<lanes / 4>([&](int n) __attribute__((always_inline)) {
+            const hn::RepartitionToWide<D> pairs;
+            V* r = v + 4 * n;
+            const auto a = hn::BitCast(pairs, hn::InterleaveLower(d, r[0], r[1]));
+            const auto b = hn::BitCast(pairs, hn::InterleaveUpper(d, r[0], r[1]));
+            const auto e = hn::BitCast(pairs, hn::InterleaveLower(d, r[2], r[3]));
+            const auto f = hn::BitCast(pairs, hn::InterleaveUpper(d, r[2], r[3]));
+            r[0] = hn::BitCast(d, hn::InterleaveLower(pairs, a, e));
+            r[1] = hn::BitCast(d, hn::InterleaveUpper(pairs, a, e));
+            r[2] = hn::BitCast(d, hn::InterleaveLower(pairs, b, f));
+            r[3] = hn::BitCast(d, hn::InterleaveUpper(pairs, b, f));
+        });
     }
     if constexpr (lanes > perBlock) { // the blocks of a 256-bit vector
-        for (std::size_t r = 0; r < perBlock; ++r) {
+        repeat<perBlock>([&](int r) __attribute__((always_inline)) {
             const V low = v[r], high = v[r + perBlock];
             v[r] = hn::ConcatLowerLower(d, high, low);
             v[r + perBlock] = hn::ConcatUpperUpper(d, high, low);
-        }
+        });
+    }
+}
+
+// The same for complex elements.
+template <class D>
+HWY_INLINE void transpose(D d, Packed<D>* x) {
+    if constexpr (sizeof(hn::TFromD<D>) == 4) {
+        const hn::Repartition<Orb64f, D> pairs;
+        hn::Vec<decltype(pairs)> v[packedLanes<D>];
+        repeat<packedLanes<D>>([&](int r) __attribute__((always_inline)) { v[r] = hn::BitCast(pairs, x[r].v); });
+        transpose(pairs, v);
+        repeat<packedLanes<D>>([&](int r) __attribute__((always_inline)) { x[r].v = hn::BitCast(d, v[r]); });
+    } else if constexpr (packedLanes<D> == 2) {
+        const auto low = x[0].v, high = x[1].v;
+        x[0].v = hn::ConcatLowerLower(d, high, low);
+        x[1].v = hn::ConcatUpperUpper(d, high, low);
     }
 }
 

@@ -100,11 +100,12 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
             const std::size_t bytes = sizeof(T) << order;
             if (shared && pDstRe != pSrcRe) std::memcpy(pDstRe, pSrcRe, bytes);
             if (shared && pDstIm != pSrcIm) std::memcpy(pDstIm, pSrcIm, bytes);
-            transformBlocked<Inverse>(*pSpec, from, to, to, order, shared, work.bytes(), makeLast);
+            transformBlocked<Inverse>(*pSpec, from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, shared, work.bytes(),
+                                      makeLast);
         } else if (shared) {
             transformDirect<Inverse>(from, Grouped<T>{work.as<T>()}, to, order, twiddles, makeLast);
         } else {
-            transformDirect<Inverse>(from, to, to, order, twiddles, makeLast);
+            transformDirect<Inverse>(from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, twiddles, makeLast);
         }
     });
     return orbStsNoErr;

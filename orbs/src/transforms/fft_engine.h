@@ -7,84 +7,57 @@
 
 namespace orbs::fft {
 
-// ---- Orders 4 and 5: all in a few vectors of four lanes (two where the registers are no wider) ----
+// ---- Order 4: all in a few vectors of four lanes (two where the registers are no wider) ----
 
 template <class T>
 using ShortTag = hn::CappedTag<T, 4>;
 
-// First layer of 16 points for samples n = first, first + step, ..., first + 3 * step: row[q] holds the radix-4 results
-// 0 to 3 of the samples n[q] at distance `stride`, in lanes.
-template <bool Inverse, class D, class From, class V = hn::Vec<D>>
-HWY_INLINE void firstRows(D d, From from, std::size_t count, std::size_t stride, Cx<V> (*rows)[4 / hn::MaxLanes(D())]) {
-    constexpr std::size_t lanes = hn::MaxLanes(D());
-    for (std::size_t n = 0; n < count; n += lanes) {
-        Cx<V> x[4];
-        for (std::size_t q = 0; q < 4; ++q) x[q] = from.load(d, n + q * stride);
+template <bool Inverse, class D, class From, class To, class Last>
+void transform16(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
+    using X = Cx<hn::Vec<D>>;
+    constexpr int lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
+    X rows[4][vectors]; // [sample][its results 0 to 3 of the first layer]
+    repeat<vectors>([&](int n) __attribute__((always_inline)) {
+        X x[4];
+        repeat<4>([&](int q) __attribute__((always_inline)) { x[q] = from.load(d, 4 * q + n * lanes); });
         butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
-        for (std::size_t t = 0; t < 4; t += lanes) {
-            V re[lanes], im[lanes];
-            for (std::size_t k = 0; k < lanes; ++k) re[k] = x[t + k].re, im[k] = x[t + k].im;
+        repeat<vectors>([&](int t) __attribute__((always_inline)) {
+            hn::Vec<D> re[lanes], im[lanes];
+            repeat<lanes>([&](int k) __attribute__((always_inline)) {
+                re[k] = x[t * lanes + k].re;
+                im[k] = x[t * lanes + k].im;
+            });
             transpose(d, re);
             transpose(d, im);
-            for (std::size_t lane = 0; lane < lanes; ++lane) rows[n + lane][t / lanes] = {re[lane], im[lane]};
-        }
-    }
-}
-
-// Second layer: four rows, `step` apart, become 16 results.
-template <bool Inverse, class D, class V = hn::Vec<D>>
-HWY_INLINE void joinRows(D d, Cx<V> (*rows)[4 / hn::MaxLanes(D())], std::size_t step, const hn::TFromD<D>* tw,
-                         Cx<V>* results) {
-    constexpr std::size_t lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
-    for (std::size_t t = 0; t < vectors; ++t) {
-        Cx<V> x[4];
-        for (std::size_t q = 0; q < 4; ++q) {
-            x[q] = rows[q * step][t];
-            const auto* w = tw + 8 * (q - 1) + t * lanes;
-            if (q != 0) x[q] = twiddled<Inverse>(x[q], Cx<V>{hn::LoadU(d, w), hn::LoadU(d, w + 4)});
-        }
-        butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
-        for (std::size_t q = 0; q < 4; ++q) results[q * vectors + t] = x[q];
-    }
-}
-
-template <bool Inverse, class D, class From, class To, class Last>
-void transformOrder4(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
-    constexpr std::size_t lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
-    Cx<hn::Vec<D>> rows[4][vectors], results[4 * vectors];
-    firstRows<Inverse>(d, from, 4, 4, rows);
-    joinRows<Inverse>(d, rows, 1, tw, results);
-    for (std::size_t k = 0; k < 16; k += lanes) to.store(d, k, last(results[k / lanes]));
-}
-
-// Even and odd samples apart, then one radix-2 pass.
-template <bool Inverse, class D, class From, class To, class Last>
-void transformOrder5(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
-    constexpr std::size_t lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
-    constexpr std::size_t group = twiddleGroup<hn::TFromD<D>>;
-    Cx<hn::Vec<D>> rows[8][vectors], even[4 * vectors], odd[4 * vectors];
-    firstRows<Inverse>(d, from, 8, 8, rows);
-    joinRows<Inverse>(d, rows, 2, tw, even);
-    joinRows<Inverse>(d, rows + 1, 2, tw, odd);
-    const auto* w = tw + 24;
-    for (std::size_t k = 0; k < 16; k += lanes) {
-        const auto turned = twiddled<Inverse>(odd[k / lanes], loadTwiddle<1>(d, w + k / group * 2 * group + k % group));
-        to.store(d, k, last(even[k / lanes] + turned));
-        to.store(d, k + 16, last(even[k / lanes] - turned));
-    }
+            repeat<lanes>([&](int lane) __attribute__((always_inline)) {
+                rows[n * lanes + lane][t] = {re[lane], im[lane]};
+            });
+        });
+    });
+    repeat<vectors>([&](int t) __attribute__((always_inline)) {
+        repeat<3>([&](int m) __attribute__((always_inline)) {
+            const auto* w = tw + 8 * m + t * lanes;
+            rows[m + 1][t] = twiddled<Inverse>(rows[m + 1][t], X{hn::LoadU(d, w), hn::LoadU(d, w + 4)});
+        });
+        butterfly4<Inverse>(rows[0][t], rows[1][t], rows[2][t], rows[3][t]);
+        repeat<4>([&](int j) __attribute__((always_inline)) { to.store(d, 4 * j + t * lanes, last(rows[j][t])); });
+    });
 }
 
 // ---- Orders up to the direct limit ----
 
-template <bool Inverse, class D, class From, class Work, class To, class Last>
-void transformInPasses(D d, From from, Work work, To to, int order, const hn::TFromD<D>* twiddles, Last last) {
-    using T = hn::TFromD<D>;
+// The first pass with as many short transforms side by side as the order has.
+template <bool Inverse, class T, class From, class Work>
+void firstPasses(From from, Work work, int order, const T* twiddles) {
+    const hn::ScalableTag<T> full;
+    const hn::CappedTag<T, 16 / sizeof(T)> block;
     if (firstPassOrder<T>(order) == 3) {
-        firstPass<8, Inverse>(d, from, work, order, twiddles);
+        firstPass<8, Inverse>(full, from, work, order, twiddles);
+    } else if ((std::size_t{1} << order) >= 16 * packedLanes<hn::ScalableTag<T>>) {
+        firstPass<16, Inverse>(full, from, work, order, twiddles);
     } else {
-        firstPass<16, Inverse>(d, from, work, order, twiddles);
+        firstPass<16, Inverse>(block, from, work, order, twiddles);
     }
-    passesTo<Inverse>(d, work, to, order, twiddles, last);
 }
 
 // From `from` to `to` by way of `work`, which may be `to` itself but not `from`.
@@ -92,16 +65,9 @@ template <bool Inverse, class T, class From, class Work, class To, class MakeLas
 void transformDirect(From from, Work work, To to, int order, const T* twiddles, MakeLast makeLast) {
     const hn::ScalableTag<T> full;
     const ShortTag<T> four;
-    const auto enoughFor = [=](std::size_t lanes) { return order - firstPassOrder<T>(order) >= log2Of(lanes); };
-    if (order == 4) return transformOrder4<Inverse>(four, from, to, twiddles, makeLast(four));
-    if constexpr (!Plan<T>::radix8First) {
-        if (order == 5) return transformOrder5<Inverse>(four, from, to, twiddles, makeLast(four));
-    }
-    if (enoughFor(hn::MaxLanes(full))) {
-        transformInPasses<Inverse>(full, from, work, to, order, twiddles, makeLast(full));
-    } else {
-        transformInPasses<Inverse>(four, from, work, to, order, twiddles, makeLast(four));
-    }
+    if (order == 4) return transform16<Inverse>(four, from, to, twiddles, makeLast(four));
+    firstPasses<Inverse>(from, work, order, twiddles);
+    passesTo<Inverse>(full, work, to, order, twiddles, makeLast(full));
 }
 
 // ---- Blocked orders ----
@@ -158,7 +124,7 @@ void reverseBitsInPlace(Planes<T> data, int order, Orb8u* tiles) {
 template <bool Inverse, class D, class From, class To>
 void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u* buffer) {
     using T = hn::TFromD<D>;
-    constexpr std::size_t group = twiddleGroup<T>, lanes = hn::MaxLanes(D());
+    constexpr std::size_t group = columnGroup<T>, lanes = hn::MaxLanes(D());
     const BlockedLevel level = Plan<T>::level(order);
     const std::size_t rows = std::size_t{1} << level.blockOrder, columns = std::size_t{1} << level.columnsOrder();
     const std::size_t stride = std::size_t{1} << level.subOrder(order);
@@ -173,7 +139,7 @@ void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u*
                     const auto w1 = loadTwiddle<1>(d, tw + h), w2 = loadTwiddle<2>(d, tw + h),
                                w3 = loadTwiddle<3>(d, tw + h);
                     for (std::size_t base = row; base < rows; base += 4 * quarterRows)
-                        column4<Inverse>(d, source.from(base * sourceStride), target.from(base * targetStride), j + h,
+                        column4<Inverse>(d, source.from(base * sourceStride), target.from(base * targetStride), j, h,
                                          quarterRows * sourceStride, quarterRows * targetStride, w1, w2, w3, AsIs{});
                 }
             }
@@ -192,7 +158,7 @@ void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u*
         for (std::size_t row = 0; row < quarterRows; ++row) // an odd level is left
             for (std::size_t j = 0; j < columns; j += group, tw += 2 * group)
                 for (std::size_t h = 0; h < group; h += lanes)
-                    column2<Inverse>(d, work.from(row * columns), target.from(row * stride), j + h,
+                    column2<Inverse>(d, work.from(row * columns), target.from(row * stride), j, h,
                                      quarterRows * columns, quarterRows * stride, loadTwiddle<1>(d, tw + h), AsIs{});
     }
 }
@@ -221,19 +187,22 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
                       MakeLast makeLast) {
     const hn::ScalableTag<T> d;
     const T* twiddles = spec.twiddles;
-    const bool radix8 = firstPassOrder<T>(innermostOrder<T>(order)) == 3;
-    if (inPlace) {
+    const int inner = innermostOrder<T>(order);
+    if (!inPlace) {
+        // The rows of a blocked order are those of the plain one: only the radix of the first pass goes by the inner order.
+        if (firstPassOrder<T>(inner) == 3) {
+            firstPass<8, Inverse>(d, from, work, order, twiddles);
+        } else {
+            firstPass<16, Inverse>(d, from, work, order, twiddles);
+        }
+    } else {
         reverseBitsInPlace(to, order, buffer);
         const std::size_t count = std::size_t{1} << order;
-        if (radix8) {
+        if (firstPassOrder<T>(inner) == 3) {
             firstPassInRuns<8, Inverse>(d, to, work, count, twiddles);
         } else {
             firstPassInRuns<16, Inverse>(d, to, work, count, twiddles);
         }
-    } else if (radix8) {
-        firstPass<8, Inverse>(d, from, work, order, twiddles);
-    } else {
-        firstPass<16, Inverse>(d, from, work, order, twiddles);
     }
     blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, makeLast(d));
 }

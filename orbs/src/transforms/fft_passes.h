@@ -21,148 +21,143 @@ constexpr int log2Of(std::size_t n) {
     return n == 1 ? 0 : 1 + log2Of(n / 2);
 }
 
-// Twiddles of the columns at w, a group being read in as many vectors as it takes: the powers 1 to 3 lie two groups
-// apart, cos before -sin.
+// Twiddles of the columns of one part of a group: the powers 1 to 3 lie two groups apart, cos before -sin.
 template <int power, class D, class T = hn::TFromD<D>>
 HWY_INLINE Cx<hn::Vec<D>> loadTwiddle(D d, const T* w) {
-    constexpr std::size_t group = twiddleGroup<T>;
-    return {hn::Load(d, w + (2 * power - 2) * group), hn::Load(d, w + (2 * power - 1) * group)};
+    return {hn::Load(d, w + (2 * power - 2) * columnGroup<T>), hn::Load(d, w + (2 * power - 1) * columnGroup<T>)};
 }
 
-// ---- First pass: many short transforms side by side, one in each lane ----
+// ---- First pass: many short transforms side by side, one in each complex lane ----
 
-// Sixteen points in natural order to sixteen in natural order: two layers of radix 4. The columns 1 to 3 of the second
-// layer take the twiddles of the 16-point pass at tw; column 0 needs none.
-template <bool Inverse, class D, class V = hn::Vec<D>>
-HWY_INLINE void transform16(D d, Cx<V> (&x)[16], const hn::TFromD<D>* tw) {
-    HWY_UNROLL(4) for (int q = 0; q < 4; ++q) butterfly4<Inverse>(x[q], x[q + 4], x[q + 8], x[q + 12]);
-    const auto twiddle = [=](int power, int column) HWY_ATTR {
-        return Cx<V>{hn::Set(d, tw[8 * (power - 1) + column]), hn::Set(d, tw[8 * (power - 1) + 4 + column])};
-    };
-    HWY_UNROLL(4) for (int k = 0; k < 4; ++k) {
-        Cx<V>* y = x + 4 * k;
-        if (k != 0) {
-            for (int q = 1; q < 4; ++q) y[q] = twiddled<Inverse>(y[q], twiddle(q, k));
-        }
+// Sixteen points in natural order: two layers of radix 4. The columns 1 to 3 of the second layer take the twiddles of
+// the 16-point pass at tw; column 0 needs none. Result k ends at x[resultPlace(k)].
+template <bool Inverse, class D>
+HWY_INLINE void transformFirst(Packed<D> (&x)[16], const hn::TFromD<D>* tw) {
+    repeat<4>([&](int q) __attribute__((always_inline)) { butterfly4<Inverse>(x[q], x[q + 4], x[q + 8], x[q + 12]); });
+    butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
+    repeat<3>([&](int n) __attribute__((always_inline)) {
+        const int column = n + 1;
+        Packed<D>* y = x + 4 * column;
+        repeat<3>([&](int m) __attribute__((always_inline)) {
+            y[m + 1] = twiddled<Inverse>(y[m + 1], tw[8 * m + column], tw[8 * m + 4 + column]);
+        });
         butterfly4<Inverse>(y[0], y[1], y[2], y[3]);
-    }
-    // Now x[4 k + j] is the result k + 4 j.
-    for (int k = 0; k < 4; ++k)
-        for (int j = k + 1; j < 4; ++j) std::swap(x[4 * k + j], x[4 * j + k]);
+    });
+}
+// Eight points, for the odd orders of the engine that begins with radix 8.
+template <bool Inverse, class D, class T = hn::TFromD<D>>
+HWY_INLINE void transformFirst(Packed<D> (&x)[8], const T*) {
+    butterfly8<Inverse>(x, hn::Set(D(), rootOfHalf<T>));
+}
+template <int points>
+constexpr int resultPlace(int k) {
+    return points == 16 ? k % 4 * 4 + k / 4 : k;
 }
 
-// The transform that begins an order: 16 points, or 8 for odd orders of the double engine.
-template <int points, bool Inverse, class D, class V = hn::Vec<D>>
-HWY_INLINE void transformFirst(D d, Cx<V> (&x)[points], const hn::TFromD<D>* tw) {
-    if constexpr (points == 16) {
-        transform16<Inverse>(d, x, tw);
-    } else {
-        butterfly8<Inverse>(x);
-    }
+// Writes the results of one transform a lane, each to its own run of `points` columns, in groups.
+template <int points, class D, class To, class Run>
+HWY_INLINE void storeRuns(D d, To to, Run run, const Packed<D> (&x)[points]) {
+    constexpr int lanes = packedLanes<D>, group = columnGroup<hn::TFromD<D>>, parts = group / lanes / 2;
+    repeat<points / group>([&](int g) __attribute__((always_inline)) {
+        Packed<D> columns[group]; // [column block][run]
+        repeat<group>([&](int k) __attribute__((always_inline)) { columns[k] = x[resultPlace<points>(g * group + k)]; });
+        repeat<group / lanes>([&](int t) __attribute__((always_inline)) { transpose(d, columns + t * lanes); });
+        repeat<lanes>([&](int lane) __attribute__((always_inline)) {
+            repeat<parts>([&](int part) __attribute__((always_inline)) {
+                to.storePart(d, run(lane) + g * group, part * 2 * lanes,
+                             partOf(d, columns[part * lanes + lane], columns[(part + parts) * lanes + lane]));
+            });
+        });
+    });
 }
 
-// Writes the results of `lanes` transforms, each to its own run of `points` elements.
-template <int points, class D, class To, class Run, class V = hn::Vec<D>>
-HWY_INLINE void storeRuns(D d, To to, Run run, const Cx<V> (&x)[points]) {
-    constexpr std::size_t lanes = hn::MaxLanes(D());
-    HWY_UNROLL(8) for (std::size_t t = 0; t < points; t += lanes) {
-        V re[lanes], im[lanes];
-        for (std::size_t k = 0; k < lanes; ++k) re[k] = x[t + k].re, im[k] = x[t + k].im;
-        transpose(d, re);
-        transpose(d, im);
-        for (std::size_t lane = 0; lane < lanes; ++lane) to.store(d, run(lane) + t, Cx<V>{re[lane], im[lane]});
-    }
-}
-
-// From natural order anywhere to runs in bit-reversed order: the short transform of the samples n, n + stride, ...
-// lands at the run whose number is n reversed.
+// From natural order anywhere to runs in bit-reversed order: the short transform of the samples n, n + stride, ... lands
+// at the run whose number is n reversed.
 template <int points, bool Inverse, class D, class From, class To>
 void firstPass(D d, From from, To to, int order, const hn::TFromD<D>* tw) {
-    constexpr std::size_t lanes = hn::MaxLanes(D());
+    constexpr std::size_t lanes = packedLanes<D>;
     constexpr int laneBits = log2Of(lanes);
     const int runBits = order - log2Of(points);
-    const std::size_t stride = std::size_t{1} << runBits;
+    const std::size_t stride = std::size_t{1} << runBits, runStride = points * stride / lanes;
     for (std::size_t n = 0; n < stride; n += lanes) {
-        Cx<hn::Vec<D>> x[points];
-        HWY_UNROLL(16) for (std::size_t q = 0; q < points; ++q) x[q] = from.load(d, n + q * stride);
-        transformFirst<points, Inverse>(d, x, tw);
-        const std::size_t base = reversedBits(n / lanes, runBits - laneBits);
-        storeRuns<points>(
-            d, to,
-            [=](std::size_t lane) { return points * (base + (reversedBits(lane, laneBits) << (runBits - laneBits))); },
-            x);
+        Packed<D> x[points];
+        repeat<points>([&](int q) __attribute__((always_inline)) { x[q] = from.loadPacked(d, n + q * stride); });
+        transformFirst<Inverse>(x, tw);
+        const std::size_t first = points * reversedBits(n / lanes, runBits - laneBits);
+        const auto run = [=](int lane) __attribute__((always_inline)) {
+            return first + reversedBits(lane, laneBits) * runStride;
+        };
+        storeRuns<points>(d, to, run, x);
     }
 }
 
 // The same in place on data that are in bit-reversed order already.
 template <int points, bool Inverse, class D, class From, class To>
 void firstPassInRuns(D d, From from, To to, std::size_t count, const hn::TFromD<D>* tw) {
-    using V = hn::Vec<D>;
-    constexpr std::size_t lanes = hn::MaxLanes(D());
+    constexpr int lanes = packedLanes<D>;
     for (std::size_t n = 0; n < count; n += points * lanes) {
-        Cx<V> x[points];
-        for (std::size_t t = 0; t < points; t += lanes) {
-            V re[lanes], im[lanes];
-            for (std::size_t lane = 0; lane < lanes; ++lane) {
-                const Cx<V> v = from.load(d, n + points * lane + t);
-                re[lane] = v.re, im[lane] = v.im;
-            }
-            transpose(d, re);
-            transpose(d, im);
-            for (std::size_t k = 0; k < lanes; ++k) x[reversedBits(t + k, log2Of(points))] = {re[k], im[k]};
-        }
-        transformFirst<points, Inverse>(d, x, tw);
-        storeRuns<points>(
-            d, to, [=](std::size_t lane) { return n + points * lane; }, x);
+        const auto run = [=](int lane) __attribute__((always_inline)) { return n + points * lane; };
+        Packed<D> x[points];
+        repeat<points / lanes>([&](int t) __attribute__((always_inline)) {
+            Packed<D> square[lanes];
+            repeat<lanes>([&](int lane) __attribute__((always_inline)) {
+                square[lane] = from.loadPacked(d, run(lane) + t * lanes);
+            });
+            transpose(d, square);
+            repeat<lanes>([&](int k) __attribute__((always_inline)) {
+                x[reversedBits(t * lanes + k, log2Of(points))] = square[k];
+            });
+        });
+        transformFirst<Inverse>(x, tw);
+        storeRuns<points>(d, to, run, x);
     }
 }
 
 // ---- Passes with twiddles ----
 
+// One part of a group of columns, h being its first lane.
 template <bool Inverse, class D, class From, class To, class Last>
-HWY_INLINE void column4(D d, From from, To to, std::size_t n, std::size_t quarter, std::size_t toQuarter,
-                        Cx<hn::Vec<D>> w1, Cx<hn::Vec<D>> w2, Cx<hn::Vec<D>> w3, Last last) {
-    auto x0 = from.load(d, n);
-    auto x2 = twiddled<Inverse>(from.load(d, n + quarter), w2);
-    auto x1 = twiddled<Inverse>(from.load(d, n + 2 * quarter), w1);
-    auto x3 = twiddled<Inverse>(from.load(d, n + 3 * quarter), w3);
+HWY_INLINE void column4(D d, From from, To to, std::size_t n, std::size_t h, std::size_t quarter,
+                        std::size_t toQuarter, Cx<hn::Vec<D>> w1, Cx<hn::Vec<D>> w2, Cx<hn::Vec<D>> w3, Last last) {
+    auto x0 = inRegisters(from.loadPart(d, n, h));
+    auto x2 = twiddled<Inverse>(inRegisters(from.loadPart(d, n + quarter, h)), w2);
+    auto x1 = twiddled<Inverse>(inRegisters(from.loadPart(d, n + 2 * quarter, h)), w1);
+    auto x3 = twiddled<Inverse>(inRegisters(from.loadPart(d, n + 3 * quarter, h)), w3);
     butterfly4<Inverse>(x0, x1, x2, x3);
-    to.store(d, n, last(x0));
-    to.store(d, n + toQuarter, last(x1));
-    to.store(d, n + 2 * toQuarter, last(x2));
-    to.store(d, n + 3 * toQuarter, last(x3));
+    to.storePart(d, n, h, last(x0));
+    to.storePart(d, n + toQuarter, h, last(x1));
+    to.storePart(d, n + 2 * toQuarter, h, last(x2));
+    to.storePart(d, n + 3 * toQuarter, h, last(x3));
 }
 
 // Joins four quarters into 4 * quarter points; their twiddles are at tw.
 template <bool Inverse, class D, class From, class To, class Last = AsIs>
 void pass4(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw, Last last = {}) {
-    constexpr std::size_t group = twiddleGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
+    constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
     for (std::size_t j = 0; j < quarter; j += group, tw += 6 * group) {
-        HWY_UNROLL(4) for (std::size_t h = 0; h < group; h += lanes) {
-            column4<Inverse>(d, from, to, j + h, quarter, quarter, loadTwiddle<1>(d, tw + h), loadTwiddle<2>(d, tw + h),
-                             loadTwiddle<3>(d, tw + h), last);
+        for (std::size_t h = 0; h < group; h += lanes) {
+            column4<Inverse>(d, from, to, j, h, quarter, quarter, loadTwiddle<1>(d, tw + h),
+                             loadTwiddle<2>(d, tw + h), loadTwiddle<3>(d, tw + h), last);
         }
     }
 }
 
 template <bool Inverse, class D, class From, class To, class Last>
-HWY_INLINE void column2(D d, From from, To to, std::size_t n, std::size_t half, std::size_t toHalf, Cx<hn::Vec<D>> w,
-                        Last last) {
-    const auto even = from.load(d, n);
-    const auto odd = twiddled<Inverse>(from.load(d, n + half), w);
-    to.store(d, n, last(even + odd));
-    to.store(d, n + toHalf, last(even - odd));
+HWY_INLINE void column2(D d, From from, To to, std::size_t n, std::size_t h, std::size_t half, std::size_t toHalf,
+                        Cx<hn::Vec<D>> w, Last last) {
+    const auto even = inRegisters(from.loadPart(d, n, h));
+    const auto odd = twiddled<Inverse>(inRegisters(from.loadPart(d, n + half, h)), w);
+    to.storePart(d, n, h, last(even + odd));
+    to.storePart(d, n + toHalf, h, last(even - odd));
 }
 
 // Joins two halves.
 template <bool Inverse, class D, class From, class To, class Last = AsIs>
 void pass2(D d, From from, To to, std::size_t half, const hn::TFromD<D>* tw, Last last = {}) {
-    constexpr std::size_t group = twiddleGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
-    for (std::size_t j = 0; j < half; j += group, tw += 2 * group) {
-        HWY_UNROLL(4)
+    constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
+    for (std::size_t j = 0; j < half; j += group, tw += 2 * group)
         for (std::size_t h = 0; h < group; h += lanes)
-            column2<Inverse>(d, from, to, j + h, half, half, loadTwiddle<1>(d, tw + h), last);
-    }
+            column2<Inverse>(d, from, to, j, h, half, half, loadTwiddle<1>(d, tw + h), last);
 }
 
 // All radix-4 passes behind the first one up to 2^order points, in place, depth first so that a block stays in the

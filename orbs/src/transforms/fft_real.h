@@ -14,7 +14,7 @@ template <class T, class Pair>
 HWY_INLINE void forEachPair(std::size_t m, const T* table, Pair pair) {
     const auto run = [=](auto d) HWY_ATTR {
         constexpr std::size_t lanes = hn::MaxLanes(d);
-        const std::size_t group = std::min(twiddleGroup<T>, m / 2);
+        const std::size_t group = std::min(columnGroup<T>, m / 2);
         const T* values = table;
         for (std::size_t k = 1; k <= m / 2; k += group, values += 2 * group)
             for (std::size_t h = 0; h < group; h += lanes)

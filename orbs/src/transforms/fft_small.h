@@ -19,7 +19,7 @@ void smallComplex(Cx<T> (&x)[8], int order, First first) {
     } else if (order == 2) {
         butterfly4<Inverse>(x[0], x[1], x[2], x[3], first);
     } else {
-        butterfly8<Inverse>(x, first);
+        butterfly8<Inverse>(x, rootOfHalf<T>, first);
     }
 }
 
@@ -64,7 +64,7 @@ void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
         const T s04 = sum(0, 4), d04 = difference(0, 4), s26 = sum(2, 6), d62 = difference(6, 2);
         const T s15 = sum(1, 5), d15 = difference(1, 5), s37 = sum(3, 7), d73 = difference(7, 3);
         const T even = s04 + s26, odd = s15 + s37;
-        const T turnedRe = (d15 + d73) * rootOfHalf<T>(), turnedIm = (d73 - d15) * rootOfHalf<T>();
+        const T turnedRe = (d15 + d73) * rootOfHalf<T>, turnedIm = (d73 - d15) * rootOfHalf<T>;
         pDst[0] = even + odd;
         pDst[1] = even - odd;
         pDst[2] = d04 + turnedRe;

@@ -124,16 +124,16 @@ constexpr int innermostOrder(int coreOrder) {
 
 template <class T>
 void fillTwiddles(T* table, const QuarterWave<T>& wave, int order) {
-    constexpr std::size_t group = twiddleGroup<T>;
+    constexpr std::size_t group = columnGroup<T>;
     int k = firstTableOrder<T>(order);
     for (; k <= order; k += 2) {
         const std::size_t quarter = std::size_t{1} << (k - 2);
         for (std::size_t j = 0; j < quarter; j += group)
-            table = appendTwiddles(table, wave, k, j, std::min(group, quarter), 3);
+            table = appendTwiddles(table, wave, k, j, 3);
     }
     if (k == order + 1) { // one level is left: radix 2
         for (std::size_t j = 0; j < std::size_t{1} << (order - 1); j += group)
-            table = appendTwiddles(table, wave, order, j, group, 1);
+            table = appendTwiddles(table, wave, order, j, 1);
     }
 }
 
@@ -141,7 +141,7 @@ void fillTwiddles(T* table, const QuarterWave<T>& wave, int order) {
 // passes from the lowest, for each pass its rows of twiddles.
 template <class T>
 void fillLevel(T* table, const QuarterWave<T>& wave, int m) {
-    constexpr std::size_t group = twiddleGroup<T>;
+    constexpr std::size_t group = columnGroup<T>;
     const BlockedLevel level = Plan<T>::level(m);
     const int subOrder = level.subOrder(m);
     const std::size_t columns = std::size_t{1} << level.columnsOrder();
@@ -149,7 +149,7 @@ void fillLevel(T* table, const QuarterWave<T>& wave, int m) {
         const std::size_t rows = std::size_t{1} << (k - passOrder - subOrder);
         for (std::size_t row = 0; row < rows; ++row)
             for (std::size_t j = 0; j < columns; j += group)
-                table = appendTwiddles(table, wave, k, (row << subOrder) + first + j, group, multiples);
+                table = appendTwiddles(table, wave, k, (row << subOrder) + first + j, multiples);
     };
     for (std::size_t first = 0; first < std::size_t{1} << subOrder; first += columns) {
         int k = subOrder + 2;
@@ -162,7 +162,7 @@ void fillLevel(T* table, const QuarterWave<T>& wave, int m) {
 template <class T>
 void fillRecombination(T* forward, T* inverse, const QuarterWave<T>& wave, int order) {
     const std::size_t quarter = std::size_t{1} << (order - 2);
-    const std::size_t group = std::min(twiddleGroup<T>, quarter);
+    const std::size_t group = std::min(columnGroup<T>, quarter);
     for (std::size_t k = 1; k <= quarter; k += group) {
         for (std::size_t i = 0; i < group; ++i) {
             const T cosine = wave.cosine(k + i, order), negativeSine = wave.negativeSine(k + i, order);

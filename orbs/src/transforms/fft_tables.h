@@ -3,6 +3,7 @@
 
 #include "foundation/control.h"
 #include "orbdefs.h"
+#include "transforms/fft_columns.h"
 
 #include <array>
 #include <cmath>
@@ -62,17 +63,15 @@ void computeQuarterWave(T* table, int order) {
         table[m] = static_cast<T>(static_cast<double>(cosl(static_cast<double>(2 * eighth - m) * step)));
 }
 
-// Twiddles lie in groups of 32 bytes a value, one group size in every tier: for each group cos and -sin of the first
-// multiple of the angle, then of the second, then of the third.
+// One group of a pass over 2^k points: for each multiple of the angle, from 1 to `multiples`, cos and then -sin of the
+// columns from j on. The four columns of 16 points, which are read one by one, are in natural order.
 template <class T>
-constexpr std::size_t twiddleGroup = 32 / sizeof(T);
-
-// One group: columns j to j + group - 1 of a pass over 2^k points, for the multiples 1 to `multiples`.
-template <class T>
-T* appendTwiddles(T* table, const QuarterWave<T>& wave, int k, std::size_t j, std::size_t group, int multiples) {
+T* appendTwiddles(T* table, const QuarterWave<T>& wave, int k, std::size_t j, int multiples) {
+    const std::size_t group = k == 4 ? 4 : columnGroup<T>;
+    const auto column = [=](std::size_t lane) { return j + (k == 4 ? lane : columnInLane<T>(lane)); };
     for (int multiple = 1; multiple <= multiples; ++multiple) {
-        for (std::size_t i = 0; i < group; ++i) *table++ = wave.cosine(multiple * (j + i), k);
-        for (std::size_t i = 0; i < group; ++i) *table++ = wave.negativeSine(multiple * (j + i), k);
+        for (std::size_t lane = 0; lane < group; ++lane) *table++ = wave.cosine(multiple * column(lane), k);
+        for (std::size_t lane = 0; lane < group; ++lane) *table++ = wave.negativeSine(multiple * column(lane), k);
     }
     return table;
 }
