@@ -15,6 +15,7 @@
 #include <csignal>
 #include <cstdio>
 #include <new>
+#include <optional>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -128,19 +129,28 @@ void note(const std::string& line) {
 }
 
 void report(const char* what, const std::string& line) {
-    if (std::printf("%-9s %s\n", what, line.c_str()) < 0 || std::fflush(stdout) != 0)
+    if (std::printf("%-10s%s\n", what, line.c_str()) < 0 || std::fflush(stdout) != 0)
         throw Trouble("cannot write to standard output; the files are written");
 }
 
-// The program's own recording, as a file like any other.
-fs::path writeSpeech(const fs::path& folder) {
-    const fs::path path = folder / "speech.wav";
-    SoundWriter writer(path, SF_FORMAT_WAV | SF_FORMAT_PCM_16, speechRate, 1);
-    const std::vector<float> samples = makeSpeech();
-    writer.write(samples, samples.size());
-    writer.close();
-    writer.commit();
-    return path;
+struct Names {
+    fs::path input, output, picture;
+};
+
+Names namesFor(const Options& options) {
+    Names names;
+    names.input = options.input.empty() ? options.folder / "speech.wav" : options.input;
+    names.output = options.folder / (names.input.stem().string() + "-band" + names.input.extension().string());
+    if (!options.output.empty()) names.output = options.output;
+    names.picture = fs::path(names.output).replace_extension(".png");
+    if (names.picture == names.output)
+        throw Trouble(text(printable(names.output),
+                           " is what the picture is to be called; give OUTPUT the ending of a sound file"));
+    std::error_code ignored;
+    for (const fs::path& path : {names.output, names.picture})
+        if (fs::equivalent(path, names.input, ignored))
+            throw Trouble(text("writing ", printable(path), " would destroy the input; give another OUTPUT"));
+    return names;
 }
 
 void checkBand(const Options& options, const fs::path& input, int rate) {
@@ -151,71 +161,61 @@ void checkBand(const Options& options, const fs::path& input, int rate) {
                            " Hz; give --low and --high below that"));
 }
 
-std::string channelText(int channels) {
-    return text(channels, channels == 1 ? " channel" : " channels");
-}
-
 void run(const Options& options) {
-    std::optional<OutputFolder> folder;
-    if (options.input.empty()) folder.emplace(options.folder);
-    const fs::path inputPath = options.input.empty() ? writeSpeech(options.folder) : options.input;
+    const Names names = namesFor(options);
+    std::optional<OutputFolder> folder; // made late, so that a bad input leaves none behind
+    std::optional<SoundWriter> recording;
+    if (options.input.empty()) {
+        folder.emplace(options.folder);
+        recording.emplace(names.input, SF_FORMAT_WAV | SF_FORMAT_PCM_16, speechRate, 1);
+        const std::vector<float> samples = makeSpeech();
+        recording->write(samples, samples.size());
+        recording->close();
+    }
+
     const double start = now();
-    SoundReader input(inputPath);
-    checkBand(options, inputPath, input.rate());
+    SoundReader input(recording ? recording->place() : names.input);
+    const int rate = input.rate(), channels = input.channels();
+    checkBand(options, names.input, rate);
+    const std::vector<Orb32f> taps = designBand(options.low, options.high, rate,
+                                                options.taps.value_or(defaultTaps(options.low, options.high, rate)));
+    BandFilter filter(taps, channels);
+    Spectrum before(rate, channels), after(rate, channels);
 
-    const fs::path outputPath =
-        !options.output.empty()
-            ? options.output
-            : options.folder / (inputPath.stem().string() + "-band" + inputPath.extension().string());
-    fs::path picturePath = outputPath;
-    picturePath.replace_extension(".png");
-    std::error_code ignored;
-    for (const fs::path& path : {outputPath, picturePath})
-        if (fs::equivalent(path, inputPath, ignored))
-            throw Trouble(text("writing ", printable(path), " would destroy the input; give another OUTPUT"));
-    if (picturePath == outputPath)
-        throw Trouble(text(printable(outputPath),
-                           " is what the picture is to be called; give OUTPUT the ending of a sound file"));
-
-    const int taps = options.taps.value_or(defaultTaps(options.low, options.high, input.rate()));
-    const std::vector<Orb32f> response = designBand(options.low, options.high, input.rate(), taps);
-    BandFilter filter(response, input.channels());
-    Spectrum before(input.rate(), input.channels()), after(input.rate(), input.channels());
-
-    if (options.output.empty() && !folder) folder.emplace(options.folder);
-    SoundWriter output(outputPath, formatFor(outputPath, inputPath, input.format()), input.rate(), input.channels());
-    OutputFile pictureFile(picturePath);
-    const Cleaned cleaned = clean(input, filter, response.size() / 2, output, before, after);
+    if (!folder && options.output.empty()) folder.emplace(options.folder);
+    SoundWriter output(names.output, formatFor(names.output, names.input, input.format()), rate, channels);
+    OutputFile picture(names.picture);
+    const Cleaned cleaned = clean(input, filter, taps.size() / 2, output, before, after);
     output.close();
 
-    const double duration = static_cast<double>(cleaned.frames) / input.rate();
+    const double duration = static_cast<double>(cleaned.frames) / rate;
     const std::string sound =
-        text(std::round(duration * 10) / 10, " s, ", input.rate(), " Hz, ", channelText(input.channels()));
-    draw({.title = text(printable(inputPath.filename()), ", before and after the band filter"),
-          .subtitle = text(sound, "  \u00b7  ", response.size(),
+        text(std::round(duration * 10) / 10, " s, ", rate, " Hz, ", channels, channels == 1 ? " channel" : " channels");
+    draw({.title = text(printable(names.input.filename()), ", before and after the band filter"),
+          .subtitle = text(sound, "  \u00b7  ", taps.size(),
                            " taps, Kaiser window  \u00b7  spectra: mean of half-overlapping Hann windows of ",
                            before.length(), " samples, ", std::round(before.binWidth() * 100) / 100, " Hz a bin"),
           .low = options.low,
           .high = options.high,
-          .nyquist = input.rate() / 2.0,
+          .nyquist = rate / 2.0,
           .before = before.power(),
           .after = after.power()},
-         pictureFile);
+         picture);
     if (interrupted) throw Trouble("interrupted; nothing was written");
+    if (recording) recording->commit();
     output.commit();
-    pictureFile.commit();
+    picture.commit();
     const double elapsed = now() - start;
 
     if (input.cutShort())
-        note(text(printable(inputPath), " is shorter than its header says; what is there was cleaned"));
+        note(text(printable(names.input), " is shorter than its header says; what is there was cleaned"));
     if (output.asWavFloat()) note("the input's format cannot be written; the cleaned sound is WAV with 32-bit floats");
     if (output.clipped() > 0)
         note(text(output.clipped(), " samples were too loud for the output's format and were limited"));
-    if (options.input.empty())
-        report("Recording", text(printable(inputPath), " (made up: speech-like, with hum and hiss)"));
-    report("Cleaned", text(printable(outputPath), " (", sound, "; kept ", options.low, " to ", options.high,
-                           " Hz with ", response.size(), " taps)"));
-    report("Picture", printable(picturePath));
+    if (recording) report("Recording", text(printable(names.input), " (made up: speech-like, with hum and hiss)"));
+    report("Cleaned", text(printable(names.output), " (", sound, "; kept ", options.low, " to ", options.high,
+                           " Hz with ", taps.size(), " taps)"));
+    report("Picture", printable(names.picture));
     report("Speed", text("filtering ", std::round(duration / cleaned.filterSeconds), " times faster than real time (",
                          std::round(cleaned.filterSeconds * 1e6) / 1e3, " ms), all with files and picture ",
                          std::round(duration / elapsed), " times (", std::round(elapsed * 1e3), " ms)"));

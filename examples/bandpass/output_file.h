@@ -36,6 +36,7 @@ public:
     void close();
     void commit();
     const std::filesystem::path& target() const { return target_; }
+    const std::filesystem::path& place() const { return temporary_; } // where it lies until then
 
     [[noreturn]] void fail() const; // with the failure noted
 

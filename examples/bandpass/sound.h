@@ -43,6 +43,7 @@ public:
     void close();
     void commit() { output_.commit(); }
 
+    const std::filesystem::path& place() const { return output_.place(); } // where it lies until it has its name
     bool asWavFloat() const { return fellBack_; }
     std::size_t clipped() const { return clipped_; } // samples beyond what an integer format holds
 
