@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
+#include <sstream>
 
 namespace {
 
@@ -22,10 +23,11 @@ bool hasObject(const Plan& plan) {
 }
 
 std::string told(const Case& c, const Placement& p) {
-    return "n = " + std::to_string(c.n) + ", order " + std::to_string(c.order) + ", " + std::to_string(c.taps) +
-           " taps, turn " + std::to_string(c.turn) + ", shift " + std::to_string(p.shift) +
-           (p.staggered ? " and its odd multiples" : "") + (p.edge == Edge::end ? " from the end" : " from the begin") +
-           (p.allocated ? ", object allocated" : "");
+    std::ostringstream text;
+    text << "n = " << c.n << ", order " << c.order << ", " << c.taps << " taps, turn " << c.turn << ", shift "
+         << p.shift << (p.staggered ? " and its odd multiples" : "") << " from the "
+         << (p.edge == Edge::end ? "end" : "begin") << (p.allocated ? ", object allocated" : "");
+    return text.str();
 }
 std::string told(const Plan& plan, const Fault& fault) {
     static constexpr const char* texts[] = {" null", " of a bad value", " of a foreign kind"};
