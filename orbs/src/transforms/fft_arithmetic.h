@@ -14,7 +14,9 @@ namespace orbs::fft {
 // are indexed in ordinary loops stay in memory.
 template <int count, class Body>
 HWY_INLINE void repeat(Body body) {
-    [&]<int... n>(std::integer_sequence<int, n...>) __attribute__((always_inline)) { (body(n), ...); }
+    [&]<int... n>(std::integer_sequence<int, n...>) __attribute__((always_inline)) {
+        (body(n), ...);
+    }
     (std::make_integer_sequence<int, count>());
 }
 
@@ -71,12 +73,19 @@ HWY_INLINE Cx<V> twiddled(Cx<V> x, Cx<V> w) {
     if constexpr (Inverse) return {w.re * x.re + w.im * x.im, w.re * x.im - w.im * x.re};
     return {w.re * x.re - w.im * x.im, w.re * x.im + w.im * x.re};
 }
-// The same with one twiddle for all lanes; turning the sign of a factor before the product turns that of the product.
-template <bool Inverse, class D, class T = hn::TFromD<D>>
-HWY_INLINE Packed<D> twiddled(Packed<D> x, T re, T im) {
-    const D d;
-    const auto imaginary = negateEven(d, hn::Set(d, Inverse ? -im : im));
-    return {x.v * hn::Set(d, re) + hn::Reverse2(d, x.v) * imaginary};
+// One twiddle for all lanes of packed vectors; turning the sign of a factor before the product turns that of the
+// product.
+template <bool Inverse, class D>
+struct PackedTwiddle {
+    hn::Vec<D> re, im;
+
+    PackedTwiddle() = default;
+    HWY_INLINE PackedTwiddle(D d, hn::TFromD<D> cosine, hn::TFromD<D> negativeSine)
+        : re(hn::Set(d, cosine)), im(negateEven(d, hn::Set(d, Inverse ? -negativeSine : negativeSine))) {}
+};
+template <bool Inverse, class D>
+HWY_INLINE Packed<D> twiddled(Packed<D> x, const PackedTwiddle<Inverse, D>& w) {
+    return {x.v * w.re + hn::Reverse2(D(), x.v) * w.im};
 }
 
 // What happens to the sums and differences of the first layer, or to the results of the last.
@@ -106,13 +115,12 @@ HWY_INLINE void butterfly4(X& x0, X& x1, X& x2, X& x3, First first = {}) {
     x3 = subTurned<Inverse>(d0, d1);
 }
 
-// Eight points, decimated in time: x[0] to x[7] in natural order become X0 to X7. `root` is the root of one half.
-template <bool Inverse, class X, class V, class First = AsIs>
-HWY_INLINE void butterfly8(X (&x)[8], V root, First first = {}) {
-    X e0 = x[0], e1 = x[2], e2 = x[4], e3 = x[6];
-    X o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
-    butterfly4<Inverse>(e0, e1, e2, e3, first);
-    butterfly4<Inverse>(o0, o1, o2, o3, first);
+// The second layer of eight points, decimated in time: what butterfly4 made of the even samples, in x[0], x[2], x[4]
+// and x[6], and of the odd ones, becomes X0 to X7. `root` is the root of one half.
+template <bool Inverse, class X, class V>
+HWY_INLINE void joinEight(X (&x)[8], V root) {
+    const X e0 = x[0], e1 = x[2], e2 = x[4], e3 = x[6];
+    const X o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
     const X turned1 = addTurned<Inverse>(o1, o1) * root; // o1 turned by an eighth
     const X turned3 = subTurned<Inverse>(o3, o3) * root; // o3 turned by three eighths the other way about
     x[0] = e0 + o0;
@@ -127,8 +135,8 @@ HWY_INLINE void butterfly8(X (&x)[8], V root, First first = {}) {
 template <class T>
 constexpr T rootOfHalf = static_cast<T>(0.70710678118654752440);
 
-// Keeps a loaded value in a register: left alone, the compiler loads an operand again at each of its uses, and the loads
-// become what limits a pass.
+// Keeps a loaded value in a register: left alone, the compiler loads an operand again at each of its uses, and the
+// loads become what limits a pass.
 template <class V>
 HWY_INLINE Cx<V> inRegisters(Cx<V> x) {
     asm("" : "+x"(x.re.raw), "+x"(x.im.raw));
@@ -206,8 +214,7 @@ private:
         } else { // exchange the middle quarters
             const hn::Repartition<Orb64f, D> quarters;
             constexpr std::int64_t order[] = {0, 2, 1, 3};
-            const auto natural =
-                hn::TableLookupLanes(hn::BitCast(quarters, v), hn::SetTableIndices(quarters, order));
+            const auto natural = hn::TableLookupLanes(hn::BitCast(quarters, v), hn::SetTableIndices(quarters, order));
             hn::StoreU(hn::BitCast(d, natural), d, to);
         }
     }

@@ -46,17 +46,22 @@ void transform16(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
 
 // ---- Orders up to the direct limit ----
 
-// The first pass with as many short transforms side by side as the order has.
+// The first pass of an order, with as many short transforms side by side as it has; `inner` is the order that decides
+// the radix.
 template <bool Inverse, class T, class From, class Work>
-void firstPasses(From from, Work work, int order, const T* twiddles) {
+void firstPasses(From from, Work work, int order, int inner, const T* twiddles) {
     const hn::ScalableTag<T> full;
     const hn::CappedTag<T, 16 / sizeof(T)> block;
-    if (firstPassOrder<T>(order) == 3) {
-        firstPass<8, Inverse>(full, from, work, order, twiddles);
-    } else if ((std::size_t{1} << order) >= 16 * packedLanes<hn::ScalableTag<T>>) {
-        firstPass<16, Inverse>(full, from, work, order, twiddles);
+    constexpr std::size_t lanes = packedLanes<hn::ScalableTag<T>>;
+    const std::size_t points = std::size_t{1} << order;
+    if (firstPassOrder<T>(inner) == 3) {
+        firstPass<8, 2, Inverse>(full, from, work, order, twiddles);
+    } else if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
+        firstPass<16, 2, Inverse>(full, from, work, order, twiddles);
+    } else if (points >= 16 * lanes) {
+        firstPass<16, 1, Inverse>(full, from, work, order, twiddles);
     } else {
-        firstPass<16, Inverse>(block, from, work, order, twiddles);
+        firstPass<16, 1, Inverse>(block, from, work, order, twiddles);
     }
 }
 
@@ -66,7 +71,7 @@ void transformDirect(From from, Work work, To to, int order, const T* twiddles, 
     const hn::ScalableTag<T> full;
     const ShortTag<T> four;
     if (order == 4) return transform16<Inverse>(four, from, to, twiddles, makeLast(four));
-    firstPasses<Inverse>(from, work, order, twiddles);
+    firstPasses<Inverse>(from, work, order, order, twiddles);
     passesTo<Inverse>(full, work, to, order, twiddles, makeLast(full));
 }
 
@@ -189,12 +194,7 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
     if (!inPlace) {
-        // The rows of a blocked order are those of the plain one: only the radix of the first pass goes by the inner order.
-        if (firstPassOrder<T>(inner) == 3) {
-            firstPass<8, Inverse>(d, from, work, order, twiddles);
-        } else {
-            firstPass<16, Inverse>(d, from, work, order, twiddles);
-        }
+        firstPasses<Inverse>(from, work, order, inner, twiddles);
     } else {
         reverseBitsInPlace(to, order, buffer);
         const std::size_t count = std::size_t{1} << order;

@@ -29,65 +29,106 @@ HWY_INLINE Cx<hn::Vec<D>> loadTwiddle(D d, const T* w) {
 
 // ---- First pass: many short transforms side by side, one in each complex lane ----
 
-// Sixteen points in natural order: two layers of radix 4. The columns 1 to 3 of the second layer take the twiddles of
-// the 16-point pass at tw; column 0 needs none. Result k ends at x[resultPlace(k)].
+// The short transform and the constants that it needs.
+template <int points, bool Inverse, class D>
+class ShortTransform;
+
+// Sixteen points: two layers of radix 4. The columns 1 to 3 of the second layer take the twiddles of the 16-point pass
+// at tw; column 0 needs none.
 template <bool Inverse, class D>
-HWY_INLINE void transformFirst(Packed<D> (&x)[16], const hn::TFromD<D>* tw) {
-    repeat<4>([&](int q) __attribute__((always_inline)) { butterfly4<Inverse>(x[q], x[q + 4], x[q + 8], x[q + 12]); });
-    butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
-    repeat<3>([&](int n) __attribute__((always_inline)) {
-        const int column = n + 1;
-        Packed<D>* y = x + 4 * column;
-        repeat<3>([&](int m) __attribute__((always_inline)) {
-            y[m + 1] = twiddled<Inverse>(y[m + 1], tw[8 * m + column], tw[8 * m + 4 + column]);
+class ShortTransform<16, Inverse, D> {
+public:
+    ShortTransform(D d, const hn::TFromD<D>* tw) {
+        for (int m = 0; m < 3; ++m)
+            for (int column = 1; column < 4; ++column)
+                twiddles_[m][column - 1] = PackedTwiddle<Inverse, D>(d, tw[8 * m + column], tw[8 * m + 4 + column]);
+    }
+    HWY_INLINE static void firstLayer(Packed<D> (&x)[16]) {
+        repeat<4>([&](int q)
+                      __attribute__((always_inline)) { butterfly4<Inverse>(x[q], x[q + 4], x[q + 8], x[q + 12]); });
+    }
+    HWY_INLINE void secondLayer(Packed<D> (&x)[16]) const {
+        repeat<4>([&](int column) __attribute__((always_inline)) {
+            Packed<D>* y = x + 4 * column;
+            if (column != 0) {
+                repeat<3>([&](int m) __attribute__((always_inline)) {
+                    y[m + 1] = twiddled(y[m + 1], twiddles_[m][column - 1]);
+                });
+            }
+            butterfly4<Inverse>(y[0], y[1], y[2], y[3]);
         });
-        butterfly4<Inverse>(y[0], y[1], y[2], y[3]);
-    });
-}
+    }
+    // Where result k ends.
+    static constexpr int place(int k) { return k % 4 * 4 + k / 4; }
+
+private:
+    PackedTwiddle<Inverse, D> twiddles_[3][3];
+};
+
 // Eight points, for the odd orders of the engine that begins with radix 8.
-template <bool Inverse, class D, class T = hn::TFromD<D>>
-HWY_INLINE void transformFirst(Packed<D> (&x)[8], const T*) {
-    butterfly8<Inverse>(x, hn::Set(D(), rootOfHalf<T>));
-}
-template <int points>
-constexpr int resultPlace(int k) {
-    return points == 16 ? k % 4 * 4 + k / 4 : k;
-}
+template <bool Inverse, class D>
+class ShortTransform<8, Inverse, D> {
+public:
+    ShortTransform(D d, const hn::TFromD<D>*) : root_(hn::Set(d, rootOfHalf<hn::TFromD<D>>)) {}
+    HWY_INLINE static void firstLayer(Packed<D> (&x)[8]) {
+        butterfly4<Inverse>(x[0], x[2], x[4], x[6]);
+        butterfly4<Inverse>(x[1], x[3], x[5], x[7]);
+    }
+    HWY_INLINE void secondLayer(Packed<D> (&x)[8]) const { joinEight<Inverse>(x, root_); }
+    static constexpr int place(int k) { return k; }
+
+private:
+    hn::Vec<D> root_;
+};
 
 // Writes the results of one transform a lane, each to its own run of `points` columns, in groups.
-template <int points, class D, class To, class Run>
-HWY_INLINE void storeRuns(D d, To to, Run run, const Packed<D> (&x)[points]) {
+template <class Transform, int points, class D, class Run>
+HWY_INLINE void storeRuns(D d, Run run, const Packed<D> (&x)[points]) {
     constexpr int lanes = packedLanes<D>, group = columnGroup<hn::TFromD<D>>, parts = group / lanes / 2;
     repeat<points / group>([&](int g) __attribute__((always_inline)) {
-        Packed<D> columns[group]; // [column block][run]
-        repeat<group>([&](int k) __attribute__((always_inline)) { columns[k] = x[resultPlace<points>(g * group + k)]; });
+        Packed<D> columns[group]; // [block of columns][run]
+        repeat<group>([&](int k) __attribute__((always_inline)) { columns[k] = x[Transform::place(g * group + k)]; });
         repeat<group / lanes>([&](int t) __attribute__((always_inline)) { transpose(d, columns + t * lanes); });
         repeat<lanes>([&](int lane) __attribute__((always_inline)) {
+            const auto to = run(lane);
             repeat<parts>([&](int part) __attribute__((always_inline)) {
-                to.storePart(d, run(lane) + g * group, part * 2 * lanes,
+                to.storePart(d, g * group, part * 2 * lanes,
                              partOf(d, columns[part * lanes + lane], columns[(part + parts) * lanes + lane]));
             });
         });
     });
 }
 
-// From natural order anywhere to runs in bit-reversed order: the short transform of the samples n, n + stride, ... lands
-// at the run whose number is n reversed.
-template <int points, bool Inverse, class D, class From, class To>
+// From natural order anywhere to runs in bit-reversed order: the short transform of the samples n, n + stride, ...
+// lands at the run whose number is n reversed. Two vectors at a time: the samples n + q * stride of a long transform
+// share a cache set, so a line of them is used up before it is pushed out.
+template <int points, int vectors, bool Inverse, class D, class From, class To>
 void firstPass(D d, From from, To to, int order, const hn::TFromD<D>* tw) {
     constexpr std::size_t lanes = packedLanes<D>;
-    constexpr int laneBits = log2Of(lanes);
-    const int runBits = order - log2Of(points);
-    const std::size_t stride = std::size_t{1} << runBits, runStride = points * stride / lanes;
-    for (std::size_t n = 0; n < stride; n += lanes) {
-        Packed<D> x[points];
-        repeat<points>([&](int q) __attribute__((always_inline)) { x[q] = from.loadPacked(d, n + q * stride); });
-        transformFirst<Inverse>(x, tw);
-        const std::size_t first = points * reversedBits(n / lanes, runBits - laneBits);
-        const auto run = [=](int lane) __attribute__((always_inline)) {
-            return first + reversedBits(lane, laneBits) * runStride;
-        };
-        storeRuns<points>(d, to, run, x);
+    using Transform = ShortTransform<points, Inverse, D>;
+    const std::size_t stride = (std::size_t{1} << order) / points, runStride = points * stride / lanes;
+    const Transform transform(d, tw);
+    std::size_t reversed = 0; // where the run of sample n begins
+    for (std::size_t n = 0; n < stride; n += vectors * lanes) {
+        Packed<D> x[vectors][points];
+        repeat<points / 4>([&](int block) __attribute__((always_inline)) {
+            const From quarter = from.from(n + 4 * block * stride);
+            repeat<4>([&](int q) __attribute__((always_inline)) {
+                repeat<vectors>([&](int v) __attribute__((always_inline)) {
+                    x[v][4 * block + q] = quarter.loadPacked(d, q * stride + v * lanes);
+                });
+            });
+        });
+        repeat<vectors>([&](int v) __attribute__((always_inline)) { transform.firstLayer(x[v]); });
+        repeat<vectors>([&](int v) __attribute__((always_inline)) {
+            transform.secondLayer(x[v]);
+            const To first = to.from(reversed);
+            reversed ^= runStride - (runStride >> (__builtin_ctzll(n / lanes + v + 1) + 1)); // counting from the top
+            const auto run = [=](int lane) __attribute__((always_inline)) {
+                return first.from(reversedBits(lane, log2Of(lanes)) * runStride);
+            };
+            storeRuns<Transform>(d, run, x[v]);
+        });
     }
 }
 
@@ -95,21 +136,25 @@ void firstPass(D d, From from, To to, int order, const hn::TFromD<D>* tw) {
 template <int points, bool Inverse, class D, class From, class To>
 void firstPassInRuns(D d, From from, To to, std::size_t count, const hn::TFromD<D>* tw) {
     constexpr int lanes = packedLanes<D>;
+    const ShortTransform<points, Inverse, D> transform(d, tw);
     for (std::size_t n = 0; n < count; n += points * lanes) {
-        const auto run = [=](int lane) __attribute__((always_inline)) { return n + points * lane; };
         Packed<D> x[points];
         repeat<points / lanes>([&](int t) __attribute__((always_inline)) {
             Packed<D> square[lanes];
             repeat<lanes>([&](int lane) __attribute__((always_inline)) {
-                square[lane] = from.loadPacked(d, run(lane) + t * lanes);
+                square[lane] = from.loadPacked(d, n + points * lane + t * lanes);
             });
             transpose(d, square);
             repeat<lanes>([&](int k) __attribute__((always_inline)) {
                 x[reversedBits(t * lanes + k, log2Of(points))] = square[k];
             });
         });
-        transformFirst<Inverse>(x, tw);
-        storeRuns<points>(d, to, run, x);
+        transform.firstLayer(x);
+        transform.secondLayer(x);
+        const auto run = [=](int lane) __attribute__((always_inline)) {
+            return to.from(n + points * lane);
+        };
+        storeRuns<ShortTransform<points, Inverse, D>>(d, run, x);
     }
 }
 
@@ -117,8 +162,8 @@ void firstPassInRuns(D d, From from, To to, std::size_t count, const hn::TFromD<
 
 // One part of a group of columns, h being its first lane.
 template <bool Inverse, class D, class From, class To, class Last>
-HWY_INLINE void column4(D d, From from, To to, std::size_t n, std::size_t h, std::size_t quarter,
-                        std::size_t toQuarter, Cx<hn::Vec<D>> w1, Cx<hn::Vec<D>> w2, Cx<hn::Vec<D>> w3, Last last) {
+HWY_INLINE void column4(D d, From from, To to, std::size_t n, std::size_t h, std::size_t quarter, std::size_t toQuarter,
+                        Cx<hn::Vec<D>> w1, Cx<hn::Vec<D>> w2, Cx<hn::Vec<D>> w3, Last last) {
     auto x0 = inRegisters(from.loadPart(d, n, h));
     auto x2 = twiddled<Inverse>(inRegisters(from.loadPart(d, n + quarter, h)), w2);
     auto x1 = twiddled<Inverse>(inRegisters(from.loadPart(d, n + 2 * quarter, h)), w1);
@@ -132,12 +177,12 @@ HWY_INLINE void column4(D d, From from, To to, std::size_t n, std::size_t h, std
 
 // Joins four quarters into 4 * quarter points; their twiddles are at tw.
 template <bool Inverse, class D, class From, class To, class Last = AsIs>
-void pass4(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw, Last last = {}) {
+HWY_INLINE void pass4(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw, Last last = {}) {
     constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
     for (std::size_t j = 0; j < quarter; j += group, tw += 6 * group) {
         for (std::size_t h = 0; h < group; h += lanes) {
-            column4<Inverse>(d, from, to, j, h, quarter, quarter, loadTwiddle<1>(d, tw + h),
-                             loadTwiddle<2>(d, tw + h), loadTwiddle<3>(d, tw + h), last);
+            column4<Inverse>(d, from, to, j, h, quarter, quarter, loadTwiddle<1>(d, tw + h), loadTwiddle<2>(d, tw + h),
+                             loadTwiddle<3>(d, tw + h), last);
         }
     }
 }
@@ -153,44 +198,54 @@ HWY_INLINE void column2(D d, From from, To to, std::size_t n, std::size_t h, std
 
 // Joins two halves.
 template <bool Inverse, class D, class From, class To, class Last = AsIs>
-void pass2(D d, From from, To to, std::size_t half, const hn::TFromD<D>* tw, Last last = {}) {
+HWY_INLINE void pass2(D d, From from, To to, std::size_t half, const hn::TFromD<D>* tw, Last last = {}) {
     constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
     for (std::size_t j = 0; j < half; j += group, tw += 2 * group)
         for (std::size_t h = 0; h < group; h += lanes)
             column2<Inverse>(d, from, to, j, h, half, half, loadTwiddle<1>(d, tw + h), last);
 }
 
+// The radix-4 passes over 2^k points for k = first, first + 2, ... up to `last`, over `count` points in place.
+template <bool Inverse, class D, class Work>
+HWY_INLINE void passesThrough(D d, Work work, std::size_t count, int first, int last, const hn::TFromD<D>* twiddles) {
+    for (int k = first; k <= last; k += 2) {
+        const std::size_t quarter = std::size_t{1} << (k - 2);
+        for (std::size_t base = 0; base < count; base += 4 * quarter)
+            pass4<Inverse>(d, work.from(base), work.from(base), quarter, twiddles + twiddlesBefore<hn::TFromD<D>>(k));
+    }
+}
+
 // All radix-4 passes behind the first one up to 2^order points, in place, depth first so that a block stays in the
 // first cache from its first pass to its last.
 template <bool Inverse, class D, class Work>
 void passes(D d, Work work, int order, const hn::TFromD<D>* twiddles) {
-    using T = hn::TFromD<D>;
     constexpr int leafOrder = 10;
-    int k = firstPassOrder<T>(order) + 2;
+    int first = firstPassOrder<hn::TFromD<D>>(order) + 2;
     if (order > leafOrder) {
         const std::size_t quarter = std::size_t{1} << (order - 2);
         for (std::size_t q = 0; q < 4; ++q) passes<Inverse>(d, work.from(q * quarter), order - 2, twiddles);
-        k = order;
+        first = order;
     }
-    for (; k <= order; k += 2) {
-        const std::size_t quarter = std::size_t{1} << (k - 2);
-        for (std::size_t base = 0; base < std::size_t{1} << order; base += 4 * quarter)
-            pass4<Inverse>(d, work.from(base), work.from(base), quarter, twiddles + twiddlesBefore<T>(k));
-    }
+    passesThrough<Inverse>(d, work, std::size_t{1} << order, first, order, twiddles);
 }
 
 // Everything behind the first pass, the last pass going from `work` to `to`.
 template <bool Inverse, class D, class Work, class To, class Last>
 void passesTo(D d, Work work, To to, int order, const hn::TFromD<D>* twiddles, Last last) {
     using T = hn::TFromD<D>;
-    if (!Plan<T>::radix8First && order % 2 == 1) {
-        const std::size_t half = std::size_t{1} << (order - 1);
-        for (std::size_t h = 0; h < 2; ++h) passes<Inverse>(d, work.from(h * half), order - 1, twiddles);
-        pass2<Inverse>(d, work, to, half, twiddles + twiddlesBefore<T>(order + 1), last);
+    constexpr int flatOrder = 11; // up to here the passes before the last run over the whole at once
+    const int joined = !Plan<T>::radix8First && order % 2 == 1 ? 1 : 2; // levels of the last pass
+    const std::size_t count = std::size_t{1} << order, part = count >> joined;
+    if (order <= flatOrder) {
+        passesThrough<Inverse>(d, work, count, firstPassOrder<T>(order) + 2, order - joined, twiddles);
     } else {
-        const std::size_t quarter = std::size_t{1} << (order - 2);
-        for (std::size_t q = 0; q < 4; ++q) passes<Inverse>(d, work.from(q * quarter), order - 2, twiddles);
-        pass4<Inverse>(d, work, to, quarter, twiddles + twiddlesBefore<T>(order), last);
+        for (std::size_t base = 0; base < count; base += part)
+            passes<Inverse>(d, work.from(base), order - joined, twiddles);
+    }
+    if (joined == 1) {
+        pass2<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order + 1), last);
+    } else {
+        pass4<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order), last);
     }
 }
 

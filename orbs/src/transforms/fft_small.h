@@ -19,7 +19,9 @@ void smallComplex(Cx<T> (&x)[8], int order, First first) {
     } else if (order == 2) {
         butterfly4<Inverse>(x[0], x[1], x[2], x[3], first);
     } else {
-        butterfly8<Inverse>(x, rootOfHalf<T>, first);
+        butterfly4<Inverse>(x[0], x[2], x[4], x[6], first);
+        butterfly4<Inverse>(x[1], x[3], x[5], x[7], first);
+        joinEight<Inverse>(x, rootOfHalf<T>);
     }
 }
 

@@ -128,8 +128,7 @@ void fillTwiddles(T* table, const QuarterWave<T>& wave, int order) {
     int k = firstTableOrder<T>(order);
     for (; k <= order; k += 2) {
         const std::size_t quarter = std::size_t{1} << (k - 2);
-        for (std::size_t j = 0; j < quarter; j += group)
-            table = appendTwiddles(table, wave, k, j, 3);
+        for (std::size_t j = 0; j < quarter; j += group) table = appendTwiddles(table, wave, k, j, 3);
     }
     if (k == order + 1) { // one level is left: radix 2
         for (std::size_t j = 0; j < std::size_t{1} << (order - 1); j += group)
