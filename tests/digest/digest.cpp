@@ -76,19 +76,26 @@ void addMember(Hash& hash, const Plan& plan) {
     }
 }
 
+void print(std::string_view name, const Hash& hash) {
+    if (hash.empty()) return;
+    std::printf("%.*s %016llx\n", static_cast<int>(name.size()), name.data(),
+                static_cast<unsigned long long>(hash.value()));
+}
+
 } // namespace
 
-int main() {
+// usage: digest [members]; with "members" a line for each of them, to find the one that differs
+int main(int count, char** arguments) {
+    const bool eachMember = count > 1 && std::string_view(arguments[1]) == "members";
     const std::vector<Member>& all = members();
     for (std::size_t k = 0; k < all.size();) {
+        const auto line = [&](std::size_t n) { return eachMember ? all[n].name : all[n].family; };
+        const std::string_view name = line(k);
         Hash hash;
-        const std::string_view family = all[k].family;
-        for (; k < all.size() && all[k].family == family; ++k) {
+        for (; k < all.size() && line(k) == name; ++k) {
             const Plan& plan = planOf(all[k]);
             if (plan.notUnderstood.empty() && hasResults(plan)) addMember(hash, plan);
         }
-        if (hash.empty()) continue;
-        std::printf("%.*s %016llx\n", static_cast<int>(family.size()), family.data(),
-                    static_cast<unsigned long long>(hash.value()));
+        print(name, hash);
     }
 }
