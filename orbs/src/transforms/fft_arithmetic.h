@@ -237,7 +237,8 @@ struct Grouped {
     }
 };
 
-// The same on two planes.
+// The same on two planes. In a tier where a group takes more than one vector, its parts keep to the places where the
+// last pass puts their columns, so that this pass may go from a pair of planes to itself.
 template <class T>
 struct GroupedPlanes {
     T *re, *im;
@@ -245,12 +246,29 @@ struct GroupedPlanes {
     HWY_INLINE GroupedPlanes from(std::size_t n) const { return {re + n, im + n}; }
     template <class D>
     HWY_INLINE Cx<hn::Vec<D>> loadPart(D d, std::size_t n, std::size_t h) const {
-        return {hn::LoadU(d, re + n + h), hn::LoadU(d, im + n + h)};
+        return {loadPlanePart(d, re + n, h), loadPlanePart(d, im + n, h)};
     }
     template <class D>
     HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
-        hn::StoreU(x.re, d, re + n + h);
-        hn::StoreU(x.im, d, im + n + h);
+        if constexpr (inHalves) {
+            Planes<T>{re, im}.storePart(d, n, h, x);
+        } else {
+            Planes<T>{re, im}.store(d, n + h, x);
+        }
+    }
+
+private:
+    static constexpr bool inHalves = hn::MaxLanes(hn::ScalableTag<T>()) < columnGroup<T>;
+
+    template <class D>
+    HWY_INLINE static hn::Vec<D> loadPlanePart(D d, const T* from, std::size_t h) {
+        if constexpr (inHalves) {
+            const hn::Half<D> half;
+            const T* low = from + h / 2;
+            return hn::Combine(d, hn::LoadU(half, low + columnGroup<T> / 2), hn::LoadU(half, low));
+        } else {
+            return hn::LoadU(d, from + h);
+        }
     }
 };
 
