@@ -87,7 +87,7 @@ OrbStatus orbsFIRGetDlyLine_64fc(const OrbsFIRState_64fc* pState, Orb64fc* pDlyL
  * The _I forms cut a block into chunks of 4096; a chunk takes the overlap-save way if more than 511 samples (complex:
  * 255) are left behind it, so that the last chunk always goes direct.
  * orbsFIROne adds up in the direct order for fewer than 12 taps, and in eight interleaved sums from 12 on, so that its
- * last bits may differ from those of a block.
+ * last bits may then differ from those of a block.
  * Blocks of more than 1600 samples (complex: 800) are spread over threads. The result does not depend on the thread
  * count, nor on alignment, nor on the processor. Nothing is allocated.
  *

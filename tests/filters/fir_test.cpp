@@ -74,22 +74,27 @@ T inOrder(const T* h, const T* x, std::size_t count) {
     return byRe;
 }
 
-// The same with eight sums of every eighth product of the real parts, folded in halves.
+// Eight sums of every eighth product of the real parts but the newest sample's, what is left over from eights first;
+// then the newest.
 template <class T>
 T inLanes(const T* h, const T* x, std::size_t count) {
     const auto *a = reinterpret_cast<const Part<T>*>(h), *b = reinterpret_cast<const Part<T>*>(x);
     std::array<Part<T>, 8> straight{}, crossed{};
-    for (std::size_t n = 0; n < count * parts<T>; ++n) {
-        straight[n % 8] += a[n] * b[n];
-        if (parts<T> == 2) crossed[n % 8] += a[n] * b[n ^ 1];
+    const std::size_t older = (count - 1) * parts<T>, left = older % 8;
+    for (std::size_t n = 0; n < older; ++n) {
+        const std::size_t lane = n < left ? n : (n - left) % 8;
+        straight[lane] += a[n] * b[n];
+        if (parts<T> == 2) crossed[lane] += a[n] * b[n ^ 1];
     }
     const auto fold = [](const std::array<Part<T>, 8>& s, std::size_t j) {
         return (s[j] + s[j + 4]) + (s[j + 2] + s[j + 6]);
     };
     if constexpr (isComplex<T>) {
-        return {fold(straight, 0) - fold(straight, 1), fold(crossed, 0) + fold(crossed, 1)};
+        const T tap = h[count - 1], newest = x[count - 1];
+        return {(fold(straight, 0) + tap.re * newest.re) - (fold(straight, 1) + tap.im * newest.im),
+                (fold(crossed, 0) + tap.re * newest.im) + (fold(crossed, 1) + tap.im * newest.re)};
     } else {
-        return fold(straight, 0) + fold(straight, 1);
+        return (fold(straight, 0) + fold(straight, 1)) + a[older] * b[older];
     }
 }
 

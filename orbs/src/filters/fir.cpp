@@ -24,7 +24,7 @@ void copySamples(const T* src, T* dst, std::ptrdiff_t count) {
 // pDst[n] for n = 0 to count - 1, oldest being the sample of tap tapsLen - 1 for n = 0.
 template <class State>
 void runKernel(const State* state, const TapOf<State>* oldest, TapOf<State>* pDst, std::size_t count) {
-    const TapRun<TapOf<State>> taps{state->pTaps, 1, static_cast<std::size_t>(state->tapsLen)};
+    const TapRun<TapOf<State>, 1> taps{state->pTaps, static_cast<std::size_t>(state->tapsLen)};
     convolve<Part<TapOf<State>>>(taps, oldest, pDst, count);
 }
 
@@ -192,7 +192,7 @@ OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState
     D[index] = D[index + tapsLen] = src;
     index = index + 1 < tapsLen ? index + 1 : 0;
     pState->dlyLineIndex = index;
-    *pDstVal = dotProduct(pState->pTaps.get(), D + index, static_cast<std::size_t>(tapsLen));
+    *pDstVal = dotProduct(pState->pTaps.get(), D + index, static_cast<std::size_t>(tapsLen), src);
     return orbStsNoErr;
 }
 

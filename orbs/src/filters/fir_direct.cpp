@@ -12,7 +12,7 @@ using namespace orbs;
 // Products are rounded to the type of the samples, sums are double.
 template <class T>
 void outputs(const T* pTaps, int tapsLen, const T* oldest, T* pDst, int count) {
-    const TapRun<T> taps{pTaps + tapsLen - 1, -1, static_cast<std::size_t>(tapsLen)};
+    const TapRun<T, -1> taps{pTaps + tapsLen - 1, static_cast<std::size_t>(tapsLen)};
     convolve<Orb64f>(taps, oldest, pDst, static_cast<std::size_t>(count));
 }
 

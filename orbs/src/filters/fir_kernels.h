@@ -8,6 +8,7 @@
 #include "foundation/vectors.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orbs {
 
@@ -38,11 +39,11 @@ Part<T>* asParts(T* p) {
     return reinterpret_cast<Part<T>*>(p);
 }
 
-// Taps in the order of the samples that they meet, oldest sample first.
-template <class T>
+// Taps in the order of the samples that they meet, oldest sample first. step leads to the tap of the next younger
+// sample: 1, or -1 over taps in natural order.
+template <class T, std::ptrdiff_t step>
 struct TapRun {
     const T* first;
-    std::ptrdiff_t step; // to the tap of the next younger sample: 1, or -1 over taps in natural order
     std::size_t count;
 };
 
@@ -57,13 +58,14 @@ HWY_INLINE V plusProduct(D d, V sum, P tap, P samples) {
     }
 }
 
-// `vectors` vectors of neighbouring outputs. Complex outputs come from two sums over the interleaved samples, one with
-// the real and one with the imaginary parts of the taps, which meet only at the end: h * x = (h.re * x.re, h.re * x.im)
-// + (-(h.im * x.im), h.im * x.re).
-template <std::size_t vectors, class T, class D>
-HWY_INLINE void convolveVectors(D d, TapRun<T> taps, const Part<T>* x, Part<T>* y) {
+// `vectors` vectors of neighbouring outputs, the last of them from part `last` on. Complex outputs come from two sums
+// over the interleaved samples, one with the real and one with the imaginary parts of the taps, which meet only at the
+// end: h * x = (h.re * x.re, h.re * x.im) + (-(h.im * x.im), h.im * x.re).
+template <std::size_t vectors, class T, std::ptrdiff_t step, class D>
+HWY_INLINE void convolveVectors(D d, TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t last) {
     const hn::Rebind<Part<T>, D> dSamples;
     constexpr std::size_t lanes = hn::MaxLanes(d), parts = partCount<T>;
+    const auto first = [=](std::size_t v) { return v + 1 < vectors ? v * lanes : last; };
     hn::Vec<D> sums[parts][vectors];
 #pragma GCC unroll 2
     for (std::size_t p = 0; p < parts; ++p) {
@@ -71,11 +73,11 @@ HWY_INLINE void convolveVectors(D d, TapRun<T> taps, const Part<T>* x, Part<T>* 
         for (std::size_t v = 0; v < vectors; ++v) sums[p][v] = hn::Zero(d);
     }
 
-    const Part<T>* tap = asParts(taps.first);
-    for (std::size_t k = 0; k < taps.count; ++k, x += parts, tap += taps.step * std::ptrdiff_t{parts}) {
+    for (std::size_t k = 0; k < taps.count; ++k, x += parts) {
+        const Part<T>* const tap = asParts(taps.first + static_cast<std::ptrdiff_t>(k) * step);
 #pragma GCC unroll 8
         for (std::size_t v = 0; v < vectors; ++v) {
-            const auto samples = hn::LoadU(dSamples, x + v * lanes);
+            const auto samples = hn::LoadU(dSamples, x + first(v));
 #pragma GCC unroll 2
             for (std::size_t p = 0; p < parts; ++p)
                 sums[p][v] = plusProduct(d, sums[p][v], hn::Set(dSamples, tap[p]), samples);
@@ -90,78 +92,104 @@ HWY_INLINE void convolveVectors(D d, TapRun<T> taps, const Part<T>* x, Part<T>* 
             sum = hn::OddEven(hn::Add(sum, byIm), hn::Sub(sum, byIm));
         }
         if constexpr (std::is_same_v<hn::TFromD<D>, Part<T>>) {
-            hn::StoreU(sum, d, y + v * lanes);
+            hn::StoreU(sum, d, y + first(v));
         } else {
-            hn::StoreU(hn::DemoteTo(dSamples, sum), dSamples, y + v * lanes);
+            hn::StoreU(hn::DemoteTo(dSamples, sum), dSamples, y + first(v));
         }
     }
 }
 
-// Outputs from part n to `end`, `width` parts at a time, the rest in halves of that.
-template <std::size_t width, class Sum, class T>
-HWY_INLINE void convolveRuns(std::size_t n, TapRun<T> taps, const Part<T>* x, Part<T>* y, std::size_t end) {
-    constexpr std::size_t full = hn::MaxLanes(hn::ScalableTag<Sum>());
-    constexpr std::size_t lanes = std::min(width, full);
-    for (; n + width <= end; n += width)
-        convolveVectors<width / lanes, T>(hn::CappedTag<Sum, lanes>(), taps, x + n, y + n);
-    if constexpr (width > partCount<T>) convolveRuns<width / 2, Sum, T>(n, taps, x, y, end);
+// The outputs of `count` parts, up to `most` vectors and one at least: the last vector may overlap the one before it,
+// and then gives the same once more.
+template <std::size_t most, class T, std::ptrdiff_t step, class D>
+HWY_INLINE void convolveRest(D d, TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t count) {
+    constexpr std::size_t lanes = hn::MaxLanes(d);
+    if constexpr (most > 1) {
+        if (count <= (most - 1) * lanes) return convolveRest<most - 1>(d, taps, x, y, count);
+    }
+    convolveVectors<most>(d, taps, x, y, count - lanes);
+}
+
+// Fewer outputs than a vector has lanes: half a vector, and halves of that.
+template <std::size_t lanes, class Sum, class T, std::ptrdiff_t step>
+HWY_INLINE void convolveFew(TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t count) {
+    if (count >= lanes) {
+        convolveVectors<1>(hn::CappedTag<Sum, lanes>(), taps, x, y, 0);
+        x += lanes, y += lanes, count -= lanes;
+    }
+    if constexpr (lanes > partCount<T>) convolveFew<lanes / 2, Sum>(taps, x, y, count);
 }
 
 // pDst[n] = sum over k of tap[k] * pSrc[n + k], k upwards, for n = 0 to count - 1: reads count + taps.count - 1
 // samples. Each real product is rounded to the type of the samples and added up in the type Sum.
-template <class Sum, class T>
-void convolve(TapRun<T> taps, const T* pSrc, T* pDst, std::size_t count) {
+template <class Sum, class T, std::ptrdiff_t step>
+void convolve(TapRun<T, step> taps, const T* pSrc, T* pDst, std::size_t count) {
+    const hn::ScalableTag<Sum> d;
+    constexpr std::size_t lanes = hn::MaxLanes(d);
     // Enough independent sums to hide the time of an addition, and no more than there are registers for.
-    constexpr std::size_t sums = HWY_ARCH_X86_32 ? 4 : 8;
-    constexpr std::size_t width = sums / partCount<T> * hn::MaxLanes(hn::ScalableTag<Sum>());
-    convolveRuns<width, Sum, T>(0, taps, asParts(pSrc), asParts(pDst), count * partCount<T>);
+    constexpr std::size_t most = (HWY_ARCH_X86_32 ? 4 : 8) / partCount<T>;
+    const Part<T>* const x = asParts(pSrc);
+    Part<T>* const y = asParts(pDst);
+    const std::size_t end = count * partCount<T>;
+    if constexpr (lanes > partCount<T>) {
+        if (end < lanes) return convolveFew<lanes / 2, Sum>(taps, x, y, end);
+    }
+    std::size_t n = 0;
+    for (; n + most * lanes <= end; n += most * lanes) convolveVectors<most>(d, taps, x + n, y + n, (most - 1) * lanes);
+    if (n == end) return;
+    n = std::min(n, end - lanes);
+    convolveRest<most>(d, taps, x + n, y + n, end - n);
 }
 
-// The sum of h[k] * x[k]: in order for few taps, else in 8 real lanes (lane j takes the parts j, j + 8, ...) that are
-// folded in halves.
+// Sums of h[n] * x[n], or crossed: of h[n] * x[n ^ 1], for even and for odd n, in 8 lanes that are folded in halves.
+// What is left over from whole groups of 8 comes first, into lane 0 and on. At least 8 products.
+template <bool crossed, class Real>
+std::pair<Real, Real> sumInLanes(const Real* h, const Real* x, std::size_t count) {
+    constexpr std::size_t lanes = 8;
+    const hn::CappedTag<Real, lanes> d;
+    constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
+    const auto products = [=](std::size_t n) HWY_ATTR {
+        const auto samples = hn::LoadU(d, x + n);
+        if constexpr (crossed) return hn::Mul(hn::LoadU(d, h + n), hn::Reverse2(d, samples));
+        return hn::Mul(hn::LoadU(d, h + n), samples);
+    };
+    hn::Vec<decltype(d)> sums[vectors];
+    const std::size_t left = count % lanes;
+#pragma GCC unroll 4
+    for (std::size_t v = 0; v < vectors; ++v) {
+        const auto among = hn::FirstN(d, left - std::min(left, v * step));
+        sums[v] = hn::Add(hn::Zero(d), hn::IfThenElseZero(among, products(v * step)));
+    }
+    for (std::size_t n = left; n < count; n += lanes) {
+#pragma GCC unroll 4
+        for (std::size_t v = 0; v < vectors; ++v) sums[v] = hn::Add(sums[v], products(n + v * step));
+    }
+    Real s[lanes];
+    for (std::size_t v = 0; v < vectors; ++v) hn::StoreU(sums[v], d, s + v * step);
+    for (std::size_t half = lanes / 2; half >= 2; half /= 2)
+        for (std::size_t j = 0; j < half; ++j) s[j] += s[j + half];
+    return {s[0], s[1]};
+}
+
+// The output of one sample, `newest`, which was just written behind the count - 1 older ones at x. Few taps are added
+// up in order, more in lanes and the newest product last: a vector that held the newest sample would wait for it to
+// reach the cache.
 template <class T>
-T dotProduct(const T* h, const T* x, std::size_t count) {
-    T result;
+T dotProduct(const T* h, const T* x, std::size_t count, T newest) {
     if (count < 12) {
-        convolve<Part<T>>(TapRun<T>{h, 1, count}, x, &result, 1);
+        T result;
+        convolve<Part<T>>(TapRun<T, 1>{h, count}, x, &result, 1);
         return result;
     }
-    constexpr std::size_t lanes = 8, parts = partCount<T>;
-    const hn::CappedTag<Part<T>, lanes> d;
-    constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
-    const Part<T>*tap = asParts(h), *sample = asParts(x);
-    // Complex: re * re and im * im meet in straight lanes, re * im and im * re in crossed ones.
-    hn::Vec<decltype(d)> straight[vectors], crossed[vectors];
-#pragma GCC unroll 4
-    for (std::size_t v = 0; v < vectors; ++v) straight[v] = crossed[v] = hn::Zero(d);
-    std::size_t n = 0;
-    for (; n + lanes <= count * parts; n += lanes) {
-#pragma GCC unroll 4
-        for (std::size_t v = 0; v < vectors; ++v) {
-            const auto hv = hn::LoadU(d, tap + n + v * step), xv = hn::LoadU(d, sample + n + v * step);
-            straight[v] = hn::Add(straight[v], hn::Mul(hv, xv));
-            if constexpr (parts == 2) crossed[v] = hn::Add(crossed[v], hn::Mul(hv, hn::Reverse2(d, xv)));
-        }
-    }
-    Part<T> s[lanes], c[lanes];
-    for (std::size_t v = 0; v < vectors; ++v) {
-        hn::StoreU(straight[v], d, s + v * step);
-        hn::StoreU(crossed[v], d, c + v * step);
-    }
-    for (std::size_t j = 0; n + j < count * parts; ++j) {
-        s[j] += tap[n + j] * sample[n + j];
-        if constexpr (parts == 2) c[j] += tap[n + j] * sample[(n + j) ^ 1];
-    }
-    for (std::size_t half = lanes / 2; half >= parts; half /= 2) {
-        for (std::size_t j = 0; j < half; ++j) {
-            s[j] += s[j + half];
-            c[j] += c[j + half];
-        }
-    }
-    if constexpr (parts == 2) {
-        return {s[0] - s[1], c[0] + c[1]};
+    const T tap = h[count - 1];
+    const std::size_t older = (count - 1) * partCount<T>;
+    const auto [even, odd] = sumInLanes<false>(asParts(h), asParts(x), older);
+    if constexpr (isComplex<T>) {
+        const auto [reIm, imRe] = sumInLanes<true>(asParts(h), asParts(x), older);
+        return {(even + tap.re * newest.re) - (odd + tap.im * newest.im),
+                (reIm + tap.re * newest.im) + (imRe + tap.im * newest.re)};
     } else {
-        return s[0];
+        return (even + odd) + tap * newest;
     }
 }
 

@@ -1,0 +1,248 @@
+// FIR filters: blocks, single samples and calls without a state, beside scalar loops, liquid-dsp and overlap-save on
+// FFTW.
+#include "orbs.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <complex>
+#include <cstring>
+#include <fftw3.h>
+#include <liquid/liquid.h>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+template <class T>
+std::vector<T> noise(std::size_t count) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> uniform(-1, 1);
+    std::vector<T> v(count);
+    for (T& t : v) {
+        if constexpr (requires { t.re; }) {
+            t.re = uniform(random), t.im = uniform(random);
+        } else {
+            t = uniform(random);
+        }
+    }
+    return v;
+}
+
+template <class T>
+struct Job {
+    Job(int tapsLen, int count)
+        : taps(noise<T>(std::size_t(tapsLen))), x(noise<T>(std::size_t(tapsLen + count))), y(std::size_t(count)) {}
+    std::vector<T> taps, x, y;
+    int tapsLen() const { return static_cast<int>(taps.size()); }
+    int count() const { return static_cast<int>(y.size()); }
+    const T* block() const { return x.data() + taps.size(); } // behind a history of tapsLen samples
+
+    template <class Body>
+    void measure(benchmark::State& run, Body body) {
+        for (auto _ : run) {
+            body();
+            benchmark::DoNotOptimize(y.data());
+            benchmark::ClobberMemory();
+        }
+        run.SetItemsProcessed(run.iterations() * count());
+    }
+};
+
+// ---- orbs ----
+
+template <class T, auto initAlloc, auto call, auto release>
+void orbsBlock(benchmark::State& run, int tapsLen, int count) {
+    Job<T> job(tapsLen, count);
+    decltype([]<class S>(OrbStatus (*)(S*)) -> S* { return nullptr; }(release)) state = nullptr;
+    initAlloc(&state, job.taps.data(), tapsLen, nullptr);
+    job.measure(run, [&] { call(job.block(), job.y.data(), count, state); });
+    release(state);
+}
+
+void orbsInPlace(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32f> job(tapsLen, count);
+    OrbsFIRState_32f* state = nullptr;
+    orbsFIRInitAlloc_32f(&state, job.taps.data(), tapsLen, nullptr);
+    job.measure(run, [&] {
+        std::copy_n(job.block(), count, job.y.data());
+        orbsFIR_32f_I(job.y.data(), count, state);
+    });
+    orbsFIRFree_32f(state);
+}
+
+void orbsOne(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32f> job(tapsLen, count);
+    OrbsFIRState_32f* state = nullptr;
+    orbsFIRInitAlloc_32f(&state, job.taps.data(), tapsLen, nullptr);
+    job.measure(run, [&] {
+        for (int n = 0; n < count; ++n) orbsFIROne_32f(job.block()[n], &job.y[std::size_t(n)], state);
+    });
+    orbsFIRFree_32f(state);
+}
+
+void orbsStateless(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32f> job(tapsLen, count);
+    std::vector<Orb32f> line(2 * job.taps.size());
+    int index = 0;
+    job.measure(run, [&] {
+        orbsFIR_Direct_32f(job.block(), job.y.data(), count, job.taps.data(), tapsLen, line.data(), &index);
+    });
+}
+
+// ---- Scalar loops ----
+
+// Sum is the type of the sums; a complex element is written out in its parts.
+template <class T, class Sum>
+void scalarBlock(benchmark::State& run, int tapsLen, int count) {
+    Job<T> job(tapsLen, count);
+    job.measure(run, [&] {
+        for (int n = 0; n < count; ++n) {
+            const T* const newest = job.block() + n;
+            if constexpr (requires(T t) { t.re; }) {
+                Sum re = 0, im = 0;
+                for (int k = 0; k < tapsLen; ++k) {
+                    const T h = job.taps[std::size_t(k)], x = newest[-k];
+                    re += h.re * x.re - h.im * x.im;
+                    im += h.re * x.im + h.im * x.re;
+                }
+                job.y[std::size_t(n)] = {re, im};
+            } else {
+                Sum sum = 0;
+                for (int k = 0; k < tapsLen; ++k) sum += Sum(job.taps[std::size_t(k)] * newest[-k]);
+                job.y[std::size_t(n)] = static_cast<T>(sum);
+            }
+        }
+    });
+}
+
+// ---- liquid-dsp ----
+
+void liquidBlock32f(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32f> job(tapsLen, count);
+    firfilt_rrrf filter = firfilt_rrrf_create(job.taps.data(), unsigned(tapsLen));
+    job.measure(run,
+                [&] { firfilt_rrrf_execute_block(filter, job.x.data() + tapsLen, unsigned(count), job.y.data()); });
+    firfilt_rrrf_destroy(filter);
+}
+
+void liquidBlock32fc(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32fc> job(tapsLen, count);
+    const auto complex = [](Orb32fc* p) { return reinterpret_cast<std::complex<float>*>(p); };
+    firfilt_cccf filter = firfilt_cccf_create(complex(job.taps.data()), unsigned(tapsLen));
+    job.measure(run, [&] {
+        firfilt_cccf_execute_block(filter, complex(job.x.data() + tapsLen), unsigned(count), complex(job.y.data()));
+    });
+    firfilt_cccf_destroy(filter);
+}
+
+void liquidOne(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32f> job(tapsLen, count);
+    firfilt_rrrf filter = firfilt_rrrf_create(job.taps.data(), unsigned(tapsLen));
+    job.measure(run, [&] {
+        for (int n = 0; n < count; ++n) {
+            firfilt_rrrf_push(filter, job.block()[n]);
+            firfilt_rrrf_execute(filter, &job.y[std::size_t(n)]);
+        }
+    });
+    firfilt_rrrf_destroy(filter);
+}
+
+// Its transforms have twice the length of its blocks.
+void liquidFft32f(benchmark::State& run, int tapsLen, int count, int block) {
+    Job<Orb32f> job(tapsLen, count);
+    fftfilt_rrrf filter = fftfilt_rrrf_create(job.taps.data(), unsigned(tapsLen), unsigned(block));
+    job.measure(run, [&] {
+        for (int n = 0; n < count; n += block)
+            fftfilt_rrrf_execute(filter, job.x.data() + tapsLen + n, job.y.data() + n);
+    });
+    fftfilt_rrrf_destroy(filter);
+}
+
+// ---- Overlap-save by hand on FFTW, with the same length of transform ----
+
+int transformLength(int tapsLen) {
+    int length = 8;
+    while (length / 2 <= tapsLen) length *= 2;
+    return length;
+}
+
+void fftw32f(benchmark::State& run, int tapsLen, int count) {
+    Job<Orb32f> job(tapsLen, count);
+    const int N = transformLength(tapsLen), history = tapsLen - 1, step = N - history;
+    float* const block = fftwf_alloc_real(std::size_t(N));
+    auto* const spectrum = reinterpret_cast<std::complex<float>*>(fftwf_alloc_complex(std::size_t(N / 2 + 1)));
+    auto* const bins = reinterpret_cast<fftwf_complex*>(spectrum);
+    fftwf_plan forward = fftwf_plan_dft_r2c_1d(N, block, bins, FFTW_MEASURE);
+    fftwf_plan inverse = fftwf_plan_dft_c2r_1d(N, bins, block, FFTW_MEASURE);
+    std::fill_n(block, N, 0.0f);
+    std::copy_n(job.taps.data(), tapsLen, block);
+    fftwf_execute(forward);
+    std::vector<std::complex<float>> taps(spectrum, spectrum + N / 2 + 1);
+    for (auto& bin : taps) bin /= static_cast<float>(N);
+    job.measure(run, [&] {
+        for (int n = 0; n < count; n += step) {
+            const int outputs = std::min(step, count - n);
+            std::copy_n(job.block() + n - history, history + outputs, block);
+            std::fill(block + history + outputs, block + N, 0.0f);
+            fftwf_execute(forward);
+            for (int k = 0; k <= N / 2; ++k) {
+                const float re = bins[k][0], im = bins[k][1], a = taps[std::size_t(k)].real(),
+                            b = taps[std::size_t(k)].imag();
+                bins[k][0] = re * a - im * b;
+                bins[k][1] = re * b + im * a;
+            }
+            fftwf_execute(inverse);
+            std::copy_n(block + history, outputs, job.y.data() + n);
+        }
+    });
+    fftwf_destroy_plan(forward);
+    fftwf_destroy_plan(inverse);
+    fftwf_free(block);
+    fftwf_free(spectrum);
+}
+
+// ---- Names: family/who/size ----
+
+template <class Body, class... Sizes>
+void add(const std::string& family, const std::string& who, int size, Body body, Sizes... sizes) {
+    const std::string name = family + "/" + who + "/" + std::to_string(size);
+    benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) { body(run, sizes...); });
+}
+
+constexpr auto block32f = orbsBlock<Orb32f, orbsFIRInitAlloc_32f, orbsFIR_32f, orbsFIRFree_32f>;
+constexpr auto block32fc = orbsBlock<Orb32fc, orbsFIRInitAlloc_32fc, orbsFIR_32fc, orbsFIRFree_32fc>;
+constexpr auto block64f = orbsBlock<Orb64f, orbsFIRInitAlloc_64f, orbsFIR_64f, orbsFIRFree_64f>;
+constexpr auto block64fc = orbsBlock<Orb64fc, orbsFIRInitAlloc_64fc, orbsFIR_64fc, orbsFIRFree_64fc>;
+
+const bool registered = [] {
+    // 32 real taps, and 15 complex ones: states without an FFT.
+    for (const int count : {64, 4096}) {
+        add("fir_direct_32f", "orbs", count, block32f, 32, count);
+        add("fir_direct_32f", "scalar", count, scalarBlock<Orb32f, Orb32f>, 32, count);
+        add("fir_direct_32f", "liquid", count, liquidBlock32f, 32, count);
+        add("fir_direct_32fc", "orbs", count, block32fc, 15, count);
+        add("fir_direct_32fc", "scalar", count, scalarBlock<Orb32fc, Orb32f>, 15, count);
+        add("fir_direct_32fc", "liquid", count, liquidBlock32fc, 15, count);
+        add("fir_direct_64f", "orbs", count, block64f, 31, count);
+        add("fir_direct_64f", "scalar", count, scalarBlock<Orb64f, Orb64f>, 31, count);
+        add("fir_direct_64fc", "orbs", count, block64fc, 15, count);
+        add("fir_direct_64fc", "scalar", count, scalarBlock<Orb64fc, Orb64f>, 15, count);
+    }
+    add("fir_in_place_32f", "orbs", 4096, orbsInPlace, 32, 4096);
+    add("fir_in_place_32f", "scalar", 4096, scalarBlock<Orb32f, Orb32f>, 32, 4096);
+    add("fir_stateless_32f", "orbs", 4096, orbsStateless, 32, 4096);
+    add("fir_stateless_32f", "scalar", 4096, scalarBlock<Orb32f, Orb64f>, 32, 4096);
+    add("fir_one_32f", "orbs", 4096, orbsOne, 32, 4096);
+    add("fir_one_32f", "liquid", 4096, liquidOne, 32, 4096);
+    add("fir_one_32f", "scalar", 4096, scalarBlock<Orb32f, Orb32f>, 32, 4096);
+    for (const int tapsLen : {128, 1024}) {
+        const std::string family = "fir_fft" + std::to_string(tapsLen) + "_32f";
+        add(family, "orbs", 65536, block32f, tapsLen, 65536);
+        add(family, "fftw", 65536, fftw32f, tapsLen, 65536);
+        add(family, "liquid", 65536, liquidFft32f, tapsLen, 65536, transformLength(tapsLen) / 2);
+    }
+    return true;
+}();
+
+} // namespace
