@@ -73,19 +73,16 @@ HWY_INLINE Cx<V> twiddled(Cx<V> x, Cx<V> w) {
     if constexpr (Inverse) return {w.re * x.re + w.im * x.im, w.re * x.im - w.im * x.re};
     return {w.re * x.re - w.im * x.im, w.re * x.im + w.im * x.re};
 }
-// One twiddle for all lanes of packed vectors; turning the sign of a factor before the product turns that of the
-// product.
-template <bool Inverse, class D>
-struct PackedTwiddle {
-    hn::Vec<D> re, im;
-
-    PackedTwiddle() = default;
-    HWY_INLINE PackedTwiddle(D d, hn::TFromD<D> cosine, hn::TFromD<D> negativeSine)
-        : re(hn::Set(d, cosine)), im(negateEven(d, hn::Set(d, Inverse ? -negativeSine : negativeSine))) {}
+// One twiddle for all lanes of packed vectors: 32 bytes of the real part, and 32 of the imaginary part with the sign of
+// the even lanes turned (of the odd ones for the inverse), which turns the sign of the product there.
+template <class T>
+struct alignas(32) PackedTwiddle {
+    T re[columnGroup<T>], im[columnGroup<T>];
 };
-template <bool Inverse, class D>
-HWY_INLINE Packed<D> twiddled(Packed<D> x, const PackedTwiddle<Inverse, D>& w) {
-    return {x.v * w.re + hn::Reverse2(D(), x.v) * w.im};
+template <class D, class T = hn::TFromD<D>>
+HWY_INLINE Packed<D> twiddled(Packed<D> x, const PackedTwiddle<T>& w) {
+    const D d;
+    return {x.v * hn::Load(d, w.re) + hn::Reverse2(d, x.v) * hn::Load(d, w.im)};
 }
 
 // What happens to the sums and differences of the first layer, or to the results of the last.

@@ -13,7 +13,7 @@ template <class T>
 using ShortTag = hn::CappedTag<T, 4>;
 
 template <bool Inverse, class D, class From, class To, class Last>
-void transform16(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
+void transform16(D d, From from, To to, Last last) {
     using X = Cx<hn::Vec<D>>;
     constexpr int lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
     X rows[4][vectors]; // [sample][its results 0 to 3 of the first layer]
@@ -36,8 +36,9 @@ void transform16(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
     });
     repeat<vectors>([&](int t) __attribute__((always_inline)) {
         repeat<3>([&](int m) __attribute__((always_inline)) {
-            const auto* w = tw + 8 * m + t * lanes;
-            rows[m + 1][t] = twiddled<Inverse>(rows[m + 1][t], X{hn::LoadU(d, w), hn::LoadU(d, w + 4)});
+            const auto& w = twiddles16<hn::TFromD<D>>;
+            const X twiddle{hn::LoadU(d, w.cosine[m] + t * lanes), hn::LoadU(d, w.negativeSine[m] + t * lanes)};
+            rows[m + 1][t] = twiddled<Inverse>(rows[m + 1][t], twiddle);
         });
         butterfly4<Inverse>(rows[0][t], rows[1][t], rows[2][t], rows[3][t]);
         repeat<4>([&](int j) __attribute__((always_inline)) { to.store(d, 4 * j + t * lanes, last(rows[j][t])); });
@@ -49,19 +50,19 @@ void transform16(D d, From from, To to, const hn::TFromD<D>* tw, Last last) {
 // The first pass of an order, with as many short transforms side by side as it has; `inner` is the order that decides
 // the radix.
 template <bool Inverse, class T, class From, class Work>
-void firstPasses(From from, Work work, int order, int inner, const T* twiddles) {
+void firstPasses(From from, Work work, int order, int inner) {
     const hn::ScalableTag<T> full;
     const hn::CappedTag<T, 16 / sizeof(T)> block;
     constexpr std::size_t lanes = packedLanes<hn::ScalableTag<T>>;
     const std::size_t points = std::size_t{1} << order;
     if (firstPassOrder<T>(inner) == 3) {
-        firstPass<8, 2, Inverse>(full, from, work, order, twiddles);
+        firstPass<8, 2, Inverse>(full, from, work, order);
     } else if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
-        firstPass<16, 2, Inverse>(full, from, work, order, twiddles);
+        firstPass<16, 2, Inverse>(full, from, work, order);
     } else if (points >= 16 * lanes) {
-        firstPass<16, 1, Inverse>(full, from, work, order, twiddles);
+        firstPass<16, 1, Inverse>(full, from, work, order);
     } else {
-        firstPass<16, 1, Inverse>(block, from, work, order, twiddles);
+        firstPass<16, 1, Inverse>(block, from, work, order);
     }
 }
 
@@ -70,8 +71,8 @@ template <bool Inverse, class T, class From, class Work, class To, class MakeLas
 void transformDirect(From from, Work work, To to, int order, const T* twiddles, MakeLast makeLast) {
     const hn::ScalableTag<T> full;
     const ShortTag<T> four;
-    if (order == 4) return transform16<Inverse>(four, from, to, twiddles, makeLast(four));
-    firstPasses<Inverse>(from, work, order, order, twiddles);
+    if (order == 4) return transform16<Inverse>(four, from, to, makeLast(four));
+    firstPasses<Inverse, T>(from, work, order, order);
     passesTo<Inverse>(full, work, to, order, twiddles, makeLast(full));
 }
 
@@ -194,14 +195,14 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
     if (!inPlace) {
-        firstPasses<Inverse>(from, work, order, inner, twiddles);
+        firstPasses<Inverse, T>(from, work, order, inner);
     } else {
         reverseBitsInPlace(to, order, buffer);
         const std::size_t count = std::size_t{1} << order;
         if (firstPassOrder<T>(inner) == 3) {
-            firstPassInRuns<8, Inverse>(d, to, work, count, twiddles);
+            firstPassInRuns<8, Inverse>(d, to, work, count);
         } else {
-            firstPassInRuns<16, Inverse>(d, to, work, count, twiddles);
+            firstPassInRuns<16, Inverse>(d, to, work, count);
         }
     }
     blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, makeLast(d));

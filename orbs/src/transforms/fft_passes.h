@@ -5,6 +5,8 @@
 #include "transforms/fft_arithmetic.h"
 #include "transforms/fft_spec.h"
 
+#include <array>
+
 namespace orbs::fft {
 
 constexpr std::size_t reversedBits(std::size_t n, int bits) {
@@ -29,56 +31,61 @@ HWY_INLINE Cx<hn::Vec<D>> loadTwiddle(D d, const T* w) {
 
 // ---- First pass: many short transforms side by side, one in each complex lane ----
 
-// The short transform and the constants that it needs.
-template <int points, bool Inverse, class D>
-class ShortTransform;
-
-// Sixteen points: two layers of radix 4. The columns 1 to 3 of the second layer take the twiddles of the 16-point pass
-// at tw; column 0 needs none.
-template <bool Inverse, class D>
-class ShortTransform<16, Inverse, D> {
-public:
-    ShortTransform(D d, const hn::TFromD<D>* tw) {
-        for (int m = 0; m < 3; ++m)
-            for (int column = 1; column < 4; ++column)
-                twiddles_[m][column - 1] = PackedTwiddle<Inverse, D>(d, tw[8 * m + column], tw[8 * m + 4 + column]);
+template <bool Inverse, class T>
+inline constexpr auto packedTwiddles16 = [] {
+    std::array<std::array<PackedTwiddle<T>, 4>, 3> spread{}; // [power - 1][column]
+    for (int m = 0; m < 3; ++m) {
+        for (int column = 0; column < 4; ++column) {
+            for (std::size_t lane = 0; lane < columnGroup<T>; ++lane) {
+                const T sine = twiddles16<T>.negativeSine[m][column];
+                spread[m][column].re[lane] = twiddles16<T>.cosine[m][column];
+                spread[m][column].im[lane] = (lane % 2 == 0) != Inverse ? -sine : sine;
+            }
+        }
     }
-    HWY_INLINE static void firstLayer(Packed<D> (&x)[16]) {
+    return spread;
+}();
+
+// A short transform in two layers; result k ends at x[place(k)].
+template <int points, bool Inverse>
+struct ShortTransform;
+
+// Sixteen points: two layers of radix 4. Column 0 of the second layer needs no twiddles.
+template <bool Inverse>
+struct ShortTransform<16, Inverse> {
+    template <class X>
+    HWY_INLINE static void firstLayer(X (&x)[16]) {
         repeat<4>([&](int q)
                       __attribute__((always_inline)) { butterfly4<Inverse>(x[q], x[q + 4], x[q + 8], x[q + 12]); });
     }
-    HWY_INLINE void secondLayer(Packed<D> (&x)[16]) const {
+    template <class D>
+    HWY_INLINE static void secondLayer(Packed<D> (&x)[16]) {
         repeat<4>([&](int column) __attribute__((always_inline)) {
             Packed<D>* y = x + 4 * column;
             if (column != 0) {
                 repeat<3>([&](int m) __attribute__((always_inline)) {
-                    y[m + 1] = twiddled(y[m + 1], twiddles_[m][column - 1]);
+                    y[m + 1] = twiddled(y[m + 1], packedTwiddles16<Inverse, hn::TFromD<D>>[m][column]);
                 });
             }
             butterfly4<Inverse>(y[0], y[1], y[2], y[3]);
         });
     }
-    // Where result k ends.
     static constexpr int place(int k) { return k % 4 * 4 + k / 4; }
-
-private:
-    PackedTwiddle<Inverse, D> twiddles_[3][3];
 };
 
 // Eight points, for the odd orders of the engine that begins with radix 8.
-template <bool Inverse, class D>
-class ShortTransform<8, Inverse, D> {
-public:
-    ShortTransform(D d, const hn::TFromD<D>*) : root_(hn::Set(d, rootOfHalf<hn::TFromD<D>>)) {}
-    HWY_INLINE static void firstLayer(Packed<D> (&x)[8]) {
+template <bool Inverse>
+struct ShortTransform<8, Inverse> {
+    template <class X>
+    HWY_INLINE static void firstLayer(X (&x)[8]) {
         butterfly4<Inverse>(x[0], x[2], x[4], x[6]);
         butterfly4<Inverse>(x[1], x[3], x[5], x[7]);
     }
-    HWY_INLINE void secondLayer(Packed<D> (&x)[8]) const { joinEight<Inverse>(x, root_); }
+    template <class D>
+    HWY_INLINE static void secondLayer(Packed<D> (&x)[8]) {
+        joinEight<Inverse>(x, hn::Set(D(), rootOfHalf<hn::TFromD<D>>));
+    }
     static constexpr int place(int k) { return k; }
-
-private:
-    hn::Vec<D> root_;
 };
 
 // Writes the results of one transform a lane, each to its own run of `points` columns, in groups.
@@ -103,11 +110,10 @@ HWY_INLINE void storeRuns(D d, Run run, const Packed<D> (&x)[points]) {
 // lands at the run whose number is n reversed. Two vectors at a time: the samples n + q * stride of a long transform
 // share a cache set, so a line of them is used up before it is pushed out.
 template <int points, int vectors, bool Inverse, class D, class From, class To>
-void firstPass(D d, From from, To to, int order, const hn::TFromD<D>* tw) {
+void firstPass(D d, From from, To to, int order) {
     constexpr std::size_t lanes = packedLanes<D>;
-    using Transform = ShortTransform<points, Inverse, D>;
+    using Transform = ShortTransform<points, Inverse>;
     const std::size_t stride = (std::size_t{1} << order) / points, runStride = points * stride / lanes;
-    const Transform transform(d, tw);
     std::size_t reversed = 0; // where the run of sample n begins
     for (std::size_t n = 0; n < stride; n += vectors * lanes) {
         Packed<D> x[vectors][points];
@@ -119,9 +125,9 @@ void firstPass(D d, From from, To to, int order, const hn::TFromD<D>* tw) {
                 });
             });
         });
-        repeat<vectors>([&](int v) __attribute__((always_inline)) { transform.firstLayer(x[v]); });
+        repeat<vectors>([&](int v) __attribute__((always_inline)) { Transform::firstLayer(x[v]); });
         repeat<vectors>([&](int v) __attribute__((always_inline)) {
-            transform.secondLayer(x[v]);
+            Transform::secondLayer(x[v]);
             const To first = to.from(reversed);
             reversed ^= runStride - (runStride >> (__builtin_ctzll(n / lanes + v + 1) + 1)); // counting from the top
             const auto run = [=](int lane) __attribute__((always_inline)) {
@@ -134,9 +140,9 @@ void firstPass(D d, From from, To to, int order, const hn::TFromD<D>* tw) {
 
 // The same in place on data that are in bit-reversed order already.
 template <int points, bool Inverse, class D, class From, class To>
-void firstPassInRuns(D d, From from, To to, std::size_t count, const hn::TFromD<D>* tw) {
+void firstPassInRuns(D d, From from, To to, std::size_t count) {
     constexpr int lanes = packedLanes<D>;
-    const ShortTransform<points, Inverse, D> transform(d, tw);
+    using Transform = ShortTransform<points, Inverse>;
     for (std::size_t n = 0; n < count; n += points * lanes) {
         Packed<D> x[points];
         repeat<points / lanes>([&](int t) __attribute__((always_inline)) {
@@ -149,12 +155,12 @@ void firstPassInRuns(D d, From from, To to, std::size_t count, const hn::TFromD<
                 x[reversedBits(t * lanes + k, log2Of(points))] = square[k];
             });
         });
-        transform.firstLayer(x);
-        transform.secondLayer(x);
+        Transform::firstLayer(x);
+        Transform::secondLayer(x);
         const auto run = [=](int lane) __attribute__((always_inline)) {
             return to.from(n + points * lane);
         };
-        storeRuns<ShortTransform<points, Inverse, D>>(d, run, x);
+        storeRuns<Transform>(d, run, x);
     }
 }
 

@@ -57,16 +57,10 @@ template <class T>
 constexpr int firstPassOrder(int order) {
     return Plan<T>::radix8First && order % 2 == 1 ? 3 : 4;
 }
-// The table of the passes begins with the pass over 16 points (32 in odd orders that begin with radix 8), whether the
-// first pass takes it in or not.
-template <class T>
-constexpr int firstTableOrder(int order) {
-    return Plan<T>::radix8First && order % 2 == 1 ? 5 : 4;
-}
-// Values in front of the twiddles of the pass over 2^k points.
+// Values in front of the twiddles of the pass over 2^k points: those of the passes from the first with twiddles on.
 template <class T>
 constexpr std::size_t twiddlesBefore(int k) {
-    return 2 * ((std::size_t{1} << (k - 2)) - (std::size_t{1} << (firstTableOrder<T>(k) - 2)));
+    return 2 * ((std::size_t{1} << (k - 2)) - (std::size_t{1} << firstPassOrder<T>(k)));
 }
 
 template <class T>
@@ -125,7 +119,7 @@ constexpr int innermostOrder(int coreOrder) {
 template <class T>
 void fillTwiddles(T* table, const QuarterWave<T>& wave, int order) {
     constexpr std::size_t group = columnGroup<T>;
-    int k = firstTableOrder<T>(order);
+    int k = firstPassOrder<T>(order) + 2;
     for (; k <= order; k += 2) {
         const std::size_t quarter = std::size_t{1} << (k - 2);
         for (std::size_t j = 0; j < quarter; j += group) table = appendTwiddles(table, wave, k, j, 3);
@@ -185,7 +179,7 @@ Spec<T>* layOut(Layout& layout, int order, bool real) {
         if (spec) spec->*pointer = area;
     };
     const int coreOrder = real ? order - 1 : order, inner = innermostOrder<T>(coreOrder);
-    if (inner >= smallOrders) place(&Spec<T>::twiddles, twiddlesBefore<T>(inner + 2));
+    if (inner > smallOrders) place(&Spec<T>::twiddles, twiddlesBefore<T>(inner + 2));
     int m = coreOrder;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n) {
         T* area = layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
@@ -207,7 +201,7 @@ void fillTables(Spec<T>& spec, bool real, T* initMemory) {
     int m = real ? spec.order - 1 : spec.order;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n)
         fillLevel<T>(spec.levels[n], wave, m);
-    if (m >= smallOrders) fillTwiddles<T>(spec.twiddles, wave, m);
+    if (m > smallOrders) fillTwiddles<T>(spec.twiddles, wave, m);
     if (real) fillRecombination<T>(spec.forwardRecombination, spec.inverseRecombination, wave, spec.order);
 }
 

@@ -22,11 +22,11 @@ struct QuarterWave {
     int order;
 
     // cos and -sin of 2 pi j / 2^k, for k up to the table's order; negation is 0 - value.
-    T cosine(std::size_t j, int k) const { return sine(j + (std::size_t{1} << (k - 2)), k); }
-    T negativeSine(std::size_t j, int k) const { return T(0) - sine(j, k); }
+    constexpr T cosine(std::size_t j, int k) const { return sine(j + (std::size_t{1} << (k - 2)), k); }
+    constexpr T negativeSine(std::size_t j, int k) const { return T(0) - sine(j, k); }
 
 private:
-    T sine(std::size_t j, int k) const {
+    constexpr T sine(std::size_t j, int k) const {
         const std::size_t quarter = std::size_t{1} << (order - 2);
         const std::size_t m = (j << (order - k)) & (4 * quarter - 1);
         if (m <= quarter) return table[m];
@@ -64,16 +64,35 @@ void computeQuarterWave(T* table, int order) {
 }
 
 // One group of a pass over 2^k points: for each multiple of the angle, from 1 to `multiples`, cos and then -sin of the
-// columns from j on. The four columns of 16 points, which are read one by one, are in natural order.
+// columns from j on, in the order that columnInLane tells.
 template <class T>
 T* appendTwiddles(T* table, const QuarterWave<T>& wave, int k, std::size_t j, int multiples) {
-    const std::size_t group = k == 4 ? 4 : columnGroup<T>;
-    const auto column = [=](std::size_t lane) { return j + (k == 4 ? lane : columnInLane<T>(lane)); };
+    constexpr std::size_t group = columnGroup<T>;
     for (int multiple = 1; multiple <= multiples; ++multiple) {
-        for (std::size_t lane = 0; lane < group; ++lane) *table++ = wave.cosine(multiple * column(lane), k);
-        for (std::size_t lane = 0; lane < group; ++lane) *table++ = wave.negativeSine(multiple * column(lane), k);
+        for (std::size_t lane = 0; lane < group; ++lane)
+            *table++ = wave.cosine(multiple * (j + columnInLane<T>(lane)), k);
+        for (std::size_t lane = 0; lane < group; ++lane)
+            *table++ = wave.negativeSine(multiple * (j + columnInLane<T>(lane)), k);
     }
     return table;
 }
+
+// The twiddles of 16 points are constants: cos and -sin of 2 pi power column / 16.
+template <class T>
+struct Twiddles16 {
+    T cosine[3][4], negativeSine[3][4]; // [power - 1][column]
+};
+template <class T>
+inline constexpr Twiddles16<T> twiddles16 = [] {
+    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), fixedBaseOrder};
+    Twiddles16<T> w{};
+    for (std::size_t power = 1; power < 4; ++power) {
+        for (std::size_t column = 0; column < 4; ++column) {
+            w.cosine[power - 1][column] = wave.cosine(power * column, 4);
+            w.negativeSine[power - 1][column] = wave.negativeSine(power * column, 4);
+        }
+    }
+    return w;
+}();
 
 } // namespace orbs::fft
