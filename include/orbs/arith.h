@@ -11,8 +11,9 @@ ORBS_DECLARATIONS_BEGIN
  * result is 0, or so small that every result but 0 is an extreme of the type, that is what is written.
  *
  * Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. A destination may be one of the sources; other overlaps are not supported. All members may be
- * called from any number of threads on different data. */
+ * Any alignment will do. A destination may be one of the sources; other overlaps are not supported. Where two NaNs meet,
+ * the result is a NaN, and which payload it has is not fixed. All members may be called from any number of threads on
+ * different data. */
 
 /* ---- Add -----------------------------------------------------------------------------------------------------
  * pDst[n] = pSrc1[n] + pSrc2[n]; the _I and _ISfs forms: pSrcDst[n] += pSrc[n]; n = 0 to len - 1.

@@ -20,7 +20,7 @@ OrbStatus product(const T* pSrc1, const T* pSrc2, T* pDst, int len) {
     const std::size_t bins = Layout::bins(count);
     const T *a = pSrc1 + bins, *b = pSrc2 + bins;
     T* const dst = pDst + bins;
-    forEachComplex<T>(complexBins(count), [=](auto d, std::size_t n) HWY_ATTR {
+    forEachComplex(complexBins(count), dst, [=](auto d, std::size_t n) HWY_ATTR {
         hn::StoreU(Product::of(d, hn::LoadU(d, a + n), hn::LoadU(d, b + n)), d, dst + n);
     });
     return orbStsNoErr;

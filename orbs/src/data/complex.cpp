@@ -60,7 +60,7 @@ OrbStatus conjugated(const C* pSrc, C* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
     const auto* src = asReal(pSrc);
     auto* dst = asReal(pDst);
-    forEachComplex<RealOf<C>>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
+    forEachComplex(static_cast<std::size_t>(len), dst, [=](auto d, std::size_t n) HWY_ATTR {
         hn::StoreU(Conjugate::of(d, hn::LoadU(d, src + n)), d, dst + n);
     });
     return orbStsNoErr;
