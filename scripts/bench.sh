@@ -5,17 +5,25 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh bench
-cmake --preset bench >/dev/null
-cmake --build --preset bench
+log=build/bench/build.log
+mkdir -p build/bench
+echo "Building (log: $log) ..." >&2
+if ! { cmake --preset bench && cmake --build --preset bench; } >"$log" 2>&1; then
+    tail -n 30 "$log" >&2
+    echo "bench.sh: the build failed; the whole log is $log" >&2
+    exit 1
+fi
 tiers=(v8)
 if scripts/has-avx2-tier; then tiers=(v3 v8); else echo "This processor has no AVX2: tier v3 is not measured." >&2; fi
 for tier in "${tiers[@]}"; do
     results=()
     for program in build/bench/bin/*_bench; do
         result=build/bench/$(basename "$program")-$tier.json
+        rm -f "$result"
+        echo "Running $(basename "$program") in tier $tier ..." >&2
         LD_LIBRARY_PATH=build/bench/tiers/$tier OMP_NUM_THREADS=1 "$program" --benchmark_filter="${1:-.}" \
             --benchmark_enable_random_interleaving=true --benchmark_repetitions=9 --benchmark_min_time=0.02 \
-            --benchmark_out="$result" --benchmark_out_format=json >/dev/null
+            --benchmark_out="$result" --benchmark_out_format=json >build/bench/run.log 2>&1 || { cat build/bench/run.log >&2; exit 1; }
         [ ! -s "$result" ] || results+=("$result")
     done
     echo
