@@ -30,6 +30,14 @@ private:
     bool failed_ = false;
 };
 
+// The tests of every transform: the object, its tag, the data.
+template <class T, class... P>
+OrbStatus checkCall(const Spec<T>* pSpec, Orb32s tag, const P*... data) {
+    if (!pSpec) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkTag(pSpec, tag)) return status;
+    return anyNull(data...) ? orbStsNullPtrErr : orbStsNoErr;
+}
+
 template <bool Inverse, class T>
 bool isScaled(const Spec<T>& spec) {
     return Inverse ? spec.scaleInv != 0 : spec.scaleFwd != 0;
@@ -62,9 +70,7 @@ void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> f
 
 template <bool Inverse, class T>
 OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag) {
-    if (!pSpec) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pSpec, tag)) return status;
-    if (anyNull(pSrc, pDst)) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order;
     if (order < smallOrders) {
         smallComplex<Inverse>(Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, order, scaleOf<Inverse>(*pSpec));
@@ -79,9 +85,7 @@ OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
 template <bool Inverse, class T>
 OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const Spec<T>* pSpec, Orb8u* pBuffer,
                  Orb32s tag) {
-    if (!pSpec) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pSpec, tag)) return status;
-    if (anyNull(pSrcRe, pSrcIm, pDstRe, pDstIm)) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrcRe, pSrcIm, pDstRe, pDstIm)) return status;
     const int order = pSpec->order;
     const Planes<const T> from{pSrcRe, pSrcIm};
     const Planes<T> to{pDstRe, pDstIm};
@@ -113,9 +117,7 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
 
 template <class T>
 OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag, Format format) {
-    if (!pSpec) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pSpec, tag)) return status;
-    if (anyNull(pSrc, pDst)) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
     if (order < smallOrders) {
@@ -133,9 +135,7 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
 
 template <class T>
 OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag, Format format) {
-    if (!pSpec) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pSpec, tag)) return status;
-    if (anyNull(pSrc, pDst)) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
     const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);

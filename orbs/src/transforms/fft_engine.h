@@ -55,15 +55,27 @@ void firstPasses(From from, Work work, int order, int inner) {
     const hn::CappedTag<T, 16 / sizeof(T)> block;
     constexpr std::size_t lanes = packedLanes<hn::ScalableTag<T>>;
     const std::size_t points = std::size_t{1} << order;
-    if (firstPassOrder<T>(inner) == 3) {
-        firstPass<8, 2, Inverse>(full, from, work, order);
-    } else if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
+    if constexpr (Plan<T>::radix8First) {
+        if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
+    }
+    if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
         firstPass<16, 2, Inverse>(full, from, work, order);
     } else if (points >= 16 * lanes) {
         firstPass<16, 1, Inverse>(full, from, work, order);
     } else {
         firstPass<16, 1, Inverse>(block, from, work, order);
     }
+}
+
+// The same in place on data in bit-reversed order.
+template <bool Inverse, class T, class From, class Work>
+void firstPassesInRuns(From from, Work work, int order, int inner) {
+    const hn::ScalableTag<T> full;
+    const std::size_t points = std::size_t{1} << order;
+    if constexpr (Plan<T>::radix8First) {
+        if (firstPassOrder<T>(inner) == 3) return firstPassInRuns<8, Inverse>(full, from, work, points);
+    }
+    firstPassInRuns<16, Inverse>(full, from, work, points);
 }
 
 // From `from` to `to` by way of `work`, which may be `to` itself but not `from`.
@@ -194,16 +206,11 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     const hn::ScalableTag<T> d;
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
-    if (!inPlace) {
-        firstPasses<Inverse, T>(from, work, order, inner);
-    } else {
+    if (inPlace) {
         reverseBitsInPlace(to, order, buffer);
-        const std::size_t count = std::size_t{1} << order;
-        if (firstPassOrder<T>(inner) == 3) {
-            firstPassInRuns<8, Inverse>(d, to, work, count);
-        } else {
-            firstPassInRuns<16, Inverse>(d, to, work, count);
-        }
+        firstPassesInRuns<Inverse, T>(to, work, order, inner);
+    } else {
+        firstPasses<Inverse, T>(from, work, order, inner);
     }
     blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, makeLast(d));
 }
