@@ -11,14 +11,17 @@ jobs=$(nproc)
 passed=0 failed=0
 export OMP_WAIT_POLICY=passive # several tests run at once: waiting threads must not take their processors
 
+# Called while a step's output may be going to its log: the closing line belongs on the script's own.
+exec 3>&1
 finish() {
+    exec >&3
     printf '\n%d min %02d s\n' $((SECONDS / 60)) $((SECONDS % 60))
     echo "$passed passed, $failed failed"
-    [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
-    exit
+    if [ "$failed" -gt 0 ] || [ "$passed" -eq 0 ]; then exit 1; fi
+    exit 0
 }
 trap finish EXIT
-trap 'failed=$((failed + 1)); echo "interrupted"; exit' INT TERM
+trap 'failed=$((failed + 1)); echo "interrupted" >&3; exit' INT TERM
 
 # check NAME COMMAND...: one test; what it printed is shown if it fails.
 check() {
