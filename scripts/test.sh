@@ -23,10 +23,13 @@ finish() {
 trap finish EXIT
 trap 'failed=$((failed + 1)); echo "interrupted" >&3; exit' INT TERM
 
+running() { [ ! -t 3 ] || printf '...     %s\r' "$1" >&3; }
+
 # check NAME COMMAND...: one test; what it printed is shown if it fails.
 check() {
     local name=$1 start=$SECONDS log=$logs/${1// /-}.log
     shift
+    running "$name"
     if "$@" >"$log" 2>&1 </dev/null; then
         passed=$((passed + 1))
         printf 'ok      %s (%d s)\n' "$name" $((SECONDS - start))
@@ -46,6 +49,7 @@ configure_and_build() { # PRESET [CMAKE ARGUMENT]...
 suite() {
     local preset=$1 start=$SECONDS log=$logs/tests-$1.log results=$logs/tests-$1.xml
     shift
+    running "tests of $preset"
     "${launcher[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
         --output-junit "$results" "$@" >"$log" 2>&1 </dev/null
     local status=$? total=0 bad=0 skipped=0
