@@ -10,7 +10,7 @@ ORBS_DECLARATIONS_BEGIN
  * the same with the sign of the exponent changed; neither is divided by N unless the flag of the object says so. */
 
 /* ---- FFT objects ---------------------------------------------------------------------------------------------
- * A specification object holds all tables of one order and one kind of data, so that a transform computes no sine.
+ * An object holds all tables of one order and one kind of data, so that a transform computes no sine.
  * Kinds: C_32fc and C_64fc complex interleaved; C_32f and C_64f complex in two planes; R_32f and R_64f real.
  *
  * order: 0 to 30. flag: ORB_FFT_SCALE_FWD (forward divides by N), ORB_FFT_SCALE_INV (inverse divides by N),

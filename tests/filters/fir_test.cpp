@@ -190,9 +190,10 @@ TYPED_TEST(Fir, TransformedBlocksMatchTheSum) {
         const auto taps = randomVector<T>(static_cast<std::size_t>(tapsLen), 1);
         auto line = randomVector<T>(static_cast<std::size_t>(tapsLen), 2);
         F filter(F::allocated, taps, line);
-        // Around whole runs, in one stream, with single samples between that move the line within its buffer.
+        // Below the taps, then around whole runs, in one stream, with single samples between that move the line within
+        // its buffer.
         for (const int count :
-             {least, run, run + 1, 2 * run - 1, 2 * run, 3 * run + tapsLen - 1, team, team + 1, 2500}) {
+             {least, least, run, run + 1, 2 * run - 1, 2 * run, 3 * run + tapsLen - 1, team, team + 1, 2500}) {
             if (count < least) continue;
             const auto x = randomVector<T>(static_cast<std::size_t>(count), 3);
             expectTransformed(filter.block(x), exactOutputs(taps, line, x), taps);

@@ -1,4 +1,4 @@
-// The specification object of a power-of-two transform: its plan, its sizes, its layout and its tables.
+// The object of a power-of-two transform: its plan, its sizes, its layout and its tables.
 #pragma once
 
 #include "foundation/frame.h"
