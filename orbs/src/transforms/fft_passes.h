@@ -107,31 +107,35 @@ HWY_INLINE void storeRuns(D d, Run run, const Packed<D> (&x)[points]) {
 }
 
 // From natural order anywhere to runs in bit-reversed order: the short transform of the samples n, n + stride, ...
-// lands at the run whose number is n reversed. Two vectors at a time: the samples n + q * stride of a long transform
-// share a cache set, so a line of them is used up before it is pushed out.
+// lands at the run whose number is n reversed. Two vectors at a time in long transforms: their samples n + q * stride
+// share a cache set, so a line of them is used up before it is pushed out. Long runs are written wherever they fall;
+// short ones one behind the other, and their samples are fetched from wherever they lie.
 template <int points, int vectors, bool Inverse, class D, class From, class To>
 void firstPass(D d, From from, To to, int order) {
-    constexpr std::size_t lanes = packedLanes<D>;
+    constexpr std::size_t lanes = packedLanes<D>, together = vectors * lanes;
+    constexpr bool inOrderOfRuns = points == 8;
     using Transform = ShortTransform<points, Inverse>;
-    const std::size_t stride = (std::size_t{1} << order) / points, runStride = points * stride / lanes;
-    std::size_t reversed = 0; // where the run of sample n begins
-    for (std::size_t n = 0; n < stride; n += vectors * lanes) {
+    const std::size_t stride = (std::size_t{1} << order) / points;
+    const std::size_t blocks = stride / together; // the runs of neighbouring samples lie so many runs apart
+    std::size_t reversed = 0;
+    for (std::size_t block = 0; block < blocks; ++block) {
+        const std::size_t n = (inOrderOfRuns ? reversed : block) * together;
+        const To first = to.from(points * (inOrderOfRuns ? block : reversed));
+        reversed ^= blocks - (blocks >> (__builtin_ctzll(block + 1) + 1)); // counting from the top
         Packed<D> x[vectors][points];
-        repeat<points / 4>([&](int block) __attribute__((always_inline)) {
-            const From quarter = from.from(n + 4 * block * stride);
+        repeat<points / 4>([&](int part) __attribute__((always_inline)) {
+            const From quarter = from.from(n + 4 * part * stride);
             repeat<4>([&](int q) __attribute__((always_inline)) {
                 repeat<vectors>([&](int v) __attribute__((always_inline)) {
-                    x[v][4 * block + q] = quarter.loadPacked(d, q * stride + v * lanes);
+                    x[v][4 * part + q] = quarter.loadPacked(d, q * stride + v * lanes);
                 });
             });
         });
         repeat<vectors>([&](int v) __attribute__((always_inline)) { Transform::firstLayer(x[v]); });
         repeat<vectors>([&](int v) __attribute__((always_inline)) {
             Transform::secondLayer(x[v]);
-            const To first = to.from(reversed);
-            reversed ^= runStride - (runStride >> (__builtin_ctzll(n / lanes + v + 1) + 1)); // counting from the top
             const auto run = [=](int lane) __attribute__((always_inline)) {
-                return first.from(reversedBits(lane, log2Of(lanes)) * runStride);
+                return first.from(reversedBits(v * lanes + lane, log2Of(together)) * points * blocks);
             };
             storeRuns<Transform>(d, run, x[v]);
         });
