@@ -14,7 +14,8 @@ using support::Edge;
 
 std::vector<std::string> families() {
     std::set<std::string> names;
-    for (const Member& member : members()) names.emplace(member.family);
+    for (const Member& member : members())
+        if (member.signature->call) names.emplace(member.family);
     return {names.begin(), names.end()};
 }
 
