@@ -168,6 +168,18 @@ const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
 };
 
+// Members whose results may come with a warning.
+struct WarningRule {
+    Pattern pattern;
+    std::vector<OrbStatus> warnings;
+};
+const WarningRule warningRules[] = {
+    {{"Div(CRev)?_.*", ""}, {orbStsDivByZero}},
+    {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
+    {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
+    {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
+};
+
 // The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
 // What is not named comes where the * stands: pointers, then numbers, then what pointers point to, then tags.
 struct OrderRule {
@@ -289,6 +301,7 @@ public:
             return;
         }
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
+        if (const WarningRule* rule = ruleFor(warningRules, name_)) plan_.warnings = rule->warnings;
         const CaseRule* cases = ruleFor(caseRules, name_);
         plan_.small = cases->small;
         plan_.large = cases->large;

@@ -54,11 +54,12 @@ struct Plan {
     const Member* member = nullptr;
     std::vector<Argument> arguments;
     std::vector<Fault> faults;
-    Family family;                  // of the object among the arguments, if there is one
-    std::vector<Case> small, large; // called at every alignment, and at both edges only
-    std::vector<Case> faulty;       // called with faults
-    std::vector<Case> digest;       // for the comparison of results between builds
-    std::string notUnderstood;      // why not, or empty
+    std::vector<OrbStatus> warnings; // that a valid call may return
+    Family family;                   // of the object among the arguments, if there is one
+    std::vector<Case> small, large;  // called at every alignment, and at both edges only
+    std::vector<Case> faulty;        // called with faults
+    std::vector<Case> digest;        // for the comparison of results between builds
+    std::string notUnderstood;       // why not, or empty
 };
 
 const Plan& planOf(const Member& member);
