@@ -48,6 +48,26 @@ TEST_F(SseRegister, LeavesMasksAndModesAloneAndKeepsTheFlagsThatWereRaised) {
     EXPECT_EQ(_mm_getcsr(), 0x1f80u | 0x4000u | flushToZero | denormalsAreZero | inexact);
 }
 
+TEST_F(SseRegister, QuietGuardMasksExceptionsAndTakesBackOnlyTheFlagsItRaised) {
+    constexpr Orb32u invalidUnmasked = 0x1f00, overflowRaised = 0x08, inexact = 0x20, invalid = 0x01;
+    volatile float minusOne = -1;
+    _mm_setcsr(invalidUnmasked | 0x2000 | overflowRaised);
+    {
+        const SseQuiet guard;
+        EXPECT_EQ(_mm_getcsr(), 0x1f80u | 0x2000u | overflowRaised);
+        volatile float root = _mm_cvtss_f32(_mm_sqrt_ss(_mm_set_ss(minusOne))); // would trap without the guard
+        EXPECT_NE(root, root);
+        third();
+        EXPECT_EQ(_mm_getcsr() & 0x3fu, overflowRaised | inexact | invalid);
+    }
+    EXPECT_EQ(_mm_getcsr(), invalidUnmasked | 0x2000u | overflowRaised);
+    {
+        const SseQuiet guard(SseRounding::nearest);
+        EXPECT_EQ(third(), 0x1.555556p-2f);
+    }
+    EXPECT_EQ(_mm_getcsr(), invalidUnmasked | 0x2000u | overflowRaised);
+}
+
 Orb32u x87Word() {
     Orb16u word;
     asm volatile("fnstcw %0" : "=m"(word));

@@ -36,6 +36,30 @@ private:
     bool changed_;
 };
 
+// SSE exceptions masked for the guard's life, and the rounding as told or the caller's. The register comes back as it
+// was: with it the caller's mask, and of the sticky flags those that were set before. Flags are only ever added, so the
+// ones raised meanwhile are all that this clears.
+class SseQuiet {
+public:
+    SseQuiet() : SseQuiet(_mm_getcsr() & _MM_ROUND_MASK) {}
+    explicit SseQuiet(SseRounding::Mode mode) : SseQuiet(Orb32u{mode}) {}
+    ~SseQuiet() {
+        keepArithmeticInPlace();
+        if (_mm_getcsr() != earlier_) _mm_setcsr(earlier_);
+    }
+    SseQuiet(const SseQuiet&) = delete;
+    SseQuiet& operator=(const SseQuiet&) = delete;
+
+private:
+    explicit SseQuiet(Orb32u rounding) : earlier_(_mm_getcsr()) {
+        const Orb32u quiet = (earlier_ & ~Orb32u{_MM_ROUND_MASK}) | rounding | _MM_MASK_MASK;
+        if (quiet != earlier_) _mm_setcsr(quiet);
+        keepArithmeticInPlace();
+    }
+
+    Orb32u earlier_;
+};
+
 // x87 in extended precision, rounding to nearest or toward zero, for the guard's life.
 class X87Control {
 public:
