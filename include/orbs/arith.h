@@ -15,15 +15,19 @@ ORBS_DECLARATIONS_BEGIN
  * the result is a NaN, and which payload it has is not fixed. All members may be called from any number of threads on
  * different data. */
 
-/* ---- Add -----------------------------------------------------------------------------------------------------
- * pDst[n] = pSrc1[n] + pSrc2[n]; the _I and _ISfs forms: pSrcDst[n] += pSrc[n]; n = 0 to len - 1.
+/* ---- Add, AddC -----------------------------------------------------------------------------------------------
+ * Add: pDst[n] = pSrc1[n] + pSrc2[n]; the _I and _ISfs forms: pSrcDst[n] += pSrc[n]; n = 0 to len - 1.
+ * AddC: pDst[n] = pSrc[n] + val; the _I and _ISfs forms: pSrcDst[n] += val.
  *
  * Integers saturate: _16s, _16u and _32u without scale, and _16s32s_I to 32 bits; the _Sfs forms follow the scale
  * rule. _8u16u and _16s32f are exact. Floats are one IEEE addition under the caller's rounding mode, with NaN and
- * infinity as usual. Complex members add the parts independently.
- * The complex members test len before the pointers, and double len in 32 bits without a check.
- * The _16u_Sfs forms spread over threads from 8192 elements (4096 for a scale factor above 0), the _16u_ISfs forms
- * from twice that, with the same results. */
+ * infinity as usual, but for AddC_32f and AddC_64f (and their _I forms) with a val of 0, -0 or NaN: they copy pSrc as
+ * it is. Complex members add the parts independently.
+ * The complex members of Add test len before the pointers, and double len in 32 bits without a check. AddC_16u_Sfs and
+ * AddC_16u_ISfs do not look at pSrc where the result does not depend on it (a scale factor above 17; one below -15 with
+ * a val other than 0): a null there is no error.
+ * The _16u_Sfs forms of Add spread over threads from 8192 elements (4096 for a scale factor above 0), the _16u_ISfs
+ * forms and AddC from twice that, with the same results. */
 OrbStatus orbsAdd_8u_Sfs(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb8u* pDst, int len, int scaleFactor);
 OrbStatus orbsAdd_8u_ISfs(const Orb8u* pSrc, Orb8u* pSrcDst, int len, int scaleFactor);
 OrbStatus orbsAdd_8u16u(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb16u* pDst, int len);
@@ -51,6 +55,100 @@ OrbStatus orbsAdd_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, in
 OrbStatus orbsAdd_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
 OrbStatus orbsAdd_64fc(const Orb64fc* pSrc1, const Orb64fc* pSrc2, Orb64fc* pDst, int len);
 OrbStatus orbsAdd_64fc_I(const Orb64fc* pSrc, Orb64fc* pSrcDst, int len);
+OrbStatus orbsAddC_8u_Sfs(const Orb8u* pSrc, Orb8u val, Orb8u* pDst, int len, int scaleFactor);
+OrbStatus orbsAddC_8u_ISfs(Orb8u val, Orb8u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsAddC_16u_Sfs(const Orb16u* pSrc, Orb16u val, Orb16u* pDst, int len, int scaleFactor);
+OrbStatus orbsAddC_16u_ISfs(Orb16u val, Orb16u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsAddC_16s_I(Orb16s val, Orb16s* pSrcDst, int len);
+OrbStatus orbsAddC_16s_Sfs(const Orb16s* pSrc, Orb16s val, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsAddC_16s_ISfs(Orb16s val, Orb16s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsAddC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc val, Orb16sc* pDst, int len, int scaleFactor);
+OrbStatus orbsAddC_16sc_ISfs(Orb16sc val, Orb16sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsAddC_32s_Sfs(const Orb32s* pSrc, int val, Orb32s* pDst, int len, int scaleFactor);
+OrbStatus orbsAddC_32s_ISfs(int val, Orb32s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsAddC_32sc_Sfs(const Orb32sc* pSrc, Orb32sc val, Orb32sc* pDst, int len, int scaleFactor);
+OrbStatus orbsAddC_32sc_ISfs(Orb32sc val, Orb32sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsAddC_32f(const Orb32f* pSrc, Orb32f val, Orb32f* pDst, int len);
+OrbStatus orbsAddC_32f_I(Orb32f val, Orb32f* pSrcDst, int len);
+OrbStatus orbsAddC_32fc(const Orb32fc* pSrc, Orb32fc val, Orb32fc* pDst, int len);
+OrbStatus orbsAddC_32fc_I(Orb32fc val, Orb32fc* pSrcDst, int len);
+OrbStatus orbsAddC_64f(const Orb64f* pSrc, Orb64f val, Orb64f* pDst, int len);
+OrbStatus orbsAddC_64f_I(Orb64f val, Orb64f* pSrcDst, int len);
+OrbStatus orbsAddC_64fc(const Orb64fc* pSrc, Orb64fc val, Orb64fc* pDst, int len);
+OrbStatus orbsAddC_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
+
+/* ---- Sub, SubC, SubCRev --------------------------------------------------------------------------------------
+ * Sub: pDst[n] = pSrc2[n] - pSrc1[n], the second minus the first; the _I and _ISfs forms: pSrcDst[n] -= pSrc[n].
+ * SubC: pDst[n] = pSrc[n] - val; the _I and _ISfs forms: pSrcDst[n] -= val.
+ * SubCRev: pDst[n] = val - pSrc[n]; the _I and _ISfs forms: pSrcDst[n] = val - pSrcDst[n].
+ *
+ * As Add in rounding, saturation (an unsigned difference below 0 is 0), NaN and the order of the tests. SubC_32f and
+ * SubC_64f (and their _I forms) with a val of 0, -0 or NaN copy pSrc as it is; SubCRev always computes. The _16u forms
+ * spread over threads from 8192 elements (Sub_16u_Sfs), 16384 or 32768, with the same results. */
+OrbStatus orbsSub_8u_Sfs(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb8u* pDst, int len, int scaleFactor);
+OrbStatus orbsSub_8u_ISfs(const Orb8u* pSrc, Orb8u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSub_16u_Sfs(const Orb16u* pSrc1, const Orb16u* pSrc2, Orb16u* pDst, int len, int scaleFactor);
+OrbStatus orbsSub_16u_ISfs(const Orb16u* pSrc, Orb16u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSub_16s(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len);
+OrbStatus orbsSub_16s_I(const Orb16s* pSrc, Orb16s* pSrcDst, int len);
+OrbStatus orbsSub_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsSub_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSub_16sc_Sfs(const Orb16sc* pSrc1, const Orb16sc* pSrc2, Orb16sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSub_16sc_ISfs(const Orb16sc* pSrc, Orb16sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSub_16s32f(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb32f* pDst, int len);
+OrbStatus orbsSub_32s_Sfs(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pDst, int len, int scaleFactor);
+OrbStatus orbsSub_32s_ISfs(const Orb32s* pSrc, Orb32s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSub_32sc_Sfs(const Orb32sc* pSrc1, const Orb32sc* pSrc2, Orb32sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSub_32sc_ISfs(const Orb32sc* pSrc, Orb32sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSub_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
+OrbStatus orbsSub_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
+OrbStatus orbsSub_32fc(const Orb32fc* pSrc1, const Orb32fc* pSrc2, Orb32fc* pDst, int len);
+OrbStatus orbsSub_32fc_I(const Orb32fc* pSrc, Orb32fc* pSrcDst, int len);
+OrbStatus orbsSub_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);
+OrbStatus orbsSub_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
+OrbStatus orbsSub_64fc(const Orb64fc* pSrc1, const Orb64fc* pSrc2, Orb64fc* pDst, int len);
+OrbStatus orbsSub_64fc_I(const Orb64fc* pSrc, Orb64fc* pSrcDst, int len);
+OrbStatus orbsSubC_8u_Sfs(const Orb8u* pSrc, Orb8u val, Orb8u* pDst, int len, int scaleFactor);
+OrbStatus orbsSubC_8u_ISfs(Orb8u val, Orb8u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubC_16u_Sfs(const Orb16u* pSrc, Orb16u val, Orb16u* pDst, int len, int scaleFactor);
+OrbStatus orbsSubC_16u_ISfs(Orb16u val, Orb16u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubC_16s_I(Orb16s val, Orb16s* pSrcDst, int len);
+OrbStatus orbsSubC_16s_Sfs(const Orb16s* pSrc, Orb16s val, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsSubC_16s_ISfs(Orb16s val, Orb16s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc val, Orb16sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSubC_16sc_ISfs(Orb16sc val, Orb16sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubC_32s_Sfs(const Orb32s* pSrc, int val, Orb32s* pDst, int len, int scaleFactor);
+OrbStatus orbsSubC_32s_ISfs(int val, Orb32s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubC_32sc_Sfs(const Orb32sc* pSrc, Orb32sc val, Orb32sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSubC_32sc_ISfs(Orb32sc val, Orb32sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubC_32f(const Orb32f* pSrc, Orb32f val, Orb32f* pDst, int len);
+OrbStatus orbsSubC_32f_I(Orb32f val, Orb32f* pSrcDst, int len);
+OrbStatus orbsSubC_32fc(const Orb32fc* pSrc, Orb32fc val, Orb32fc* pDst, int len);
+OrbStatus orbsSubC_32fc_I(Orb32fc val, Orb32fc* pSrcDst, int len);
+OrbStatus orbsSubC_64f(const Orb64f* pSrc, Orb64f val, Orb64f* pDst, int len);
+OrbStatus orbsSubC_64f_I(Orb64f val, Orb64f* pSrcDst, int len);
+OrbStatus orbsSubC_64fc(const Orb64fc* pSrc, Orb64fc val, Orb64fc* pDst, int len);
+OrbStatus orbsSubC_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
+OrbStatus orbsSubCRev_8u_Sfs(const Orb8u* pSrc, Orb8u val, Orb8u* pDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_8u_ISfs(Orb8u val, Orb8u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_16u_Sfs(const Orb16u* pSrc, Orb16u val, Orb16u* pDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_16u_ISfs(Orb16u val, Orb16u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_16s_Sfs(const Orb16s* pSrc, Orb16s val, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_16s_ISfs(Orb16s val, Orb16s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_16sc_Sfs(const Orb16sc* pSrc, Orb16sc val, Orb16sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_16sc_ISfs(Orb16sc val, Orb16sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_32s_Sfs(const Orb32s* pSrc, int val, Orb32s* pDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_32s_ISfs(int val, Orb32s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_32sc_Sfs(const Orb32sc* pSrc, Orb32sc val, Orb32sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_32sc_ISfs(Orb32sc val, Orb32sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSubCRev_32f(const Orb32f* pSrc, Orb32f val, Orb32f* pDst, int len);
+OrbStatus orbsSubCRev_32f_I(Orb32f val, Orb32f* pSrcDst, int len);
+OrbStatus orbsSubCRev_32fc(const Orb32fc* pSrc, Orb32fc val, Orb32fc* pDst, int len);
+OrbStatus orbsSubCRev_32fc_I(Orb32fc val, Orb32fc* pSrcDst, int len);
+OrbStatus orbsSubCRev_64f(const Orb64f* pSrc, Orb64f val, Orb64f* pDst, int len);
+OrbStatus orbsSubCRev_64f_I(Orb64f val, Orb64f* pSrcDst, int len);
+OrbStatus orbsSubCRev_64fc(const Orb64fc* pSrc, Orb64fc val, Orb64fc* pDst, int len);
+OrbStatus orbsSubCRev_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
 
 /* ---- MulPack, MulPerm, MulPackConj ---------------------------------------------------------------------------
  * The product, bin by bin, of two packed spectra of real signals of len samples (orbs/spectra.h tells the layouts):

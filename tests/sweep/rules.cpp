@@ -156,6 +156,8 @@ struct NullRule {
     bool (*when)(const Case&) = [](const Case&) { return true; };
 };
 const NullRule nullRules[] = {
+    // The result does not depend on it.
+    {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                                      // that part is zero then
     {{"FFT(Fwd|Inv)_.*", "pBuffer"}},                                          // the call takes one of its own
     {{"FFTInit_.*", "pMemInit"}, [](const Case& c) { return c.order <= 10; }}, // not needed
@@ -245,7 +247,7 @@ const CaseRule caseRules[] = {
     {{".*", ""},
      lengthsUpTo(70),
      lengths({4099, 40007}),
-     lengths({9, 40007}),
+     lengths({9, 9, 9, 40007}),
      lengthsUpTo(70) + lengths({4095, 4096, 8191, 8192, 16383, 16384, 40007}, 5)},
 };
 

@@ -1,0 +1,154 @@
+// The integer result rule of all scaled primitives on vectors: r * 2^-scaleFactor, rounded to nearest with ties to
+// even, then saturated.
+#pragma once
+
+#include "foundation/scale.h"
+#include "foundation/vectors.h"
+
+#include <limits>
+
+namespace orbs {
+
+// ---- Exact results that do not fit the lanes of their type. Those that do are plain vectors. ----
+
+// One bit more: r = 2 * half + odd, odd being 0 or 1.
+template <class V>
+struct Halved {
+    V half, odd;
+};
+// Lanes of twice the width, in the order that packing a pair of vectors undoes. With `room`, 2^(s-1) can be added to
+// any result without overflow, s being the largest scale factor that does not give zeros.
+template <class V, bool room = true>
+struct Pair {
+    V lower, upper;
+};
+
+template <class D>
+using Wide = hn::RepartitionToWide<D>;
+
+// Two vectors of T widened lane by lane.
+template <class D, class V>
+auto widened(D d, V v) {
+    using T = hn::TFromD<D>;
+    const Wide<D> wide;
+    if constexpr (std::is_signed_v<T>) {
+        const V sign = hn::BroadcastSignBit(v);
+        return Pair{hn::BitCast(wide, hn::InterleaveLower(d, v, sign)),
+                    hn::BitCast(wide, hn::InterleaveUpper(d, v, sign))};
+    } else {
+        const V zero = hn::Zero(d);
+        return Pair{hn::BitCast(wide, hn::InterleaveLower(d, v, zero)),
+                    hn::BitCast(wide, hn::InterleaveUpper(d, v, zero))};
+    }
+}
+
+// The saturated pair, back in one vector. Unsigned results lie below the highest signed one.
+template <class D, class V>
+auto packed(D d, V lower, V upper) {
+    using T = hn::TFromD<D>;
+#if HWY_TARGET == HWY_AVX2
+    if constexpr (sizeof(T) == 1) {
+        return hn::VFromD<D>{_mm256_packus_epi16(lower.raw, upper.raw)};
+    } else if constexpr (std::is_signed_v<T>) {
+        return hn::VFromD<D>{_mm256_packs_epi32(lower.raw, upper.raw)};
+    } else {
+        return hn::VFromD<D>{_mm256_packus_epi32(lower.raw, upper.raw)};
+    }
+#else
+    if constexpr (sizeof(T) == 1) {
+        return hn::VFromD<D>{_mm_packus_epi16(lower.raw, upper.raw)};
+    } else if constexpr (std::is_signed_v<T>) {
+        return hn::VFromD<D>{_mm_packs_epi32(lower.raw, upper.raw)};
+    } else {
+        const auto middle = hn::Set(hn::DFromV<V>(), 0x8000);
+        const auto moved = _mm_packs_epi32(hn::Sub(lower, middle).raw, hn::Sub(upper, middle).raw);
+        return hn::Xor(hn::VFromD<D>{moved}, hn::Set(d, T{0x8000}));
+    }
+#endif
+}
+
+// ---- Scale factor 0 ----
+
+template <class D, class V>
+V saturated(D d, Halved<V> r) {
+    constexpr Orb32s lowest = std::numeric_limits<Orb32s>::min(), highest = std::numeric_limits<Orb32s>::max();
+    const V exact = hn::Or(hn::ShiftLeft<1>(r.half), r.odd);
+    const V capped = hn::IfThenElse(hn::Gt(r.half, hn::Set(d, highest / 2)), hn::Set(d, highest), exact);
+    return hn::IfThenElse(hn::Lt(r.half, hn::Set(d, lowest / 2)), hn::Set(d, lowest), capped);
+}
+template <class D, class V, bool room>
+auto saturated(D d, Pair<V, room> r) {
+    return packed(d, r.lower, r.upper);
+}
+
+// ---- Above 0: 2^-s ----
+
+// (v + odd / 2) * 2^-shift. What is cut off goes up where it exceeds one half, or equals it and the quotient is odd.
+template <class D, class V>
+V rounded(D d, V v, V odd, int shift) {
+    using Bits = std::make_unsigned_t<hn::TFromD<D>>;
+    const hn::Rebind<Bits, D> bits;
+    const V one = hn::Set(d, 1);
+    const V quotient = hn::ShiftRightSame(v, shift);
+    const auto cut = hn::And(hn::BitCast(bits, v), hn::Set(bits, static_cast<Bits>((std::uint64_t{1} << shift) - 1)));
+    const auto tie = hn::Set(bits, static_cast<Bits>(std::uint64_t{1} << (shift - 1)));
+    const auto oddOrMore = hn::BitCast(bits, hn::And(hn::Or(odd, quotient), one));
+    if constexpr (sizeof(Bits) <= 2) {
+        const auto beyond = hn::SaturatedSub(hn::SaturatedAdd(cut, oddOrMore), tie);
+        return hn::Add(quotient, hn::BitCast(d, hn::Min(beyond, hn::BitCast(bits, one))));
+    } else {
+        const auto beyond = hn::BitCast(d, hn::Add(hn::Sub(cut, tie), oddOrMore));
+        return hn::Sub(quotient, hn::VecFromMask(d, hn::Gt(beyond, hn::Zero(d))));
+    }
+}
+template <class D, class V>
+V rounded(D d, V v, int scaleFactor) {
+    return rounded(d, v, hn::Zero(d), scaleFactor);
+}
+template <class D, class V>
+V rounded(D d, Halved<V> r, int scaleFactor) {
+    if (scaleFactor == 1) return hn::Add(r.half, hn::And(r.odd, r.half));
+    return rounded(d, r.half, r.odd, scaleFactor - 1);
+}
+template <class D, class V, bool room>
+auto rounded(D d, Pair<V, room> r, int scaleFactor) {
+    const hn::DFromV<V> wide;
+    const auto part = [=](V v) HWY_ATTR {
+        if constexpr (room) {
+            const V parity = hn::And(hn::ShiftRightSame(v, scaleFactor), hn::Set(wide, 1));
+            const V half = hn::Set(wide, static_cast<hn::TFromV<V>>((1 << (scaleFactor - 1)) - 1));
+            return hn::ShiftRightSame(hn::Add(hn::Add(v, half), parity), scaleFactor);
+        } else {
+            return rounded(wide, v, scaleFactor);
+        }
+    };
+    return packed(d, part(r.lower), part(r.upper));
+}
+
+// ---- Below 0: what is saturated first stays saturated ----
+
+template <class D, class V>
+V shiftedLeft(D d, V fits, int shift) {
+    const V shifted = hn::ShiftLeftSame(fits, shift);
+    const auto same = hn::Eq(hn::ShiftRightSame(shifted, shift), fits);
+    if constexpr (std::is_signed_v<hn::TFromD<D>>) {
+        const V highest = hn::Set(d, std::numeric_limits<hn::TFromD<D>>::max());
+        return hn::IfThenElse(same, shifted, hn::Xor(hn::BroadcastSignBit(fits), highest));
+    } else {
+        return hn::Or(shifted, hn::Not(hn::VecFromMask(d, same)));
+    }
+}
+
+// Shifted so far that only the sign is left: an extreme of the type, or 0.
+template <class D, class V>
+V bySign(D d, V fits) {
+    const auto zero = hn::Eq(fits, hn::Zero(d));
+    if constexpr (std::is_signed_v<hn::TFromD<D>>) {
+        const V highest = hn::Set(d, std::numeric_limits<hn::TFromD<D>>::max());
+        return hn::IfThenZeroElse(zero, hn::Xor(hn::BroadcastSignBit(fits), highest));
+    } else {
+        return hn::Not(hn::VecFromMask(d, zero));
+    }
+}
+
+} // namespace orbs
