@@ -60,6 +60,14 @@ int sourceOffset(const Case& c) {
 int destinationOffset(const Case& c) {
     return c.turn / 3 % 8;
 }
+// As long as the fields that pSrcBitsLen, the second argument, is filled with.
+std::size_t packedBytes(const Case& c) {
+    std::vector<Orb32s> lengths(static_cast<std::size_t>(c.n));
+    fillElements<Orb32s>(lengths.data(), lengths.size(), static_cast<std::uint64_t>(c.turn) + 7);
+    int bits = 0;
+    for (Orb32s length : lengths) bits += std::clamp(length, 0, 32);
+    return bitsAsBytes(destinationOffset(c), bits);
+}
 
 #define COUNT(expression)                                                                                              \
     [](const Case& c [[maybe_unused]], const std::string& kind [[maybe_unused]]) -> std::size_t {                      \
@@ -78,6 +86,8 @@ const VectorRule vectorRules[] = {
     // Bit strings; what surrounds the bits stays.
     {{"Copy_1u", "pSrc"}, COUNT(bitsAsBytes(sourceOffset(c), c.n))},
     {{"Copy_1u", "pDst"}, COUNT(bitsAsBytes(destinationOffset(c), c.n)), Use::update},
+    {{"PackBits_.*", "pDst"}, COUNT(packedBytes(c)), Use::update}, // the bits before the offset stay
+    {{"PackBits_.*", "pDstBitLen"}, COUNT(1)},
     // CCS: half the spectrum and the middle.
     {{"ConjCcs_.*", "pSrc"}, COUNT(c.n / 2 + 1)},
     {{"FFTFwd_RToCCS_.*", "pDst|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
@@ -92,7 +102,7 @@ const VectorRule vectorRules[] = {
     {{"FIRInit[\\d_].*", "pBuffer"}, COUNT(firStateSize(c, kind)), Use::scratch},
     {{"FIR.*", "pTaps|pTapsQ15|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal|pTapsFactor|pBufferSize"}, COUNT(1)},
-    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im)?"}, COUNT(c.n)},
+    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
 
 // ---- Numbers ----
@@ -116,11 +126,15 @@ struct NumberRule {
 
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
-    {{".*", "len|lenDst|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{".*", "len|lenDst|srcLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, scaleFactor},
+    {{"[LR]ShiftC_.*", "val"},
+     oneOf<0, 1, 3, 7, 8, 9, 15, 16, 17, 31, 32, 100, INT_MAX>,
+     {NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsShiftErr},
     {{".*", "val|src"}, nullptr},
     {{"Copy_1u", "srcBitOffset"}, sourceOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
-    {{"Copy_1u", "dstBitOffset"}, destinationOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"Copy_1u|PackBits_.*", "dstBitOffset"}, destinationOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"FFT.*", "order"},
      NUMBER(c.order),
      {NUMBER(-1), NUMBER(31), NUMBER(INT_MIN), NUMBER(INT_MAX)},
@@ -191,6 +205,7 @@ struct OrderRule {
 const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
+    {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},

@@ -121,6 +121,21 @@ OrbStatus elementwiseParallel(Op op, int len, int scaleFactor, ScaleCuts cuts, P
     return orbStsNoErr;
 }
 
+// ---- Members with a wider result ----
+
+// The exact result in wider lanes, or converted to single precision.
+template <class Op>
+struct Widened {
+    template <class D, class V>
+    static auto result(D d, V a, V b) {
+        if constexpr (std::is_floating_point_v<hn::TFromD<D>>) {
+            return hn::ConvertTo(d, result(hn::RebindToSigned<D>(), a, b));
+        } else {
+            return Op::withRoom(hn::PromoteTo(d, a), hn::PromoteTo(d, b));
+        }
+    }
+};
+
 // ---- Members with a constant operand ----
 
 template <class T>
@@ -137,18 +152,18 @@ OrbStatus filled(int byte, T* pDst, int len) {
     return orbStsNoErr;
 }
 
-// Op(val, v): the constant is the first operand.
+// Op(val, v...): the constant is the first operand.
 template <class Op, class Real>
 struct WithConstant {
     hn::Vec<hn::ScalableTag<Real>> val;
 
-    template <class D, class V>
-    auto result(D d, V v) const {
-        return Op::result(d, val, v);
+    template <class D, class... V>
+    auto result(D d, V... v) const {
+        return Op::result(d, val, v...);
     }
-    template <class D, class V>
-    auto exact(D d, V v) const {
-        return Op::exact(d, val, v);
+    template <class D, class... V>
+    auto exact(D d, V... v) const {
+        return Op::exact(d, val, v...);
     }
 };
 

@@ -44,7 +44,7 @@ auto widened(D d, V v) {
 
 // The saturated pair, back in one vector. Unsigned results lie below the highest signed one.
 template <class D, class V>
-auto packed(D d, V lower, V upper) {
+auto packed([[maybe_unused]] D d, V lower, V upper) {
     using T = hn::TFromD<D>;
 #if HWY_TARGET == HWY_AVX2
     if constexpr (sizeof(T) == 1) {

@@ -72,19 +72,6 @@ struct ReverseDifference {
     }
 };
 
-// The exact result in wider lanes, or converted to single precision.
-template <class Op>
-struct Widened {
-    template <class D, class V>
-    static auto result(D d, V a, V b) {
-        if constexpr (std::is_floating_point_v<hn::TFromD<D>>) {
-            return hn::ConvertTo(d, result(hn::RebindToSigned<D>(), a, b));
-        } else {
-            return Op::withRoom(hn::PromoteTo(d, a), hn::PromoteTo(d, b));
-        }
-    }
-};
-
 // Complex members: the real primitive over twice the length.
 template <class Op, class C>
 OrbStatus complexBinary(const C* pSrc1, const C* pSrc2, C* pDst, int len) {
