@@ -27,6 +27,9 @@ T randomElement(Random& random) {
         using Real = decltype(T::re);
         const Real re = randomElement<Real>(random);
         return {re, randomElement<Real>(random)};
+    } else if constexpr (requires(T t) { t.b; }) { // 24 bits: the upper ones of 32, which keep the extremes
+        const auto v = static_cast<Orb32u>(randomElement<Orb32s>(random));
+        return {{static_cast<Orb8u>(v >> 8), static_cast<Orb8u>(v >> 16), static_cast<Orb8u>(v >> 24)}};
     } else if constexpr (std::is_floating_point_v<T>) {
         return static_cast<T>(static_cast<double>(static_cast<std::int64_t>(random()) >> 11) * 0x1p-52);
     } else {
