@@ -250,11 +250,19 @@ OrbStatus orbsMulC_Low_32f16s(const Orb32f* pSrc, Orb32f val, Orb16s* pDst, int 
  *
  * Real bins (the first, and with len even that of half the sampling rate) are one multiplication. A complex bin is
  *   re = re1*re2 - im1*im2, im = re1*im2 + im1*re2;  MulPackConj: re = re1*re2 + im1*im2, im = re1*im2 - im1*re2,
- * each product rounded to the type, then the sum; NaN and infinity as usual. pDst may be a source. */
+ * each product rounded to the type, then the sum; NaN and infinity as usual. pDst may be a source.
+ *
+ * The _16s members do not follow the scale rule: a scaleFactor above 0 shifts the exact result right and cuts off, that
+ * is, rounds down, and then saturates; the count is limited to 31 for complex bins and taken modulo 32 for real ones. One
+ * below 0 saturates to 16 bits, shifts left by the count modulo 32, and saturates again. */
+OrbStatus orbsMulPack_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsMulPack_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor);
 OrbStatus orbsMulPack_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
 OrbStatus orbsMulPack_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
 OrbStatus orbsMulPack_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);
 OrbStatus orbsMulPack_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
+OrbStatus orbsMulPerm_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsMulPerm_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor);
 OrbStatus orbsMulPerm_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
 OrbStatus orbsMulPerm_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
 OrbStatus orbsMulPerm_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);

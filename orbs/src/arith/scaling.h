@@ -97,8 +97,10 @@ V rounded(D d, V v, V odd, int shift) {
         const auto beyond = hn::SaturatedSub(hn::SaturatedAdd(cut, oddOrMore), tie);
         return hn::Add(quotient, hn::BitCast(d, hn::Min(beyond, hn::BitCast(bits, one))));
     } else {
-        const auto beyond = hn::BitCast(d, hn::Add(hn::Sub(cut, tie), oddOrMore));
-        return hn::Sub(quotient, hn::VecFromMask(d, hn::Gt(beyond, hn::Zero(d))));
+        const hn::RebindToSigned<D> difference;
+        const auto beyond = hn::BitCast(difference, hn::Add(hn::Sub(cut, tie), oddOrMore));
+        const auto up = hn::VecFromMask(difference, hn::Gt(beyond, hn::Zero(difference)));
+        return hn::Sub(quotient, hn::BitCast(d, up));
     }
 }
 template <class D, class V>
@@ -107,8 +109,15 @@ V rounded(D d, V v, int scaleFactor) {
 }
 template <class D, class V>
 V rounded(D d, Halved<V> r, int scaleFactor) {
-    if (scaleFactor == 1) return hn::Add(r.half, hn::And(r.odd, r.half));
-    return rounded(d, r.half, r.odd, scaleFactor - 1);
+    if (scaleFactor > 1) return rounded(d, r.half, r.odd, scaleFactor - 1);
+    // A difference may round up to one more than its type holds.
+    const V up = hn::And(r.odd, r.half);
+    if constexpr (sizeof(hn::TFromD<D>) <= 2) {
+        return hn::SaturatedAdd(r.half, up);
+    } else {
+        const auto highest = hn::Eq(r.half, hn::Set(d, std::numeric_limits<hn::TFromD<D>>::max()));
+        return hn::Add(r.half, hn::IfThenZeroElse(highest, up));
+    }
 }
 template <class D, class V, bool room>
 auto rounded(D d, Pair<V, room> r, int scaleFactor) {
