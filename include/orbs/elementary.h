@@ -6,6 +6,53 @@
 
 ORBS_DECLARATIONS_BEGIN
 
+/* Order of the tests of every member: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr). Any alignment will
+ * do. A destination may be its source where the types are equal; other overlaps are not supported. All members may be
+ * called from any number of threads on different data.
+ *
+ * Errors are given in ulp, the distance of the floats around the exact result; docs/accuracy.md tells how they were
+ * measured. The results have the same bits in every build of the library. */
+
+/* ---- Ln ------------------------------------------------------------------------------------------------------
+ * Natural logarithms: pDst[n] = ln pSrc[n]; the _I and _ISfs forms work on pSrcDst; n = 0 to len - 1.
+ *
+ * An argument that is zero or negative has a result of its own, told below, and the call goes on and returns a warning:
+ * orbStsLnZeroArg or orbStsLnNegArg, whichever kind of argument comes first.
+ *
+ * _32f, _32f_I: at most 2 from the nearest float (worst case 1.95 ulp, close to 1). +0 gives -infinity; what has its
+ * sign bit set, -0 and negative NaNs included, counts as negative and gives the NaN 0xffc00000; +infinity and positive
+ * NaNs come back as they are.
+ * _64f, _64f_I: worst case 0.77 ulp. There is no NaN or infinity among the results: zero, what has its sign bit set,
+ * +infinity and NaN give +0.0, the first two with their warnings. Subnormals up to 2^-1042 count as zeros.
+ * _64f32f: the same logarithm, rounded once more to a float, but zeros give -infinity, negative arguments the NaN
+ * 0xffc00000, and +infinity and positive NaNs +infinity.
+ *
+ * Integers. What is zero or negative gives the least value of the result type.
+ * Scale factor 0 and above: _16s gives the integer nearest to ln x * 2^-scaleFactor; _32s and _32s16s the integer nearest
+ * to ln x, shifted right by scaleFactor without rounding: 10 gives 2 with scale factor 0 and 1 with 1.
+ * Scale factor below 0: ln x * 2^-scaleFactor, computed in single precision as by _32f, rounded to nearest and
+ * saturated. */
+OrbStatus orbsLn_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsLn_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsLn_32s_Sfs(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor);
+OrbStatus orbsLn_32s_ISfs(Orb32s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsLn_32s16s_Sfs(const Orb32s* pSrc, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsLn_32f(const Orb32f* pSrc, Orb32f* pDst, int len);
+OrbStatus orbsLn_32f_I(Orb32f* pSrcDst, int len);
+OrbStatus orbsLn_64f(const Orb64f* pSrc, Orb64f* pDst, int len);
+OrbStatus orbsLn_64f_I(Orb64f* pSrcDst, int len);
+OrbStatus orbsLn_64f32f(const Orb64f* pSrc, Orb32f* pDst, int len);
+
+/* ---- 10Log10 -------------------------------------------------------------------------------------------------
+ * Decibels of a power: pDst[n] = 10 * log10 pSrc[n], with the warnings of Ln and its results for zero and for negative
+ * arguments.
+ *
+ * Scale factor 0 and above: the nearest integer (but 9 of 7, whose logarithm is 8.45), shifted right by scaleFactor
+ * without rounding. Scale factor below 0: the logarithm in single precision, as by Ln_32f, times 4.3429446 *
+ * 2^-scaleFactor, rounded to nearest and saturated. */
+OrbStatus orbs10Log10_32s_Sfs(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor);
+OrbStatus orbs10Log10_32s_ISfs(Orb32s* pSrcDst, int len, int scaleFactor);
+
 ORBS_DECLARATIONS_END
 
 #endif

@@ -1,0 +1,53 @@
+// The shape of the elementary functions: a loop that never branches on data, and another, slower one for blocks with
+// an element that the first cannot take.
+//
+//   struct Operation {
+//       isOdd(d, x)    mask of the elements that usual does not handle
+//       usual(d, x)    the result for the others
+//       result(d, x)   the result for all
+//   };
+// where d describes the lanes of the result.
+#pragma once
+
+#include "arith/elementwise.h"
+
+namespace orbs {
+
+constexpr std::size_t elementaryBlock = 256;
+
+template <class R, class Op, class S>
+HWY_INLINE bool anyOdd(Op op, std::size_t len, const S* src) {
+    const hn::ScalableTag<R> d;
+    constexpr std::size_t lanes = hn::MaxLanes(d);
+    const auto oddLanes = [=](auto one, std::size_t n)
+                              HWY_ATTR { return op.isOdd(one, hn::LoadU(hn::Rebind<S, decltype(one)>(), src + n)); };
+    auto odd = hn::FirstN(d, 0);
+    std::size_t n = 0;
+    for (; n + lanes <= len; n += lanes) odd = hn::Or(odd, oddLanes(d, n));
+    bool any = !hn::AllFalse(d, odd);
+    for (const hn::CappedTag<R, 1> one; n < len; ++n) any |= !hn::AllFalse(one, oddLanes(one, n));
+    return any;
+}
+
+template <class Op, class R, class S>
+void elementaryKernel(Op op, std::size_t len, R* dst, const S* src) {
+    for (std::size_t n = 0; n < len; n += elementaryBlock) {
+        const std::size_t count = std::min(elementaryBlock, len - n);
+        if (HWY_UNLIKELY(anyOdd<R>(op, count, src + n))) {
+            mapVectors<1>(
+                count, [=](auto d, auto x) HWY_ATTR { return op.result(d, x); }, dst + n, src + n);
+        } else {
+            mapVectors<4>(
+                count, [=](auto d, auto x) HWY_ATTR { return op.usual(d, x); }, dst + n, src + n);
+        }
+    }
+}
+
+template <class Op, class R, class S>
+OrbStatus elementary(Op op, int len, R* pDst, const S* pSrc) {
+    if (const OrbStatus status = checkVectors(len, pDst, pSrc)) return status;
+    elementaryKernel(op, static_cast<std::size_t>(len), pDst, pSrc);
+    return orbStsNoErr;
+}
+
+} // namespace orbs

@@ -1,0 +1,106 @@
+// Members over one vector, driven by what their own type tells: element types, in place or not, scaled or not.
+#pragma once
+
+#include "orbs.h"
+#include "support/data.h"
+#include "support/guarded.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace elementary {
+
+template <class S, class R>
+struct Call {
+    std::vector<R> y;
+    OrbStatus status;
+};
+
+// The results for all of x, at the end of guarded pages.
+template <class S, class R, class... Scale>
+Call<S, R> call(OrbStatus (*member)(const S*, R*, int, Scale...), const std::vector<S>& x,
+                std::type_identity_t<Scale>... scaleFactor) {
+    support::Guarded<S> src(x.size(), support::Edge::begin);
+    support::Guarded<R> dst(x.size());
+    std::copy(x.begin(), x.end(), src.begin());
+    const OrbStatus status = member(src.data(), dst.data(), static_cast<int>(x.size()), scaleFactor...);
+    EXPECT_TRUE(dst.intact());
+    return {{dst.begin(), dst.end()}, status};
+}
+template <class T, class... Scale>
+Call<T, T> call(OrbStatus (*member)(T*, int, Scale...), const std::vector<T>& x,
+                std::type_identity_t<Scale>... scaleFactor) {
+    support::Guarded<T> srcDst(x.size());
+    std::copy(x.begin(), x.end(), srcDst.begin());
+    const OrbStatus status = member(srcDst.data(), static_cast<int>(x.size()), scaleFactor...);
+    EXPECT_TRUE(srcDst.intact());
+    return {{srcDst.begin(), srcDst.end()}, status};
+}
+
+// Element by element the value of the rule, bit by bit.
+template <class Member, class S, class Rule, class... Scale>
+void expectRule(Member member, const std::vector<S>& x, Rule rule, Scale... scaleFactor) {
+    const auto got = call(member, x, scaleFactor...);
+    for (std::size_t n = 0; n < x.size(); ++n) {
+        const auto want = rule(x[n], scaleFactor...);
+        ASSERT_TRUE(support::sameBits(&got.y[n], &want, 1))
+            << "x = " << x[n] << ": " << got.y[n] << ", not " << want
+            << ::testing::PrintToString(std::make_tuple(scaleFactor...));
+    }
+}
+
+template <class T>
+std::vector<T> everyValue() {
+    std::vector<T> x;
+    for (int v = std::numeric_limits<T>::min(); v <= std::numeric_limits<T>::max(); ++v) x.push_back(static_cast<T>(v));
+    return x;
+}
+
+template <class T, class Bits>
+T fromBits(Bits bits) {
+    static_assert(sizeof(T) == sizeof(Bits));
+    T t;
+    std::memcpy(&t, &bits, sizeof t);
+    return t;
+}
+
+// Every k-th bit pattern of T from `first` to `last`, in random order of the low bits.
+template <class T, class Bits>
+std::vector<T> patterns(Bits first, Bits last, std::size_t count) {
+    support::Random random(count);
+    std::vector<T> x{fromBits<T>(first), fromBits<T>(last)};
+    std::uniform_int_distribution<Bits> any(first, last);
+    while (x.size() < count) x.push_back(fromBits<T>(any(random)));
+    return x;
+}
+
+// The distance of y from the exact value, in units of the spacing of T there. 0 where both are the same infinity or
+// NaN.
+template <class T>
+double ulps(T y, long double exact) {
+    if (static_cast<T>(exact) == y || (exact != exact && y != y)) {
+        if (!std::isfinite(y)) return 0;
+    }
+    using Limits = std::numeric_limits<T>;
+    int exponent;
+    std::frexp(exact, &exponent);
+    const int lowest = Limits::min_exponent - Limits::digits;
+    return static_cast<double>(std::fabs(y - exact) / std::ldexp(1.0L, std::max(exponent - Limits::digits, lowest)));
+}
+
+template <class Member, class T, class Exact>
+double worst(Member member, const std::vector<T>& x, Exact exact) {
+    const auto got = call(member, x);
+    double most = 0;
+    for (std::size_t n = 0; n < x.size(); ++n) {
+        const double error = ulps(got.y[n], exact(static_cast<long double>(x[n])));
+        if (!(error <= most)) most = error;
+    }
+    return most;
+}
+
+} // namespace elementary
