@@ -23,7 +23,9 @@ T* buffer(std::size_t which) {
     std::uniform_real_distribution<float> uniform(-100, 100);
     for (int n = 0; n < sizes[1]; ++n) {
         if constexpr (requires { data->re; }) {
-            data[n] = {uniform(random), uniform(random)};
+            using Part = decltype(data->re);
+            const auto re = static_cast<Part>(uniform(random));
+            data[n] = {re, static_cast<Part>(uniform(random))};
         } else {
             data[n] = static_cast<T>(static_cast<int>(uniform(random)));
         }

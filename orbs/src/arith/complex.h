@@ -49,13 +49,29 @@ auto signOfIm(D d) {
     return hn::OddEven(hn::Set(d, hn::TFromD<D>{-0.0}), hn::Zero(d));
 }
 
+// a - b in even lanes, a + b in odd ones.
+template <std::size_t N>
+hn::Vec128<Orb32f, N> subAdd(hn::Vec128<Orb32f, N> a, hn::Vec128<Orb32f, N> b) {
+    return hn::Vec128<Orb32f, N>{_mm_addsub_ps(a.raw, b.raw)};
+}
+template <std::size_t N>
+hn::Vec128<Orb64f, N> subAdd(hn::Vec128<Orb64f, N> a, hn::Vec128<Orb64f, N> b) {
+    return hn::Vec128<Orb64f, N>{_mm_addsub_pd(a.raw, b.raw)};
+}
+#if HWY_TARGET <= HWY_AVX2
+inline hn::Vec256<Orb32f> subAdd(hn::Vec256<Orb32f> a, hn::Vec256<Orb32f> b) {
+    return hn::Vec256<Orb32f>{_mm256_addsub_ps(a.raw, b.raw)};
+}
+inline hn::Vec256<Orb64f> subAdd(hn::Vec256<Orb64f> a, hn::Vec256<Orb64f> b) {
+    return hn::Vec256<Orb64f>{_mm256_addsub_pd(a.raw, b.raw)};
+}
+#endif
+
 // (re1*re2 - im1*im2, re1*im2 + im1*re2), each product rounded.
 struct ComplexProduct {
     template <class D, class V>
     static V of(D d, V a, V b) {
-        const V byRe = hn::Mul(hn::DupEven(a), b);
-        const V byIm = hn::Mul(hn::DupOdd(a), hn::Reverse2(d, b));
-        return hn::Add(byRe, hn::Xor(byIm, signOfRe(d)));
+        return subAdd(hn::Mul(hn::DupEven(a), b), hn::Mul(hn::DupOdd(a), hn::Reverse2(d, b)));
     }
 };
 

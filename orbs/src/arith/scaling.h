@@ -83,10 +83,24 @@ auto saturated(D d, Pair<V, room> r) {
 
 // ---- Above 0: 2^-s ----
 
+// (v + odd / 2) * 2^-shift, for Orb16s and a shift of 2 and more: a multiplication that rounds halves up, of v less 1
+// where the quotient is even, so that halves go down there. The odd bit counts as more than nothing, in the last place.
+template <class D, class V>
+V roundedByProduct(D d, V v, V odd, int shift) {
+    const V x = hn::Or(v, odd);
+    const auto even = hn::Gt(hn::ShiftLeftSame(x, 15 - shift), hn::Set(d, -1));
+    const V below = hn::SaturatedAdd(x, hn::VecFromMask(d, even));
+    return hn::MulFixedPoint15(below, hn::Set(d, static_cast<Orb16s>(1 << (15 - shift))));
+}
+
 // (v + odd / 2) * 2^-shift. What is cut off goes up where it exceeds one half, or equals it and the quotient is odd.
 template <class D, class V>
 V rounded(D d, V v, V odd, int shift) {
-    using Bits = std::make_unsigned_t<hn::TFromD<D>>;
+    using T = hn::TFromD<D>;
+    using Bits = std::make_unsigned_t<T>;
+    if constexpr (std::is_same_v<T, Orb16s>) {
+        if (shift >= 2) return roundedByProduct(d, v, odd, shift);
+    }
     const hn::Rebind<Bits, D> bits;
     const V one = hn::Set(d, 1);
     const V quotient = hn::ShiftRightSame(v, shift);
