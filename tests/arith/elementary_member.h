@@ -68,7 +68,12 @@ T fromBits(Bits bits) {
     return t;
 }
 
-// Every k-th bit pattern of T from `first` to `last`, in random order of the low bits.
+template <class Bits, class T>
+Bits asBits(T t) {
+    return fromBits<Bits>(t);
+}
+
+// The numbers with the bit patterns `first` and `last`, and random ones with patterns in between.
 template <class T, class Bits>
 std::vector<T> patterns(Bits first, Bits last, std::size_t count) {
     support::Random random(count);

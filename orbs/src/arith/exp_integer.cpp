@@ -1,0 +1,166 @@
+// Exp of integers. Between the arguments whose results are 0 and those that saturate lie a few: a call computes these
+// results, and looks them up.
+#include "arith/elementwise.h"
+#include "arith/quad.h"
+#include "orbs/elementary.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+
+namespace {
+
+using namespace orbs;
+
+// e^x = significand * 2^(exponent - 63), the significand with its top bit set; for all x whose e^x is neither 0 nor
+// infinite in double precision. What is behind the 64 bits is cut off: so every cut of fewer bits is exact.
+constexpr int leastArgument = -745, greatestArgument = 709;
+struct Powers {
+    static constexpr std::size_t count = greatestArgument - leastArgument + 1;
+    std::array<Orb64u, count> significand{};
+    std::array<Orb16s, count> exponent{};
+
+    constexpr void set(int x, Quad value, int exponentOfValue) {
+        significand[static_cast<std::size_t>(x - leastArgument)] = static_cast<Orb64u>(value * 0x1p63);
+        exponent[static_cast<std::size_t>(x - leastArgument)] = static_cast<Orb16s>(exponentOfValue);
+    }
+};
+constexpr Powers powers = [] {
+    Powers all;
+    const Quad e = quadExp(1);
+    Quad value = 1; // in 1 to 2
+    int exponent = 0;
+    for (int x = 0; x <= greatestArgument; ++x, value *= e) {
+        for (; value >= 2; value /= 2) ++exponent;
+        all.set(x, value, exponent);
+    }
+    value = 1;
+    exponent = 0;
+    for (int x = 0; x >= leastArgument; --x, value /= e) {
+        for (; value < 1; value *= 2) --exponent;
+        all.set(x, value, exponent);
+    }
+    return all;
+}();
+
+// 2 * e^x * 2^-scaleFactor without its fraction; the greatest integer if it is too large. Both factors are those of
+// double precision: 0 and infinite beyond its range, and 0 times infinity is 0.
+constexpr Orb64u halves(Orb64s x, int scaleFactor) {
+    constexpr Orb64u greatest = std::numeric_limits<Orb64u>::max();
+    if (x < leastArgument || scaleFactor > 1074) return 0;
+    if (x > greatestArgument || scaleFactor < -1023) return greatest;
+    const auto at = static_cast<std::size_t>(x - leastArgument);
+    const int exponent = powers.exponent[at] - scaleFactor;
+    return exponent < -1 ? 0 : exponent > 62 ? greatest : powers.significand[at] >> (62 - exponent);
+}
+
+enum class Fraction { roundedHalfUp, cut };
+
+// The results of `size` arguments from `first` on; those below give 0 and those above the greatest T.
+template <class T, std::size_t size>
+struct Window {
+    int first;
+    alignas(16) std::array<T, size> results;
+
+    Window(int scaleFactor, Fraction fraction) {
+        // One below the least argument with a result, (scaleFactor - 1) * ln 2 at least; and not so far up that
+        // infinite results come to lie below it.
+        first = std::min(((std::clamp(scaleFactor, -1024, 1075) - 1) * 45426 >> 16) - 1,
+                         greatestArgument + 2 - static_cast<int>(size));
+        if (scaleFactor < -1023) first = leastArgument - 1;
+        for (std::size_t k = 0; k < size; ++k) {
+            const Orb64u twice = halves(first + static_cast<int>(k), scaleFactor);
+            const Orb64u result = twice / 2 + (fraction == Fraction::roundedHalfUp ? twice % 2 : 0);
+            results[k] = static_cast<T>(std::min<Orb64u>(result, std::numeric_limits<T>::max()));
+        }
+    }
+};
+
+// 16 results are a vector of their low bytes and one of their high bytes.
+void exponentialsKernel(const Orb16s* src, Orb16s* dst, std::size_t len, int scaleFactor) {
+    constexpr int count = 16;
+    const Window<Orb16s, count> window(scaleFactor, Fraction::roundedHalfUp);
+    alignas(16) Orb8u low[count], high[count];
+    for (std::size_t k = 0; k < count; ++k) {
+        low[k] = static_cast<Orb8u>(window.results[k]);
+        high[k] = static_cast<Orb8u>(window.results[k] >> 8);
+    }
+    const int first = window.first;
+    mapVectors<2>(
+        len,
+        [first, &low, &high](auto d, auto x) HWY_ATTR {
+            const hn::Repartition<Orb8u, decltype(d)> bytes;
+            const auto k = hn::Min(hn::SaturatedSub(x, hn::Set(d, first)), hn::Set(d, count - 1));
+            // The upper byte of each index asks for a zero.
+            const auto index = hn::BitCast(bytes, hn::Or(hn::Max(k, hn::Zero(d)), hn::Set(d, -0x8000)));
+            const auto lookUp = [&](const Orb8u* table) HWY_ATTR {
+                return hn::BitCast(d, hn::TableLookupBytesOr0(hn::LoadDup128(bytes, table), index));
+            };
+            return hn::Or(lookUp(low), hn::ShiftLeft<8>(lookUp(high)));
+        },
+        dst, src);
+}
+
+void exponentialsKernel(const Orb32s* src, Orb32s* dst, std::size_t len, int scaleFactor) {
+    constexpr int count = 28;
+    const Window<Orb32s, count> window(scaleFactor, Fraction::roundedHalfUp);
+    mapVectors<2>(
+        len,
+        [&window](auto d, auto x) HWY_ATTR {
+            const auto least = hn::Set(d, window.first), greatest = hn::Set(d, window.first + count - 1);
+            const auto k = hn::Min(hn::Max(x, least), greatest) - least;
+            return hn::GatherIndex(d, window.results.data(), k);
+        },
+        dst, src);
+}
+
+// Scale factors -1, 0 and 1: the sign is that of the low 16 bits, which alone choose the result below 45. Other scale
+// factors: the fraction is cut off.
+void exponentialsKernel(const Orb64s* src, Orb64s* dst, std::size_t len, int scaleFactor) {
+    constexpr Orb64s greatest = std::numeric_limits<Orb64s>::max();
+    if (scaleFactor < -1 || scaleFactor > 1) {
+        constexpr int count = 48;
+        const Window<Orb64s, count> window(scaleFactor, Fraction::cut);
+        const Orb64s first = window.first;
+        for (std::size_t n = 0; n < len; ++n)
+            dst[n] = window.results[static_cast<std::size_t>(std::clamp(src[n], first, first + count - 1) - first)];
+        return;
+    }
+    constexpr Orb16s end = 45;
+    Orb64s results[end + 1]; // of e^x rounded to an integer first, but for the one that does not fit
+    for (Orb16s x = 0; x <= end; ++x) {
+        const Orb64u twice = halves(x, 0), rounded = std::min<Orb64u>(twice / 2 + twice % 2, greatest);
+        const Orb64u half = x == 44 ? 6425800057179654138 : (rounded + 1) / 2;
+        results[x] = static_cast<Orb64s>(scaleFactor > 0    ? (x == end ? greatest : half)
+                                         : scaleFactor == 0 ? rounded
+                                                            : std::min<Orb64u>(2 * rounded, greatest));
+    }
+    const Orb64s ofMinusOne = scaleFactor < 0;
+    for (std::size_t n = 0; n < len; ++n) {
+        const Orb64s x = src[n];
+        const auto low = static_cast<Orb16s>(x);
+        dst[n] = x >= end ? greatest : x == -1 ? ofMinusOne : low < 0 ? 0 : results[std::min(low, end)];
+    }
+}
+
+template <class T>
+OrbStatus exponentials(const T* pSrc, T* pDst, int len, int scaleFactor) {
+    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    exponentialsKernel(pSrc, pDst, static_cast<std::size_t>(len), scaleFactor);
+    return orbStsNoErr;
+}
+
+} // namespace
+
+// clang-format off
+extern "C" {
+
+OrbStatus orbsExp_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor) { return exponentials(pSrc, pDst, len, scaleFactor); }
+OrbStatus orbsExp_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor) { return exponentials(pSrcDst, pSrcDst, len, scaleFactor); }
+OrbStatus orbsExp_32s_Sfs(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor) { return exponentials(pSrc, pDst, len, scaleFactor); }
+OrbStatus orbsExp_32s_ISfs(Orb32s* pSrcDst, int len, int scaleFactor) { return exponentials(pSrcDst, pSrcDst, len, scaleFactor); }
+OrbStatus orbsExp_64s_Sfs(const Orb64s* pSrc, Orb64s* pDst, int len, int scaleFactor) { return exponentials(pSrc, pDst, len, scaleFactor); }
+OrbStatus orbsExp_64s_ISfs(Orb64s* pSrcDst, int len, int scaleFactor) { return exponentials(pSrcDst, pSrcDst, len, scaleFactor); }
+
+}
