@@ -132,6 +132,8 @@ const NumberRule numberRules[] = {
      oneOf<0, 1, 3, 7, 8, 9, 15, 16, 17, 31, 32, 100, INT_MAX>,
      {NUMBER(-1), NUMBER(INT_MIN)},
      orbStsShiftErr},
+    {{"DivC_(8|16).*", "val"}, oneOf<1, 2, 0x3fff9, 7, 0x70005, 201>, {NUMBER(0)}, orbStsDivByZeroErr},
+    {{"DivC_.*", "val"}, nullptr, {NUMBER(0)}, orbStsDivByZeroErr},
     {{".*", "val|src"}, nullptr},
     {{"Copy_1u", "srcBitOffset"}, sourceOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"Copy_1u|PackBits_.*", "dstBitOffset"}, destinationOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
@@ -171,6 +173,7 @@ struct NullRule {
 };
 const NullRule nullRules[] = {
     // The result does not depend on it.
+    {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                                      // that part is zero then
     {{"FFT(Fwd|Inv)_.*", "pBuffer"}},                                          // the call takes one of its own
@@ -206,6 +209,7 @@ const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
+    {{"DivC_.*", ""}, {"*", "val"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},

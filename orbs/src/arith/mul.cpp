@@ -17,19 +17,6 @@ constexpr ScaleCuts cuts16s32s{.zeroAbove = 30, .boundFrom = -31};
 constexpr ParallelFrom from16u{.zero = 8192, .negative = 8192, .positive = 8192};
 constexpr ParallelFrom from16uElsewhere{.zero = 16384, .negative = 8192, .positive = 8192};
 
-// Half the product, which is odd if anything was cut off.
-template <class Op>
-struct RoundedToOdd : Op {
-    template <class D, class V>
-    static auto exact(D d, V a, V b) {
-        auto r = Op::exact(d, a, b);
-        const auto one = hn::Set(Wide<D>(), 1);
-        r.lower = hn::Or(hn::ShiftRight<1>(r.lower), hn::And(r.lower, one));
-        r.upper = hn::Or(hn::ShiftRight<1>(r.upper), hn::And(r.upper, one));
-        return r;
-    }
-};
-
 // From a scale factor of 17 on, 32 bits have no room for what rounding adds to the product. One thread does these.
 template <class Op, class HalvedOp, class... S>
 OrbStatus product16u(Op op, HalvedOp halved, int len, int scaleFactor, ParallelFrom from, Orb16u* pDst,

@@ -62,6 +62,20 @@ struct Product {
     }
 };
 
+// Half the product, which is odd if anything was cut off: from a scale factor of 17 on, 32 bits have no room for what
+// rounding adds to the product of two Orb16u.
+template <class Op>
+struct RoundedToOdd : Op {
+    template <class D, class... V>
+    static auto exact(D d, V... v) {
+        auto r = Op::exact(d, v...);
+        const auto one = hn::Set(Wide<D>(), 1);
+        r.lower = hn::Or(hn::ShiftRight<1>(r.lower), hn::And(r.lower, one));
+        r.upper = hn::Or(hn::ShiftRight<1>(r.upper), hn::And(r.upper, one));
+        return r;
+    }
+};
+
 // Orb16u by Orb16s.
 struct MixedProduct {
     template <class D, class U, class V>

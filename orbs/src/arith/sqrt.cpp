@@ -1,0 +1,124 @@
+// Sqrt: the root of each element, of integers times 2^-scaleFactor. 64-bit integers and complex elements stand in files
+// of their own.
+#include "arith/elementwise.h"
+#include "arith/nearest.h"
+#include "arith/warning.h"
+#include "orbs/roots.h"
+
+namespace {
+
+using namespace orbs;
+
+// ---- Integers x >= 0 in 32-bit lanes: the nearest integer to the root times factor = 2^-scaleFactor, ties to even
+// ----
+
+// As single precision has it: right where no root but an exact one comes as close to a tie as 2^-24 of itself.
+struct Nearest {
+    float factor;
+
+    template <class D, class V>
+    auto operator()(D d, V x) const {
+        return nearestInt32(hn::Mul(hn::Sqrt(hn::ConvertTo(d, x)), hn::Set(d, factor)));
+    }
+};
+
+// The integer below, or the nearest already: one is added if the root lies beyond the middle to the next, whose square
+// is root * (root + 1) + 1/4. Where that wraps, the result saturates.
+struct Exact {
+    float factor;
+    int scaleFactor;
+
+    template <class D, class V>
+    auto operator()(D d, V x) const {
+        const hn::RebindToUnsigned<D> bits;
+        const auto square = hn::BitCast(bits, x);
+        const auto root = hn::BitCast(bits, truncatedInt32(hn::Mul(hn::Sqrt(hn::ConvertTo(d, x)), hn::Set(d, factor))));
+        const auto middle = hn::Mul(root, hn::Add(root, hn::Set(bits, 1)));
+        const auto beyond = [&] {
+            if (scaleFactor <= 0) return hn::Gt(hn::ShiftLeftSame(square, -2 * scaleFactor), middle);
+            const auto quarter = hn::Set(bits, 1u << (2 * scaleFactor - 2));
+            const auto exactMiddle = hn::Add(hn::ShiftLeftSame(middle, 2 * scaleFactor), quarter);
+            return hn::Gt(square,
+                          hn::Sub(exactMiddle, hn::And(root, hn::Set(bits, 1)))); // from an odd root a tie goes up
+        }();
+        return hn::BitCast(hn::RebindToSigned<D>(), hn::Sub(root, hn::VecFromMask(bits, beyond)));
+    }
+};
+
+// A negative element gives 0; true if there is one.
+template <class Root, class S, class R>
+bool roots(Root root, const S* src, R* dst, std::size_t len) {
+    const SseQuiet quiet(SseRounding::nearest);
+    bool negative = false;
+    forEachVector<Orb32f>(len, [&](auto d, std::size_t n) HWY_ATTR {
+        const hn::RebindToSigned<decltype(d)> whole;
+        auto x = loadWhole(d, src + n);
+        if constexpr (std::is_signed_v<S>) {
+            negative |= !hn::AllFalse(whole, hn::Lt(x, hn::Zero(whole)));
+            x = hn::Max(x, hn::Zero(whole));
+        }
+        storeWhole(d, root(d, x), dst + n);
+    });
+    return negative;
+}
+
+// Beyond the cuts every root rounds to 0, or saturates unless it is 0, so the cuts themselves stand for all of it.
+template <class S, class R>
+OrbStatus roots(const S* pSrc, R* pDst, int len, int scaleFactor, ScaleCuts cuts, Parallel parallel) {
+    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    return withWarning(orbStsSqrtNegArg, len, parallel, [=](std::size_t first, std::size_t count) {
+        const int s = std::clamp(scaleFactor, cuts.boundFrom, cuts.zeroAbove + 1);
+        const bool farFromTies = sizeof(S) == 1 || (sizeof(S) == 2 && s >= 0);
+        const float factor = powerOfTwo<float>(-s);
+        if (farFromTies || s == cuts.boundFrom || s > cuts.zeroAbove)
+            return roots(Nearest{factor}, pSrc + first, pDst + first, count);
+        return roots(Exact{factor, s}, pSrc + first, pDst + first, count);
+    });
+}
+
+// ---- Floats: a set sign bit warns, but for -0 ----
+
+template <class T>
+bool roots(const T* src, T* dst, std::size_t len) {
+    const SseQuiet quiet;
+    bool negative = false;
+    const auto root = [&negative](auto d, auto x) HWY_ATTR {
+        const hn::RebindToSigned<decltype(d)> bits;
+        const auto sign = hn::BitCast(bits, hn::SignBit(d)), v = hn::BitCast(bits, x);
+        negative |= !hn::AllFalse(bits, hn::And(hn::Lt(v, hn::Zero(bits)), hn::Ne(v, sign)));
+        return hn::Sqrt(x);
+    };
+    mapVectors<4>(len, root, dst, src);
+    return negative;
+}
+template <class T>
+OrbStatus roots(const T* pSrc, T* pDst, int len, Parallel parallel) {
+    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    return withWarning(orbStsSqrtNegArg, len, parallel,
+                       [=](std::size_t first, std::size_t count) { return roots(pSrc + first, pDst + first, count); });
+}
+
+constexpr ScaleCuts cuts8u{.zeroAbove = 4, .boundFrom = -8};
+constexpr ScaleCuts cuts16u{.zeroAbove = 8, .boundFrom = -16};
+constexpr ScaleCuts cuts16s{.zeroAbove = 8, .boundFrom = -15};
+constexpr ScaleCuts cuts32s16s{.zeroAbove = 16, .boundFrom = -15};
+
+} // namespace
+
+// clang-format off
+extern "C" {
+
+OrbStatus orbsSqrt_8u_Sfs(const Orb8u* pSrc, Orb8u* pDst, int len, int scaleFactor) { return roots(pSrc, pDst, len, scaleFactor, cuts8u, {2048}); }
+OrbStatus orbsSqrt_8u_ISfs(Orb8u* pSrcDst, int len, int scaleFactor) { return roots(pSrcDst, pSrcDst, len, scaleFactor, cuts8u, {2048}); }
+OrbStatus orbsSqrt_16u_Sfs(const Orb16u* pSrc, Orb16u* pDst, int len, int scaleFactor) { return roots(pSrc, pDst, len, scaleFactor, cuts16u, {2048}); }
+OrbStatus orbsSqrt_16u_ISfs(Orb16u* pSrcDst, int len, int scaleFactor) { return roots(pSrcDst, pSrcDst, len, scaleFactor, cuts16u, {2048}); }
+OrbStatus orbsSqrt_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor) { return roots(pSrc, pDst, len, scaleFactor, cuts16s, {2048}); }
+OrbStatus orbsSqrt_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor) { return roots(pSrcDst, pSrcDst, len, scaleFactor, cuts16s, {2048}); }
+OrbStatus orbsSqrt_32s16s_Sfs(const Orb32s* pSrc, Orb16s* pDst, int len, int scaleFactor) { return roots(pSrc, pDst, len, scaleFactor, cuts32s16s, {1024}); }
+OrbStatus orbsSqrt_32f(const Orb32f* pSrc, Orb32f* pDst, int len) { return roots(pSrc, pDst, len, {4096}); }
+OrbStatus orbsSqrt_32f_I(Orb32f* pSrcDst, int len) { return roots(pSrcDst, pSrcDst, len, {4096}); }
+OrbStatus orbsSqrt_64f(const Orb64f* pSrc, Orb64f* pDst, int len) { return roots(pSrc, pDst, len, {512}); }
+OrbStatus orbsSqrt_64f_I(Orb64f* pSrcDst, int len) { return roots(pSrcDst, pSrcDst, len, {512}); }
+
+}
+// clang-format on

@@ -1,0 +1,103 @@
+// Sqrt of complex elements: the root with a real part that is not negative, in double precision.
+#include "arith/elementwise.h"
+#include "arith/nearest.h"
+#include "arith/warning.h"
+#include "orbs/roots.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+using namespace orbs;
+
+// With m = |z|, the larger part is the root of (m + |re|) / 2 in magnitude, and the smaller |im| / 2 over the larger:
+// nothing cancels. The larger one is real if re >= 0.
+template <class D, class V>
+Planes<V> complexRoot(D d, Planes<V> z) {
+    const V x = hn::Abs(z.re), y = hn::Abs(z.im), half = hn::Set(d, 0.5);
+    const V m = hn::Sqrt(hn::Add(hn::Mul(x, x), hn::Mul(y, y)));
+    const V larger = hn::Sqrt(hn::Mul(hn::Add(m, x), half));
+    const auto asIs = hn::Or(hn::Eq(larger, hn::Zero(d)), hn::Eq(y, hn::Inf(d)));
+    const V smaller = hn::IfThenElse(asIs, y, hn::Div(hn::Mul(y, half), larger));
+    const auto left = hn::Lt(z.re, hn::Zero(d));
+    return {hn::IfThenElse(left, smaller, larger), hn::CopySign(hn::IfThenElse(left, larger, smaller), z.im)};
+}
+
+// The core library is asked to make the x87 unit truncate, and then to take the earlier word back. Nothing here is
+// computed in that unit; it is what a core library of somebody else's expects of the scaled call.
+class X87Truncates {
+public:
+    X87Truncates() : earlier_(orb_set_rcpc_fpu(0xc00, 0xc00)) {}
+    ~X87Truncates() { orb_set_cw_fpu(earlier_); }
+    X87Truncates(const X87Truncates&) = delete;
+    X87Truncates& operator=(const X87Truncates&) = delete;
+
+private:
+    Orb32u earlier_;
+};
+
+void roots(const Orb16sc* src, Orb16sc* dst, std::size_t len, int scaleFactor) {
+    std::optional<X87Truncates> unused;
+    if (scaleFactor != 0) unused.emplace();
+    const SseQuiet quiet(SseRounding::nearest);
+    const auto factor = powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -64, 64)); // beyond, the rule gives the same
+    forEachVector<Orb64f>(len, [=](auto d, std::size_t n) HWY_ATTR {
+        const auto root = complexRoot(d, loadFloats(d, src + n));
+        const auto f = hn::Set(d, factor);
+        storeNearest(d, Planes{hn::Mul(root.re, f), hn::Mul(root.im, f)}, dst + n);
+    });
+}
+
+// The squares of single precision fit double precision.
+void roots(const Orb32fc* src, Orb32fc* dst, std::size_t len) {
+    const SseQuiet quiet;
+    forEachVector<Orb64f>(len, [=](auto d, std::size_t n) HWY_ATTR {
+        const hn::Rebind<Orb32f, decltype(d)> single;
+        hn::VFromD<decltype(single)> re, im;
+        hn::LoadInterleaved2(single, asReal(src + n), re, im);
+        const auto root = complexRoot(d, Planes{hn::PromoteTo(d, re), hn::PromoteTo(d, im)});
+        hn::StoreInterleaved2(hn::DemoteTo(single, root.re), hn::DemoteTo(single, root.im), single, asReal(dst + n));
+    });
+}
+
+// Those of double precision do not: very large and very small elements are brought closer to 1 first.
+void roots(const Orb64fc* src, Orb64fc* dst, std::size_t len) {
+    const SseQuiet quiet;
+    forEachVector<Orb64f>(len, [=](auto d, std::size_t n) HWY_ATTR {
+        hn::VFromD<decltype(d)> re, im;
+        hn::LoadInterleaved2(d, asReal(src + n), re, im);
+        const auto peak = hn::Max(hn::Abs(re), hn::Abs(im));
+        const auto large = hn::Gt(peak, hn::Set(d, 0x1p500)), small = hn::Lt(peak, hn::Set(d, 0x1p-400));
+        const auto choose = [=](double ifLarge, double ifSmall) HWY_ATTR {
+            const auto otherwise = hn::IfThenElse(small, hn::Set(d, ifSmall), hn::Set(d, 1.0));
+            return hn::IfThenElse(large, hn::Set(d, ifLarge), otherwise);
+        };
+        const auto nearer = choose(0x1p-600, 0x1p600), back = choose(0x1p300, 0x1p-300);
+        const auto root = complexRoot(d, Planes{hn::Mul(re, nearer), hn::Mul(im, nearer)});
+        hn::StoreInterleaved2(hn::Mul(root.re, back), hn::Mul(root.im, back), d, asReal(dst + n));
+    });
+}
+
+template <class C, class... Scale>
+OrbStatus roots(const C* pSrc, C* pDst, int len, Parallel parallel, Scale... scaleFactor) {
+    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    return spread(len, parallel, [=](std::size_t first, std::size_t count) {
+        roots(pSrc + first, pDst + first, count, scaleFactor...);
+    });
+}
+
+} // namespace
+
+// clang-format off
+extern "C" {
+
+OrbStatus orbsSqrt_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, int len, int scaleFactor) { return roots(pSrc, pDst, len, {256}, scaleFactor); }
+OrbStatus orbsSqrt_16sc_ISfs(Orb16sc* pSrcDst, int len, int scaleFactor) { return roots(pSrcDst, pSrcDst, len, {256}, scaleFactor); }
+OrbStatus orbsSqrt_32fc(const Orb32fc* pSrc, Orb32fc* pDst, int len) { return roots(pSrc, pDst, len, {512}); }
+OrbStatus orbsSqrt_32fc_I(Orb32fc* pSrcDst, int len) { return roots(pSrcDst, pSrcDst, len, {512}); }
+OrbStatus orbsSqrt_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len) { return roots(pSrc, pDst, len, {64}); }
+OrbStatus orbsSqrt_64fc_I(Orb64fc* pSrcDst, int len) { return roots(pSrcDst, pSrcDst, len, {64}); }
+
+}
+// clang-format on
