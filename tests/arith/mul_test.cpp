@@ -179,7 +179,7 @@ TEST(Mul, ByARealConstant) {
 TEST(MulC, RoundsFloatsToIntegers) {
     std::vector<Orb32f> a = support::randomVector<Orb32f>(333);
     for (Orb32f& x : a) x *= 40000.0f;
-    for (const Orb32f x : {0.5f, 1.5f, 2.5f, -0.5f, -1.5f, 32766.5f, 32767.5f, -32768.5f, 1e30f, -1e30f,
+    for (const Orb32f x : {0x1p-14f, 0.5f, 1.5f, 2.5f, -0.5f, -1.5f, 32766.5f, 32767.5f, -32768.5f, 1e30f, -1e30f,
                            std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity(),
                            std::numeric_limits<float>::quiet_NaN(), -std::numeric_limits<float>::quiet_NaN(), -0.0f})
         a.push_back(x);

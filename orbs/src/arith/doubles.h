@@ -24,7 +24,7 @@ private:
     auto part(D, V... v) const {
         const hn::Rebind<double, D> wide;
         const auto value = Op::value(hn::Set(wide, m), hn::PromoteTo(wide, v)...);
-        const auto fits = hn::Max(hn::Min(value, hn::Set(wide, 2147483647.0)), hn::Set(wide, -2147483648.0));
+        const auto fits = hn::Min(value, hn::Set(wide, 2147483647.0)); // what lies below becomes -2^31 by itself
         if constexpr (truncate) {
             return truncatedInt32(fits);
         } else {
