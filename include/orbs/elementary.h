@@ -80,6 +80,25 @@ OrbStatus orbsLn_64f32f(const Orb64f* pSrc, Orb32f* pDst, int len);
 OrbStatus orbs10Log10_32s_Sfs(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor);
 OrbStatus orbs10Log10_32s_ISfs(Orb32s* pSrcDst, int len, int scaleFactor);
 
+/* ---- Arctan --------------------------------------------------------------------------------------------------
+ * pDst[n] = arctan pSrc[n], in -pi/2 to pi/2; the _I forms work on pSrcDst; n = 0 to len - 1. The sign is that of the
+ * argument, that of zero included; infinities give the float nearest to pi/2 and a NaN a NaN.
+ * Worst case: _32f, _32f_I 0.92 ulp; _64f, _64f_I 0.61 ulp. */
+OrbStatus orbsArctan_32f(const Orb32f* pSrc, Orb32f* pDst, int len);
+OrbStatus orbsArctan_32f_I(Orb32f* pSrcDst, int len);
+OrbStatus orbsArctan_64f(const Orb64f* pSrc, Orb64f* pDst, int len);
+OrbStatus orbsArctan_64f_I(Orb64f* pSrcDst, int len);
+
+/* ---- Cubrt ---------------------------------------------------------------------------------------------------
+ * Cube roots with the sign of the argument, n = 0 to len - 1. There are no warnings.
+ *
+ * _32f: pDst[n] = cubrt pSrc[n], worst case 0.53 ulp; zeros and infinities come back as they are, and a NaN gives a NaN.
+ * _32s16s_Sfs: the root of pSrc[n], rounded to a float, in single precision, times 2^-scaleFactor, rounded to the
+ * nearest integer with ties to even and saturated. Of the magnitude of scaleFactor the low seven bits count: 128 and
+ * -128 are 0 again. */
+OrbStatus orbsCubrt_32f(const Orb32f* pSrc, Orb32f* pDst, int len);
+OrbStatus orbsCubrt_32s16s_Sfs(const Orb32s* pSrc, Orb16s* pDst, int len, int scaleFactor);
+
 ORBS_DECLARATIONS_END
 
 #endif

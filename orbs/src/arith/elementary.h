@@ -10,6 +10,7 @@
 #pragma once
 
 #include "arith/elementwise.h"
+#include "foundation/narrow.h"
 
 namespace orbs {
 
@@ -48,6 +49,22 @@ OrbStatus elementary(Op op, int len, R* pDst, const S* pSrc) {
     if (const OrbStatus status = checkVectors(len, pDst, pSrc)) return status;
     elementaryKernel(op, static_cast<std::size_t>(len), pDst, pSrc);
     return orbStsNoErr;
+}
+
+// dst[n] = f(src[n]) computed in lanes of 32 bits and saturated to those of R.
+template <class F, class R, class S>
+HWY_INLINE void mapInWords(std::size_t len, F f, R* dst, const S* src) {
+    forEachVector<R>(len, [=](auto d, std::size_t n) HWY_ATTR {
+        const auto wide = [=](auto words, std::size_t offset) HWY_ATTR {
+            const auto x = hn::LoadU(hn::Rebind<S, decltype(words)>(), src + n + offset);
+            if constexpr (sizeof(S) == sizeof(Orb32s)) {
+                return f(words, x);
+            } else {
+                return f(words, hn::PromoteTo(words, x));
+            }
+        };
+        hn::StoreU(narrowed(d, wide), d, dst + n);
+    });
 }
 
 } // namespace orbs

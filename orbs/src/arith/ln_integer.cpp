@@ -1,9 +1,8 @@
 // Ln and 10Log10 of integers: ladders of thresholds where the results are few, else the logarithm in single precision.
-#include "arith/elementwise.h"
+#include "arith/elementary.h"
 #include "arith/ln.h"
 #include "arith/quad.h"
 #include "foundation/control.h"
-#include "foundation/narrow.h"
 #include "foundation/rounding.h"
 #include "orbs/elementary.h"
 
@@ -159,17 +158,7 @@ OrbStatus logarithms(Op op, const S* pSrc, R* pDst, int len) {
     if constexpr (std::is_same_v<typename Op::Lane, R>) {
         mapVectors<2>(count, element, pDst, pSrc);
     } else {
-        forEachVector<R>(count, [=](auto d, std::size_t n) HWY_ATTR {
-            const auto wide = [=](auto dWide, std::size_t offset) HWY_ATTR {
-                const auto x = hn::LoadU(hn::Rebind<S, decltype(dWide)>(), pSrc + n + offset);
-                if constexpr (sizeof(S) == sizeof(Orb32s)) {
-                    return element(dWide, x);
-                } else {
-                    return element(dWide, hn::PromoteTo(dWide, x));
-                }
-            };
-            hn::StoreU(narrowed(d, wide), d, pDst + n);
-        });
+        mapInWords(count, element, pDst, pSrc);
     }
     return warning;
 }
