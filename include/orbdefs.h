@@ -93,6 +93,9 @@ enum {
 typedef Orb32s OrbHintAlgorithm;
 enum { orbAlgHintNone = 0, orbAlgHintFast = 1, orbAlgHintAccurate = 2 };
 
+/* Rounding of a conversion: toward zero, or to nearest with ties to even. */
+enum { orbRndZero = 0, orbRndNear = 1 };
+
 /* Which library this is; see orbsGetLibVersion. */
 typedef struct {
     Orb32s major;

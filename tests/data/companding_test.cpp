@@ -51,8 +51,8 @@ TEST(Laws, DecodeEveryCode) {
     const auto codes = everyValue<Orb8u>();
     expectMaps(orbsALawToLin_8u16s, codes, aLawToLinear);
     expectMaps(orbsMuLawToLin_8u16s, codes, muLawToLinear);
-    expectMaps(orbsALawToLin_8u32f, codes, [](Orb8u c) { return std::ldexp(float{aLawToLinear(c)}, -15); });
-    expectMaps(orbsMuLawToLin_8u32f, codes, [](Orb8u c) { return std::ldexp(float{muLawToLinear(c)}, -15); });
+    expectMaps(orbsALawToLin_8u32f, codes, [](Orb8u c) { return aLawToLinear(c) * 0x1p-15f; });
+    expectMaps(orbsMuLawToLin_8u32f, codes, [](Orb8u c) { return muLawToLinear(c) * 0x1p-15f; });
 }
 
 TEST(Laws, EncodeEverySample) {

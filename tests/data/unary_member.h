@@ -4,12 +4,15 @@
 #include "orbs.h"
 #include "support/data.h"
 #include "support/guarded.h"
+#include "support/rounding.h"
 
 #include <gtest/gtest.h>
 #include <ios>
 #include <vector>
 
 namespace unary_member {
+
+inline constexpr int roundingArguments[] = {orbRndZero, orbRndNear, 2, -1};
 
 template <class T>
 std::string shown(const T& t) {
@@ -40,23 +43,45 @@ void expectElements(const Dst* got, const Dst* want, const Src* src, std::size_t
                                            << ", at " << n << " of " << len;
 }
 
-// pDst[n] = rule(pSrc[n]), over all of src at once, and over short pieces of it between guard pages.
+// pDst[n] = rule(pSrc[n]), over all of src at once, and over short pieces of it between guard pages; called in the
+// rounding mode given.
 template <class Src, class Dst, class Rule, class... More>
-void expectMaps(OrbStatus (*member)(const Src*, Dst*, int, More...), const std::vector<Src>& src, Rule rule,
-                std::type_identity_t<More>... more) {
+void expectMapsInMode(Orb32u mode, OrbStatus (*member)(const Src*, Dst*, int, More...), const std::vector<Src>& src,
+                      Rule rule, std::type_identity_t<More>... more) {
+    const auto call = [=](const Src* from, Dst* to, std::size_t len) {
+        return support::inMode(mode, [=] { return member(from, to, static_cast<int>(len), more...); });
+    };
     std::vector<Dst> want, got(src.size());
     for (const Src& x : src) want.push_back(rule(x));
-    ASSERT_EQ(member(src.data(), got.data(), static_cast<int>(src.size()), more...), orbStsNoErr);
+    ASSERT_EQ(call(src.data(), got.data(), src.size()), orbStsNoErr);
     ASSERT_NO_FATAL_FAILURE(expectElements(got.data(), want.data(), src.data(), src.size()));
     for (std::size_t len = 1; len <= std::min<std::size_t>(70, src.size()); ++len) {
         const std::size_t at = len * 7919 % (src.size() - len + 1);
         support::Guarded<Src> piece(len);
         support::Guarded<Dst> dst(len);
         std::copy_n(src.begin() + static_cast<std::ptrdiff_t>(at), len, piece.begin());
-        ASSERT_EQ(member(piece.data(), dst.data(), static_cast<int>(len), more...), orbStsNoErr);
+        ASSERT_EQ(call(piece.data(), dst.data(), len), orbStsNoErr);
         ASSERT_NO_FATAL_FAILURE(expectElements(dst.data(), &want[at], piece.data(), len));
         ASSERT_TRUE(dst.intact());
     }
+}
+template <class Src, class Dst, class Rule, class... More>
+void expectMaps(OrbStatus (*member)(const Src*, Dst*, int, More...), const std::vector<Src>& src, Rule rule,
+                std::type_identity_t<More>... more) {
+    expectMapsInMode(_MM_ROUND_NEAREST, member, src, rule, more...);
+}
+
+// ---- Elements ----
+
+template <class T24>
+T24 packed24(Orb32s v) {
+    return {{static_cast<Orb8u>(v), static_cast<Orb8u>(v >> 8), static_cast<Orb8u>(v >> 16)}};
+}
+inline Orb32s valueOf(Orb24u t) {
+    return t.b[0] | t.b[1] << 8 | t.b[2] << 16;
+}
+inline Orb32s valueOf(Orb24s t) {
+    return (valueOf(Orb24u{{t.b[0], t.b[1], t.b[2]}}) ^ 0x800000) - 0x800000;
 }
 
 // Every value of a type of 8 or 16 bits.

@@ -58,7 +58,9 @@ bool hasResults(const Plan& plan) {
     if (!plan.member->signature->call || std::regex_match(std::string(plan.member->name), dependsOnThreads))
         return false;
     for (const Argument& a : plan.arguments)
-        if (a.type.kind == Kind::vector && (a.use == Use::destination || a.use == Use::update)) return true;
+        if ((a.type.kind == Kind::vector || a.type.kind == Kind::vectors) &&
+            (a.use == Use::destination || a.use == Use::update))
+            return true;
     return false;
 }
 

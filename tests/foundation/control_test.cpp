@@ -68,6 +68,30 @@ TEST_F(SseRegister, QuietGuardMasksExceptionsAndTakesBackOnlyTheFlagsItRaised) {
     EXPECT_EQ(_mm_getcsr(), invalidUnmasked | 0x2000u | overflowRaised);
 }
 
+TEST_F(SseRegister, ClearsFurtherBitsOnlyWhileTheModeIsSwitched) {
+    constexpr Orb32u denormalsAreZero = SseRounding::denormalsAreZero;
+    for (Orb32u callers : {0x0000u, 0x6000u}) {
+        _mm_setcsr(0x1f80u | callers | denormalsAreZero);
+        {
+            const SseRounding guard(SseRounding::nearest, denormalsAreZero);
+            EXPECT_EQ(_mm_getcsr() & denormalsAreZero, callers == 0 ? denormalsAreZero : 0);
+        }
+        EXPECT_EQ(_mm_getcsr(), 0x1f80u | callers | denormalsAreZero);
+    }
+}
+
+TEST_F(SseRegister, ComesBackWholeFromTheCoreLibraryIfTheModeWasSwitched) {
+    constexpr Orb32u inexact = 0x20;
+    for (Orb32u callers : {0x0000u, 0x6000u}) {
+        _mm_setcsr(0x1f80u | callers);
+        {
+            const CoreSseRounding guard(SseRounding::nearest);
+            EXPECT_EQ(third(), 0x1.555556p-2f);
+        }
+        EXPECT_EQ(_mm_getcsr(), 0x1f80u | callers | (callers == 0 ? inexact : 0));
+    }
+}
+
 Orb32u x87Word() {
     Orb16u word;
     asm volatile("fnstcw %0" : "=m"(word));

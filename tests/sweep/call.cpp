@@ -36,21 +36,31 @@ Call::~Call() {
 }
 
 void Call::place(std::size_t k) {
+    if (plan_.arguments[k].type.kind != Kind::vectors) {
+        values_[k] = placeVector(k);
+        return;
+    }
+    for (int n = 0; n < channels(case_); ++n) array_.push_back(placeVector(k));
+    values_[k] = array_.data();
+}
+
+unsigned char* Call::placeVector(std::size_t k) {
     const Argument& a = plan_.arguments[k];
     const std::size_t count = a.count ? a.count(case_, plan_.family.kind) : 1;
     const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 32;
     const std::size_t step = plan_.member->anyAlignment ? 1 : a.type.alignment;
-    areas_[k] = std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step);
-    unsigned char* bytes = areas_[k]->data();
+    areas_[k].push_back(std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step));
+    Area& area = *areas_[k].back();
+    unsigned char* bytes = area.data();
     std::memset(bytes, placement_.before, count * a.type.size);
     if (a.number) {
         const int held = a.number(case_);
         std::memcpy(bytes, &held, sizeof held);
     } else if (a.use == Use::source || a.use == Use::update) {
-        a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k);
+        a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k + 11 * (areas_[k].size() - 1));
     }
-    if (a.use == Use::source) areas_[k]->before.assign(areas_[k]->begin(), areas_[k]->end());
-    values_[k] = bytes;
+    if (a.use == Use::source) area.before.assign(area.begin(), area.end());
+    return bytes;
 }
 
 void Call::makeObject(std::size_t k) {
@@ -62,7 +72,7 @@ void Call::makeObject(std::size_t k) {
 
 void* Call::object() const {
     void* stored;
-    std::memcpy(&stored, areas_[0]->data(), sizeof stored);
+    std::memcpy(&stored, areas_[0][0]->data(), sizeof stored);
     return stored;
 }
 
@@ -77,8 +87,10 @@ void Call::spoil(const Fault& fault) {
         setNull(fault.argument);
         break;
     case Fault::value:
-        if (areas_[fault.argument]) {
-            std::memcpy(areas_[fault.argument]->data(), &bad, sizeof bad);
+        if (plan_.arguments[fault.argument].type.kind == Kind::vectors) {
+            array_[static_cast<std::size_t>(bad)] = nullptr;
+        } else if (!areas_[fault.argument].empty()) {
+            std::memcpy(areas_[fault.argument][0]->data(), &bad, sizeof bad);
         } else {
             values_[fault.argument] = bad;
         }
@@ -113,18 +125,19 @@ Call::Image Call::results() const {
 Call::Image Call::image(bool afterRefusal) const {
     Image all = maker_ ? maker_->image() : Image();
     for (std::size_t k = 0; k < areas_.size(); ++k)
-        if (areas_[k] && !(afterRefusal && plan_.arguments[k].refusalMayWrite))
-            all.insert(all.end(), areas_[k]->begin(), areas_[k]->end());
+        for (const auto& area : areas_[k])
+            if (!(afterRefusal && plan_.arguments[k].refusalMayWrite))
+                all.insert(all.end(), area->begin(), area->end());
     return all;
 }
 
 std::string Call::disturbed() const {
     for (std::size_t k = 0; k < areas_.size(); ++k) {
-        if (!areas_[k]) continue;
-        const Area& area = *areas_[k];
-        if (!area.intact()) return "wrote beside " + plan_.arguments[k].name;
-        if (!area.before.empty() && std::memcmp(area.before.data(), area.data(), area.size()) != 0)
-            return "changed " + plan_.arguments[k].name;
+        for (const auto& area : areas_[k]) {
+            if (!area->intact()) return "wrote beside " + plan_.arguments[k].name;
+            if (!area->before.empty() && std::memcmp(area->before.data(), area->data(), area->size()) != 0)
+                return "changed " + plan_.arguments[k].name;
+        }
     }
     return maker_ ? maker_->disturbed() : "";
 }

@@ -37,8 +37,8 @@ public:
     void forEachResult(Visitor visitor) const {
         for (std::size_t k = 0; k < areas_.size(); ++k) {
             const Argument& a = plan_.arguments[k];
-            if (a.type.kind == Kind::vector && (a.use == Use::destination || a.use == Use::update))
-                visitor(a, areas_[k]->data(), areas_[k]->size());
+            if (a.type.kind != Kind::objectSlot && (a.use == Use::destination || a.use == Use::update))
+                for (const auto& area : areas_[k]) visitor(a, area->data(), area->size());
         }
     }
     // Everything that the call might write, with an object in a caller's block.
@@ -52,6 +52,7 @@ private:
         Image before; // of sources
     };
     void place(std::size_t k);
+    unsigned char* placeVector(std::size_t k);
     void makeObject(std::size_t k);
     void* object() const; // that a call of Init or InitAlloc stored
     bool isStep(const char* step) const;
@@ -60,10 +61,11 @@ private:
     const Case& case_;
     const Placement placement_;
     std::vector<Value> values_;
-    std::vector<std::unique_ptr<Area>> areas_; // of vectors and object slots
-    std::unique_ptr<Call> maker_;              // of the object among the arguments
-    std::optional<Orb32s> tag_;                // of that object, while it is spoiled
-    bool holdsObject_ = false;                 // that must be freed
+    std::vector<std::vector<std::unique_ptr<Area>>> areas_; // of vectors, of each one of an array, and of object slots
+    std::vector<void*> array_;                              // of pointers to vectors
+    std::unique_ptr<Call> maker_;                           // of the object among the arguments
+    std::optional<Orb32s> tag_;                             // of that object, while it is spoiled
+    bool holdsObject_ = false;                              // that must be freed
 };
 
 // The address where the process faults is of little use; the call that did it is printed instead.

@@ -41,6 +41,7 @@ private:
 enum class Kind {
     element,   // an element or number by value
     vector,    // pointer to elements
+    vectors,   // array of such pointers
     object,    // pointer to an opaque object
     objectSlot // where a pointer to an object is stored
 };
@@ -78,6 +79,13 @@ constexpr std::size_t floatSizeOf() {
 template <class A>
 constexpr Type typeOf() {
     using T = std::remove_const_t<std::remove_pointer_t<A>>;
+    if constexpr (std::is_pointer_v<T>) {
+        if constexpr (requires { sizeof(std::remove_pointer_t<T>); }) {
+            Type type = typeOf<T>();
+            type.kind = Kind::vectors;
+            return type;
+        }
+    }
     constexpr Kind pointerKind = std::is_pointer_v<T> ? Kind::objectSlot : Kind::object;
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
         return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr};

@@ -88,6 +88,8 @@ const VectorRule vectorRules[] = {
     {{"Copy_1u", "pDst"}, COUNT(bitsAsBytes(destinationOffset(c), c.n)), Use::update},
     {{"PackBits_.*", "pDst"}, COUNT(packedBytes(c)), Use::update}, // the bits before the offset stay
     {{"PackBits_.*", "pDstBitLen"}, COUNT(1)},
+    {{"Join.*", "pDst"}, COUNT(c.n* channels(c))},
+    {{"Split.*", "pSrc"}, COUNT(c.n* channels(c))},
     // CCS: half the spectrum and the middle.
     {{"ConjCcs_.*", "pSrc"}, COUNT(c.n / 2 + 1)},
     {{"FFTFwd_RToCCS_.*", "pDst|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
@@ -126,8 +128,10 @@ struct NumberRule {
 
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
-    {{".*", "len|lenDst|srcLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, scaleFactor},
+    {{".*", "rndMode"}, oneOf<0, 1, 2, -1>},
+    {{".*", "nChannels"}, channels, belowOne, orbStsSizeErr},
     {{"[LR]ShiftC_.*", "val"},
      oneOf<0, 1, 3, 7, 8, 9, 15, 16, 17, 31, 32, 100, INT_MAX>,
      {NUMBER(-1), NUMBER(INT_MIN)},
@@ -159,6 +163,9 @@ struct PointeeRule {
 };
 // The other calls with a delay line in the caller's hands trust its index.
 const PointeeRule pointeeRules[] = {
+    // One of the channels is null.
+    {{"Join.*", "pSrc"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
+    {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
      {NUMBER(-1), NUMBER(c.taps), NUMBER(INT_MAX)},
      orbStsDlyLineIndexErr},
@@ -210,6 +217,8 @@ const OrderRule orderRules[] = {
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
     {{"DivC_.*", ""}, {"*", "val"}},
+    {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
+    {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
@@ -345,6 +354,7 @@ private:
             addNumber(a, k);
             break;
         case Kind::vector:
+        case Kind::vectors:
             addVector(a, k);
             break;
         case Kind::object:
@@ -406,6 +416,10 @@ private:
 };
 
 } // namespace
+
+int channels(const Case& c) {
+    return 1 + c.turn % 9;
+}
 
 const Member& memberNamed(const std::string& name) {
     static const auto table = [] {

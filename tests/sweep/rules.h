@@ -19,6 +19,9 @@ struct Case {
     std::size_t points() const { return std::size_t{1} << order; }
 };
 
+// Of the members that take an array of vectors, how many those are.
+int channels(const Case& c);
+
 using Number = int (*)(const Case&);
 // The kind is the part of an object's type that its family's functions end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
 using Count = std::size_t (*)(const Case&, const std::string& kind);
@@ -39,7 +42,8 @@ struct Argument {
 struct Fault {
     enum What { null, value, tag } what;
     std::size_t argument;
-    Number bad; // value: of the number, or of what the pointer points to; tag: what is added to the object's, 0 clears
+    Number bad; // value: of the number, of what the pointer points to, or which of several vectors is null; tag: what
+                // is added to the object's, 0 clears
     OrbStatus status;
     int rank; // of two faults the one that is tested first, that is of lower rank, decides
 };

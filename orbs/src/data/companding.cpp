@@ -4,8 +4,6 @@
 #include "foundation/rounding.h"
 #include "orbs/coding.h"
 
-#include <array>
-
 namespace {
 
 using namespace orbs;
@@ -21,13 +19,7 @@ V lookUp(const Orb8u (&table)[16], V index) {
     }
 }
 
-// ---- The laws, in 16-bit lanes ----
-
-// value * factors[segment].
-template <class D, class V>
-V scaleUp(D d, V value, const Orb8u (&factors)[16], V segment) {
-    return hn::Mul(value, lookUp(factors, hn::Or(segment, hn::Set(d, Orb16s(0x8000u)))));
-}
+// ---- The laws ----
 
 // 16 * e + (v >> (e + 1)) with e the number of bits of v >> 6, for v up to 8191: what both laws have in common.
 template <class D, class V>
@@ -43,42 +35,34 @@ V segmented(D d, V v) {
     return hn::Add(hn::ShiftLeft<4>(e), hn::BitCast(d, quotient));
 }
 
-template <class D, class V>
-V negatedWhere(D d, hn::Mask<D> negative, V v) {
-    const V ones = hn::VecFromMask(d, negative);
-    return hn::Sub(hn::Xor(v, ones), ones);
-}
-
+// A code is a sign, a segment of three bits and a step of four, with some of its bits inverted. Encoding is told
+// sixteen bits to a lane; `sign` is all ones for negative samples.
 struct ALaw {
-    template <class D, class V>
-    static V decode(D d, V code) {
-        const V b = hn::Xor(code, hn::Set(d, 0x55)), zero = hn::Zero(d);
-        const V segment = hn::And(hn::ShiftRight<4>(b), hn::Set(d, 7));
-        const V step = hn::Or(hn::ShiftLeft<4>(hn::And(b, hn::Set(d, 15))), hn::Set(d, 8));
-        const V start = hn::IfThenElseZero(hn::Gt(segment, zero), hn::Set(d, 0x100));
-        alignas(16) static constexpr Orb8u factors[16] = {1, 1, 2, 4, 8, 16, 32, 64};
-        const V magnitude = scaleUp(d, hn::Add(step, start), factors, segment);
-        return negatedWhere(d, hn::Eq(hn::And(b, hn::Set(d, 0x80)), zero), magnitude);
+    static constexpr int inverted = 0x55;
+
+    static constexpr int linear(int code) {
+        const int b = code ^ inverted, segment = b >> 4 & 7, step = b & 15;
+        const int magnitude = segment == 0 ? step * 16 + 8 : (step * 16 + 0x108) << (segment - 1);
+        return b & 0x80 ? magnitude : -magnitude;
     }
-    // `sign` is all ones for negative samples.
+
     template <class D, class V>
     static V encode(D d, V x, V) {
         const V sign = hn::ShiftRight<15>(x);
         const V v = hn::Xor(hn::ShiftRight<3>(x), sign);
-        return hn::Xor(segmented(d, v), hn::Xor(hn::Set(d, 0xd5), hn::And(sign, hn::Set(d, 0x80))));
+        return hn::Xor(segmented(d, v), hn::Xor(hn::Set(d, 0x80 | inverted), hn::And(sign, hn::Set(d, 0x80))));
     }
 };
 
 struct MuLaw {
-    template <class D, class V>
-    static V decode(D d, V code) {
-        const V b = hn::Xor(code, hn::Set(d, 0xff)), bias = hn::Set(d, 0x84);
-        const V segment = hn::And(hn::ShiftRight<4>(b), hn::Set(d, 7));
-        const V step = hn::Add(hn::ShiftLeft<3>(hn::And(b, hn::Set(d, 15))), bias);
-        alignas(16) static constexpr Orb8u factors[16] = {1, 2, 4, 8, 16, 32, 64, 128};
-        const V magnitude = hn::Sub(scaleUp(d, step, factors, segment), bias);
-        return negatedWhere(d, hn::Gt(b, hn::Set(d, 0x7f)), magnitude);
+    static constexpr int inverted = 0xff;
+
+    static constexpr int linear(int code) {
+        const int b = code ^ inverted, segment = b >> 4 & 7, step = b & 15;
+        const int magnitude = ((step * 8 + 0x84) << segment) - 0x84;
+        return b & 0x80 ? -magnitude : magnitude;
     }
+
     // The complement, not the negation, of negative samples: -4 has the magnitude of 3.
     template <class D, class V>
     static V encode(D d, V x, V sign) {
@@ -91,37 +75,68 @@ struct MuLaw {
 
 // ---- Decoding ----
 
+// The codes with the same upper half, sign and segment, lie on a line over the step: slope * step + start. Lower and
+// upper bytes of both.
 template <class Law>
-OrbStatus decode(const Orb8u* pSrc, Orb16s* pDst, int len) {
-    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
-    forEachVector<Orb16s>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
-        const hn::Rebind<Orb8u, decltype(d)> bytes;
-        hn::StoreU(Law::decode(d, hn::PromoteTo(d, hn::LoadU(bytes, pSrc + n))), d, pDst + n);
-    });
-    return orbStsNoErr;
-}
+struct Lines {
+    alignas(16) Orb8u slope[2][16], start[2][16];
 
-template <class D, class V>
-void storeAsFractions(D, V v, Orb32f* pDst) {
-    const hn::Rebind<Orb32f, D> df;
-    const hn::Rebind<Orb32s, D> di;
-    hn::StoreU(hn::Mul(hn::ConvertTo(df, hn::PromoteTo(di, v)), hn::Set(df, 0x1p-15f)), df, pDst);
-}
-
-template <class Law>
-OrbStatus decode(const Orb8u* pSrc, Orb32f* pDst, int len) {
-    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
-    forEachVector<Orb16s>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
-        const hn::Rebind<Orb8u, decltype(d)> bytes;
-        const auto linear = Law::decode(d, hn::PromoteTo(d, hn::LoadU(bytes, pSrc + n)));
-        if constexpr (hn::MaxLanes(d) == 1) {
-            storeAsFractions(d, linear, pDst + n);
-        } else {
-            const hn::Half<decltype(d)> half;
-            storeAsFractions(half, hn::LowerHalf(half, linear), pDst + n);
-            storeAsFractions(half, hn::UpperHalf(half, linear), pDst + n + hn::MaxLanes(half));
+    constexpr Lines() : slope(), start() {
+        for (int upper = 0; upper < 16; ++upper) {
+            const int first = upper << 4 | (Law::inverted & 15);
+            const int atFirst = Law::linear(first), rise = Law::linear(first ^ 1) - atFirst;
+            for (int byte = 0; byte < 2; ++byte) {
+                slope[byte][upper] = static_cast<Orb8u>(rise >> 8 * byte);
+                start[byte][upper] = static_cast<Orb8u>(atFirst >> 8 * byte);
+            }
         }
-    });
+    }
+};
+
+void store(Orb16s* pDst, int linear) {
+    *pDst = static_cast<Orb16s>(linear);
+}
+void store(Orb32f* pDst, int linear) {
+    *pDst = static_cast<Orb32f>(linear) * 0x1p-15f;
+}
+template <class D, class V>
+void store(Orb16s* pDst, D d, V linear) {
+    hn::StoreU(linear, d, pDst);
+}
+template <class D, class V>
+void store(Orb32f* pDst, D d, V linear) {
+    const hn::Repartition<Orb32s, D> di;
+    const hn::Repartition<Orb32f, D> df;
+    const hn::Half<D> half;
+    const auto fractions = [=](auto part) HWY_ATTR {
+        return hn::Mul(hn::ConvertTo(df, hn::PromoteTo(di, part)), hn::Set(df, 0x1p-15f));
+    };
+    hn::StoreU(fractions(hn::LowerHalf(half, linear)), df, pDst);
+    hn::StoreU(fractions(hn::UpperHalf(half, linear)), df, pDst + hn::MaxLanes(df));
+}
+
+template <class Law, class Dst>
+OrbStatus decode(const Orb8u* pSrc, Dst* pDst, int len) {
+    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    static constexpr Lines<Law> lines;
+    const auto count = static_cast<std::size_t>(len);
+    const hn::ScalableTag<Orb8u> d;
+    const hn::RepartitionToWide<hn::RebindToSigned<decltype(d)>> wide;
+    std::size_t n = 0;
+    for (; n + hn::MaxLanes(d) <= count; n += hn::MaxLanes(d)) {
+        const auto code = toInterleave(hn::LoadU(d, pSrc + n)), upper = hn::ShiftRight<4>(code);
+        const auto step = hn::And(hn::Xor(code, hn::Set(d, Law::inverted)), hn::Set(d, 15));
+        const auto onLine = [=](auto interleave) HWY_ATTR {
+            const auto words = [=](auto low, auto high) HWY_ATTR { return hn::BitCast(wide, interleave(low, high)); };
+            const auto slope = words(lookUp(lines.slope[0], upper), lookUp(lines.slope[1], upper));
+            const auto start = words(lookUp(lines.start[0], upper), lookUp(lines.start[1], upper));
+            return hn::Add(hn::Mul(slope, words(step, hn::Zero(d))), start);
+        };
+        store(pDst + n, wide, onLine([=](auto a, auto b) HWY_ATTR { return hn::InterleaveLower(d, a, b); }));
+        store(pDst + n + hn::MaxLanes(wide), wide,
+              onLine([=](auto a, auto b) HWY_ATTR { return hn::InterleaveUpper(d, a, b); }));
+    }
+    for (; n < count; ++n) store(pDst + n, Law::linear(pSrc[n]));
     return orbStsNoErr;
 }
 

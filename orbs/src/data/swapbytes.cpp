@@ -30,15 +30,21 @@ OrbStatus swapBytes(const T* pSrc, T* pDst, int len) {
     const auto* const src = reinterpret_cast<const Orb8u*>(pSrc);
     auto* const dst = reinterpret_cast<Orb8u*>(pDst);
     std::size_t n = 0;
-    const auto swap = [&](auto d) HWY_ATTR {
+    const auto swap = [=](auto d, std::size_t at) HWY_ATTR {
         const auto places = hn::LoadDup128(d, swappedPlaces<size>.data());
-        hn::StoreU(hn::TableLookupBytes(hn::LoadU(d, src + n), places), d, dst + n);
+        hn::StoreU(hn::TableLookupBytes(hn::LoadU(d, src + at), places), d, dst + at);
     };
     if constexpr (step == 16) {
         const hn::ScalableTag<Orb8u> full;
-        for (; n + hn::MaxLanes(full) <= bytes; n += hn::MaxLanes(full)) swap(full);
+        constexpr std::size_t lanes = hn::MaxLanes(full);
+        for (; n + 4 * lanes <= bytes; n += 4 * lanes) {
+            swap(full, n);
+            swap(full, n + lanes);
+            swap(full, n + 2 * lanes);
+            swap(full, n + 3 * lanes);
+        }
     }
-    for (; n + 16 <= bytes; n += step) swap(hn::Full128<Orb8u>());
+    for (; n + 16 <= bytes; n += step) swap(hn::Full128<Orb8u>(), n);
     for (; n < bytes; n += size) {
         T element;
         std::reverse_copy(src + n, src + n + size, reinterpret_cast<Orb8u*>(&element));

@@ -13,25 +13,47 @@ inline void keepArithmeticInPlace() {
     asm volatile("" ::: "memory");
 }
 
-// SSE rounding for the guard's life; the register is written only if the caller's rounding is another.
+// SSE rounding for the guard's life; the register is written only if the caller's rounding is another. `alsoCleared`
+// are bits that are 0 meanwhile, but only if the register is written.
 class SseRounding {
 public:
     enum Mode : Orb32u { nearest = 0x0000, towardZero = 0x6000 };
+    static constexpr Orb32u denormalsAreZero = 0x0040;
 
-    explicit SseRounding(Mode mode) : earlier_(_mm_getcsr()), changed_((earlier_ & roundingMask) != mode) {
-        if (changed_) _mm_setcsr((earlier_ & ~roundingMask) | mode);
+    explicit SseRounding(Mode mode, Orb32u alsoCleared = 0)
+        : earlier_(_mm_getcsr()), changed_((earlier_ & _MM_ROUND_MASK) != mode) {
+        if (changed_) _mm_setcsr((earlier_ & ~(_MM_ROUND_MASK | alsoCleared)) | mode);
         keepArithmeticInPlace();
     }
     ~SseRounding() {
         keepArithmeticInPlace();
         // Exception flags raised meanwhile stay raised, as they would without the guard.
-        if (changed_) _mm_setcsr((_mm_getcsr() & ~roundingMask) | (earlier_ & roundingMask));
+        if (changed_) _mm_setcsr(earlier_ | (_mm_getcsr() & _MM_EXCEPT_MASK));
     }
     SseRounding(const SseRounding&) = delete;
     SseRounding& operator=(const SseRounding&) = delete;
 
 private:
-    static constexpr Orb32u roundingMask = 0x6000;
+    Orb32u earlier_;
+    bool changed_;
+};
+
+// The same through the core library, which brings back the whole register, exception flags included, if the caller's
+// rounding was another.
+class CoreSseRounding {
+public:
+    explicit CoreSseRounding(SseRounding::Mode mode)
+        : earlier_(orb_set_rc_ssx(mode)), changed_((earlier_ & _MM_ROUND_MASK) != mode) {
+        keepArithmeticInPlace();
+    }
+    ~CoreSseRounding() {
+        keepArithmeticInPlace();
+        if (changed_) orb_set_cw_ssx(earlier_);
+    }
+    CoreSseRounding(const CoreSseRounding&) = delete;
+    CoreSseRounding& operator=(const CoreSseRounding&) = delete;
+
+private:
     Orb32u earlier_;
     bool changed_;
 };

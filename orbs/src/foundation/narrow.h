@@ -1,4 +1,5 @@
-// Pairs of vectors packed into lanes of half the width: saturated, and in order at every vector width.
+// Pairs of vectors packed into lanes of half the width: saturated, and in order at every vector width. And the way
+// back.
 #pragma once
 
 #include "foundation/vectors.h"
@@ -15,10 +16,18 @@ HWY_INLINE hn::Vec128<Orb8u> narrowPair(hn::Full128<Orb8u>, hn::Vec128<Orb16s> a
     return hn::Vec128<Orb8u>{_mm_packus_epi16(a.raw, b.raw)};
 }
 
+// Bytes so placed that InterleaveLower has the first half of them, and InterleaveUpper the second.
+HWY_INLINE hn::Vec128<Orb8u> toInterleave(hn::Vec128<Orb8u> v) {
+    return v;
+}
+
 #if HWY_TARGET <= HWY_AVX2
 // The instructions pack each half of the vectors for itself.
 HWY_INLINE __m256i halvesInOrder(__m256i packed) {
     return _mm256_permute4x64_epi64(packed, _MM_SHUFFLE(3, 1, 2, 0));
+}
+HWY_INLINE hn::Vec256<Orb8u> toInterleave(hn::Vec256<Orb8u> v) {
+    return hn::Vec256<Orb8u>{halvesInOrder(v.raw)};
 }
 HWY_INLINE hn::Vec256<Orb16s> narrowPair(hn::Full256<Orb16s>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
     return hn::Vec256<Orb16s>{halvesInOrder(_mm256_packs_epi32(a.raw, b.raw))};
