@@ -151,29 +151,37 @@ V saturated(D d, Words<V> x) {
     return hn::IfThenElse(hn::Eq(x.upper, hn::BroadcastSignBit(x.lower)), x.lower, extreme);
 }
 
-// x * 2^-shift, shift from 1 to 31, with ties to even or cut off. The quotient goes up by 1 in 64 bits.
+// x * 2^-shift, shift from 1 to 31, cut off or with ties to even; then the quotient goes up by 1 in 64 bits.
 template <class D, class V>
 V shiftedRight(D d, Words<V> x, int shift, bool toEven) {
     const hn::RebindToUnsigned<D> du;
-    const auto lower = hn::BitCast(du, x.lower), quotient = hn::ShiftRightSame(lower, shift);
-    Words<V> q{hn::Or(hn::BitCast(d, quotient), hn::ShiftLeftSame(x.upper, 32 - shift)),
-               hn::ShiftRightSame(x.upper, shift)};
+    const V lower = hn::BitCast(d, hn::ShiftRightSame(hn::BitCast(du, x.lower), shift));
+    Words<V> q{hn::Or(lower, hn::ShiftLeftSame(x.upper, 32 - shift)), hn::ShiftRightSame(x.upper, shift)};
     if (toEven) {
-        const V up = hn::BitCast(d, hn::Sub(rounded(du, lower, shift), quotient)); // 0 or 1
-        q.lower = hn::Add(q.lower, up);
-        q.upper = hn::Add(q.upper, hn::IfThenElseZero(hn::Eq(q.lower, hn::Zero(d)), up));
+        const V cut = hn::And(x.lower, hn::Set(d, static_cast<Orb32s>((1u << shift) - 1)));
+        const V odd = hn::And(q.lower, hn::Set(d, 1));
+        const V up = hn::VecFromMask(d, hn::Gt(cut, hn::Sub(hn::Set(d, 1 << (shift - 1)), odd))); // -1 or 0
+        q.lower = hn::Sub(q.lower, up);
+        q.upper = hn::Sub(q.upper, hn::And(up, hn::VecFromMask(d, hn::Eq(q.lower, hn::Zero(d)))));
     }
     return saturated(d, q);
 }
 
-// x * 2^-16, whose lowest bit is set where anything was cut off: that is all that a later rounding wants to know.
+// x / 2, the bit that falls out kept in the lowest one: a rounding further up sees the same ties.
 template <class D, class V>
-Words<V> jammedBy16(D d, Words<V> x) {
+Words<V> halved(D d, Words<V> x) {
     const hn::RebindToUnsigned<D> du;
-    const V cut = hn::And(x.lower, hn::Set(d, 0xffff));
-    const V sticky = hn::IfThenZeroElse(hn::Eq(cut, hn::Zero(d)), hn::Set(d, 1));
-    const V lower = hn::BitCast(d, hn::ShiftRight<16>(hn::BitCast(du, x.lower)));
-    return {hn::Or(hn::Or(lower, hn::ShiftLeft<16>(x.upper)), sticky), hn::ShiftRight<16>(x.upper)};
+    const V lower = hn::BitCast(d, hn::ShiftRight<1>(hn::BitCast(du, x.lower)));
+    const V lost = hn::And(x.lower, hn::Set(d, 1));
+    return {hn::Or(hn::Or(lower, hn::ShiftLeft<31>(x.upper)), lost), hn::ShiftRight<1>(x.upper)};
+}
+
+// upper * 2^-shift, shift from 1 to 31, any bit of the lower word being less than a tie but more than nothing.
+template <class D, class V>
+V upperShiftedRight(D d, Words<V> x, int shift, bool toEven) {
+    if (!toEven) return hn::ShiftRightSame(x.upper, shift);
+    const V sticky = hn::IfThenZeroElse(hn::Eq(x.lower, hn::Zero(d)), hn::Set(d, 1));
+    return rounded(d, x.upper, sticky, shift);
 }
 
 OrbStatus narrow(const Orb64s* pSrc, Orb32s* pDst, int len, int rndMode, int scaleFactor) {
@@ -185,20 +193,18 @@ OrbStatus narrow(const Orb64s* pSrc, Orb32s* pDst, int len, int rndMode, int sca
             hn::StoreU(scale(d, x), d, pDst + n);
         });
     };
-    if (scaleFactor <= 0) {
-        const int left = -std::max(scaleFactor, -31);
+    const bool toEven = rndMode == orbRndNear;
+    const int right = std::min(scaleFactor, 63), left = -std::max(scaleFactor, -31);
+    if (right < 0) {
         each([=](auto d, auto x) HWY_ATTR { return shiftedLeft(d, saturated(d, x), left); });
+    } else if (right == 0) {
+        each([=](auto d, auto x) HWY_ATTR { return saturated(d, x); });
+    } else if (right < 32) {
+        each([=](auto d, auto x) HWY_ATTR { return shiftedRight(d, x, right, toEven); });
+    } else if (right == 32) {
+        each([=](auto d, auto x) HWY_ATTR { return shiftedRight(d, halved(d, x), 31, toEven); });
     } else {
-        const bool toEven = rndMode == orbRndNear;
-        const int right = std::min(scaleFactor, 63), jams = right / 16 - 1;
-        if (right < 32) {
-            each([=](auto d, auto x) HWY_ATTR { return shiftedRight(d, x, right, toEven); });
-        } else {
-            each([=](auto d, auto x) HWY_ATTR {
-                for (int k = 0; k < jams; ++k) x = jammedBy16(d, x);
-                return shiftedRight(d, x, right - 16 * jams, toEven);
-            });
-        }
+        each([=](auto d, auto x) HWY_ATTR { return upperShiftedRight(d, x, right - 32, toEven); });
     }
     return orbStsNoErr;
 }

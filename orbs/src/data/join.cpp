@@ -8,6 +8,7 @@
 #include "foundation/rounding.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -117,17 +118,34 @@ void forEachBlock(int chanLen, Body body) {
     for (std::size_t first = 0; first < len; first += blockLen) body(first, std::min(blockLen, len - first));
 }
 
+// to[n * toStep] = from[n * fromStep], `bytes` of it.
+template <std::size_t bytes, class T>
+void copySpread(const T* from, std::size_t fromStep, T* to, std::size_t toStep, std::size_t count) {
+    for (std::size_t n = 0; n < count; ++n) std::memcpy(to + n * toStep, from + n * fromStep, bytes);
+}
+// Samples of three bytes move by four where another channel is still to come: the fourth byte is a part of its sample,
+// which is there to be read, and will be written over.
+template <class T>
+void copyChannel(const T* from, std::size_t fromStep, T* to, std::size_t toStep, std::size_t count, bool isLast) {
+    if (sizeof(T) == 3 && !isLast) return copySpread<4>(from, fromStep, to, toStep, count);
+    copySpread<sizeof(T)>(from, fromStep, to, toStep, count);
+}
+
 // Block by block: the samples of one channel side by side, then among those of the others.
 template <class Op, class T>
 OrbStatus join(const Orb32f* const* pSrc, int nChannels, int chanLen, T* pDst) {
     if (const OrbStatus status = checkChannels(pDst, pSrc, nChannels, chanLen)) return status;
     const auto channels = static_cast<std::size_t>(nChannels);
     const SseRounding rounding(SseRounding::nearest);
+    if (channels == 1) {
+        toIntegers<Op>(pSrc[0], pDst, static_cast<std::size_t>(chanLen));
+        return orbStsNoErr;
+    }
     forEachBlock(chanLen, [=](std::size_t first, std::size_t count) {
-        T block[blockLen];
+        T block[blockLen + 1];
         for (std::size_t c = 0; c < channels; ++c) {
             toIntegers<Op>(pSrc[c] + first, block, count);
-            for (std::size_t n = 0; n < count; ++n) pDst[(first + n) * channels + c] = block[n];
+            copyChannel(block, 1, pDst + first * channels + c, channels, count, c + 1 == channels);
         }
     });
     return orbStsNoErr;
@@ -137,10 +155,14 @@ template <class T>
 OrbStatus split(const T* pSrc, Orb32f* const* pDst, int nChannels, int chanLen) {
     if (const OrbStatus status = checkChannels(pSrc, pDst, nChannels, chanLen)) return status;
     const auto channels = static_cast<std::size_t>(nChannels);
+    if (channels == 1) {
+        toFractions(pSrc, pDst[0], static_cast<std::size_t>(chanLen));
+        return orbStsNoErr;
+    }
     forEachBlock(chanLen, [=](std::size_t first, std::size_t count) {
-        T block[blockLen];
+        T block[blockLen + 1];
         for (std::size_t c = 0; c < channels; ++c) {
-            for (std::size_t n = 0; n < count; ++n) block[n] = pSrc[(first + n) * channels + c];
+            copyChannel(pSrc + first * channels + c, channels, block, 1, count, c + 1 == channels);
             toFractions(block, pDst[c] + first, count);
         }
     });
