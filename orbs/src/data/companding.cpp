@@ -104,7 +104,7 @@ void store(Orb16s* pDst, D d, V linear) {
     hn::StoreU(linear, d, pDst);
 }
 template <class D, class V>
-void store(Orb32f* pDst, D d, V linear) {
+void store(Orb32f* pDst, D, V linear) {
     const hn::Repartition<Orb32s, D> di;
     const hn::Repartition<Orb32f, D> df;
     const hn::Half<D> half;

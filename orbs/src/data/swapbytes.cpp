@@ -3,8 +3,8 @@
 #include "foundation/vectors.h"
 #include "orbs/coding.h"
 
-#include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace {
 
@@ -46,9 +46,9 @@ OrbStatus swapBytes(const T* pSrc, T* pDst, int len) {
     }
     for (; n + 16 <= bytes; n += step) swap(hn::Full128<Orb8u>(), n);
     for (; n < bytes; n += size) {
-        T element;
-        std::reverse_copy(src + n, src + n + size, reinterpret_cast<Orb8u*>(&element));
-        pDst[n / size] = element;
+        Orb8u swapped[size];
+        for (std::size_t k = 0; k < size; ++k) swapped[k] = src[n + size - 1 - k];
+        std::memcpy(dst + n, swapped, size);
     }
     return orbStsNoErr;
 }
