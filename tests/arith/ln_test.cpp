@@ -206,8 +206,11 @@ TEST(Ln, Accuracy) {
     EXPECT_LT(worst(&orbsLn_64f, patterns<Orb64f, Orb64u>(smallest, greatest, 200000), exactLn), 0.77);
     const auto nearOne = patterns<Orb64f, Orb64u>(0x3fe0000000000000, 0x4000000000000000, 200000);
     EXPECT_LT(worst(&orbsLn_64f, nearOne, exactLn), 0.77);
-    for (const Orb64f x : {1 - 0x1p-53, 1 + 0x1p-52, 1 - 0x1p-40, 1 + 0x1p-30})
-        EXPECT_LT(worst(&orbsLn_64f, std::vector<Orb64f>{x}, exactLn), 0.77);
+    for (Orb64u distance = 1; distance < 0x0010000000000000; distance *= 16) {
+        const Orb64u one = 0x3ff0000000000000;
+        EXPECT_LT(worst(&orbsLn_64f, patterns<Orb64f, Orb64u>(one - 2 * distance, one + distance, 5000), exactLn),
+                  0.77);
+    }
     const auto twice = call(&orbsLn_64f, nearOne).y;
     const auto single = call(&orbsLn_64f32f, nearOne).y;
     for (std::size_t n = 0; n < single.size(); ++n) ASSERT_EQ(single[n], static_cast<Orb32f>(twice[n]));

@@ -70,8 +70,8 @@ struct Arctan64 {
         const auto limit = [=](int cell) HWY_ATTR { return hn::BitCast(words, hn::Set(di, cell)); };
         const auto cell = hn::BitCast(words, hn::ShiftRight<belowCell>(bits));
         const auto limited = hn::BitCast(di, hn::Min(hn::Max(cell, limit(firstCell - 1)), limit(lastCell)));
-        const auto row = limited - hn::Set(di, firstCell - 1);
-        const auto [high, low] = loadColumns(d, arctanRows.data(), hn::ShiftLeft<1>(row));
+        const Rows<D, 2> rows(limited - hn::Set(di, firstCell - 1));
+        const auto [high, low] = rows.columns(arctanRows.data());
         const V middle =
             hn::BitCast(d, hn::Or(hn::ShiftLeft<belowCell>(limited), hn::Set(di, Orb64s{1} << (belowCell - 1))));
         const V c = hn::IfThenElseZero(hn::Ge(magnitude, hn::Set(d, 0x1p-5)), middle);

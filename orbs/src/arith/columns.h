@@ -12,22 +12,30 @@ struct Columns {
     hn::Vec<D> first, second;
 };
 
-// table[offset] and table[offset + 1] for the offset in each lane.
-template <class D>
-HWY_INLINE Columns<D> loadColumns(D d, const Orb64f* table, hn::Vec<hn::RebindToSigned<D>> offset) {
-    constexpr std::size_t lanes = hn::MaxLanes(D());
-    alignas(lanes * sizeof(std::int64_t)) std::int64_t at[lanes];
-    hn::Store(offset, hn::RebindToSigned<D>(), at);
-    const auto row = [&](std::size_t lane) HWY_ATTR { return hn::LoadU(hn::CappedTag<Orb64f, 2>(), table + at[lane]); };
-    if constexpr (lanes == 1) {
-        return {hn::Set(d, table[at[0]]), hn::Set(d, table[at[0] + 1])};
-    } else if constexpr (lanes == 2) {
-        return {hn::InterleaveLower(d, row(0), row(1)), hn::InterleaveUpper(d, row(0), row(1))};
-    } else {
-        static_assert(lanes == 4);
-        const auto even = hn::Combine(d, row(2), row(0)), odd = hn::Combine(d, row(3), row(1));
-        return {hn::InterleaveLower(d, even, odd), hn::InterleaveUpper(d, even, odd)};
+// The rows of a table of rows of `width` numbers, one for each lane.
+template <class D, std::size_t width>
+class Rows {
+public:
+    HWY_INLINE explicit Rows(hn::Vec<hn::RebindToSigned<D>> row) { hn::Store(row, hn::RebindToSigned<D>(), row_); }
+
+    // Those numbers of the rows that stand at `column` and behind it.
+    HWY_INLINE Columns<D> columns(const Orb64f* table, std::size_t column = 0) const {
+        const D d;
+        const auto pair = [&](std::size_t lane) HWY_ATTR {
+            return hn::LoadU(hn::CappedTag<Orb64f, 2>(), table + static_cast<std::size_t>(row_[lane]) * width + column);
+        };
+        if constexpr (lanes == 2) {
+            return {hn::InterleaveLower(d, pair(0), pair(1)), hn::InterleaveUpper(d, pair(0), pair(1))};
+        } else {
+            static_assert(lanes == 4);
+            const auto even = hn::Combine(d, pair(2), pair(0)), odd = hn::Combine(d, pair(3), pair(1));
+            return {hn::InterleaveLower(d, even, odd), hn::InterleaveUpper(d, even, odd)};
+        }
     }
-}
+
+private:
+    static constexpr std::size_t lanes = hn::MaxLanes(D());
+    alignas(lanes * sizeof(std::int64_t)) std::int64_t row_[lanes];
+};
 
 } // namespace orbs

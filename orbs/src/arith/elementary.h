@@ -18,16 +18,18 @@ constexpr std::size_t elementaryBlock = 256;
 
 template <class R, class Op, class S>
 HWY_INLINE bool anyOdd(Op op, std::size_t len, const S* src) {
-    const hn::ScalableTag<R> d;
-    constexpr std::size_t lanes = hn::MaxLanes(d);
-    const auto oddLanes = [=](auto one, std::size_t n)
-                              HWY_ATTR { return op.isOdd(one, hn::LoadU(hn::Rebind<S, decltype(one)>(), src + n)); };
-    auto odd = hn::FirstN(d, 0);
-    std::size_t n = 0;
-    for (; n + lanes <= len; n += lanes) odd = hn::Or(odd, oddLanes(d, n));
-    bool any = !hn::AllFalse(d, odd);
-    for (const hn::CappedTag<R, 1> one; n < len; ++n) any |= !hn::AllFalse(one, oddLanes(one, n));
-    return any;
+    const hn::ScalableTag<R> full;
+    auto odd = hn::FirstN(full, 0);
+    bool oddInRest = false;
+    forEachVector<R>(len, [=, &odd, &oddInRest](auto d, std::size_t n) HWY_ATTR {
+        const auto oddHere = op.isOdd(d, hn::LoadU(hn::Rebind<S, decltype(d)>(), src + n));
+        if constexpr (std::is_same_v<decltype(d), decltype(full)>) {
+            odd = hn::Or(odd, oddHere);
+        } else {
+            oddInRest |= !hn::AllFalse(d, oddHere);
+        }
+    });
+    return oddInRest || !hn::AllFalse(full, odd);
 }
 
 template <class Op, class R, class S>

@@ -111,8 +111,8 @@ struct Exp64 {
         const V high = hn::Set(d, 0x1.555573c314948p-5) + r * hn::Set(d, 0x1.111108f311a75p-7);
         const V series = r + r2 * (low + r2 * high);
         const auto bits = hn::BitCast(di, shifted);
-        const auto row = hn::And(hn::ShiftLeft<1>(bits), hn::Set(di, (2 << expRowBits) - 2));
-        const auto [power, rest] = loadColumns(d, expRows.data(), row);
+        const Rows<D, 2> rows(hn::And(bits, hn::Set(di, (1 << expRowBits) - 1)));
+        const auto [power, rest] = rows.columns(expRows.data());
         return Parts<V, decltype(bits)>{power + (rest + power * series), bits};
     }
 

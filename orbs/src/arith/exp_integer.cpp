@@ -57,30 +57,42 @@ constexpr Orb64u halves(Orb64s x, int scaleFactor) {
 
 enum class Fraction { roundedHalfUp, cut };
 
-// The results of `size` arguments from `first` on; those below give 0 and those above the greatest T.
+template <class T>
+constexpr T scaledPower(int x, int scaleFactor, Fraction fraction) {
+    const Orb64u twice = halves(x, scaleFactor);
+    const Orb64u result = twice / 2 + (fraction == Fraction::roundedHalfUp ? twice % 2 : 0);
+    return static_cast<T>(std::min<Orb64u>(result, std::numeric_limits<T>::max()));
+}
+
+// The results of `size` arguments from `first` on; those below give the first result and those above the last.
 template <class T, std::size_t size>
 struct Window {
     int first;
     alignas(16) std::array<T, size> results;
 
-    Window(int scaleFactor, Fraction fraction) {
-        // One below the least argument with a result, (scaleFactor - 1) * ln 2 at least; and not so far up that
-        // infinite results come to lie below it.
-        first = std::min(((std::clamp(scaleFactor, -1024, 1075) - 1) * 45426 >> 16) - 1,
-                         greatestArgument + 2 - static_cast<int>(size));
-        if (scaleFactor < -1023) first = leastArgument - 1;
-        for (std::size_t k = 0; k < size; ++k) {
-            const Orb64u twice = halves(first + static_cast<int>(k), scaleFactor);
-            const Orb64u result = twice / 2 + (fraction == Fraction::roundedHalfUp ? twice % 2 : 0);
-            results[k] = static_cast<T>(std::min<Orb64u>(result, std::numeric_limits<T>::max()));
-        }
+    T& at(int x) { return results[static_cast<std::size_t>(x - first)]; }
+    T operator()(T x) const {
+        return results[static_cast<std::size_t>(std::min(std::max<T>(x, first), first + T{size - 1}) - first)];
     }
 };
+
+template <class T, std::size_t size>
+Window<T, size> windowOf(int scaleFactor, Fraction fraction) {
+    // From one below the least argument with a result, (scaleFactor - 1) * ln 2 at least; and not so far up that
+    // infinite results come to lie below it.
+    const int start = ((std::clamp(scaleFactor, -1024, 1075) - 1) * 45426 >> 16) - 1;
+    Window<T, size> window;
+    window.first =
+        scaleFactor < -1023 ? leastArgument - 1 : std::min(start, greatestArgument + 2 - static_cast<int>(size));
+    for (std::size_t k = 0; k < size; ++k)
+        window.results[k] = scaledPower<T>(window.first + static_cast<int>(k), scaleFactor, fraction);
+    return window;
+}
 
 // 16 results are a vector of their low bytes and one of their high bytes.
 void exponentialsKernel(const Orb16s* src, Orb16s* dst, std::size_t len, int scaleFactor) {
     constexpr int count = 16;
-    const Window<Orb16s, count> window(scaleFactor, Fraction::roundedHalfUp);
+    const auto window = windowOf<Orb16s, count>(scaleFactor, Fraction::roundedHalfUp);
     alignas(16) Orb8u low[count], high[count];
     for (std::size_t k = 0; k < count; ++k) {
         low[k] = static_cast<Orb8u>(window.results[k]);
@@ -104,7 +116,7 @@ void exponentialsKernel(const Orb16s* src, Orb16s* dst, std::size_t len, int sca
 
 void exponentialsKernel(const Orb32s* src, Orb32s* dst, std::size_t len, int scaleFactor) {
     constexpr int count = 28;
-    const Window<Orb32s, count> window(scaleFactor, Fraction::roundedHalfUp);
+    const auto window = windowOf<Orb32s, count>(scaleFactor, Fraction::roundedHalfUp);
     mapVectors<2>(
         len,
         [&window](auto d, auto x) HWY_ATTR {
@@ -115,32 +127,36 @@ void exponentialsKernel(const Orb32s* src, Orb32s* dst, std::size_t len, int sca
         dst, src);
 }
 
-// Scale factors -1, 0 and 1: the sign is that of the low 16 bits, which alone choose the result below 45. Other scale
-// factors: the fraction is cut off.
-void exponentialsKernel(const Orb64s* src, Orb64s* dst, std::size_t len, int scaleFactor) {
+using Window64 = Window<Orb64s, 48>;
+
+// Scale factors -1, 0 and 1 of 64 bits: e^x is rounded to an integer before it is scaled. -2 stands for all negative
+// arguments but -1.
+Window64 smallScaleWindow(int scaleFactor) {
     constexpr Orb64s greatest = std::numeric_limits<Orb64s>::max();
-    if (scaleFactor < -1 || scaleFactor > 1) {
-        constexpr int count = 48;
-        const Window<Orb64s, count> window(scaleFactor, Fraction::cut);
-        const Orb64s first = window.first;
-        for (std::size_t n = 0; n < len; ++n)
-            dst[n] = window.results[static_cast<std::size_t>(std::clamp(src[n], first, first + count - 1) - first)];
-        return;
+    Window64 window{-2, {}};
+    window.at(-1) = scaleFactor < 0;
+    window.at(45) = greatest;
+    for (int x = 0; x < 45; ++x) {
+        const auto e = scaledPower<Orb64s>(x, 0, Fraction::roundedHalfUp);
+        window.at(x) = scaleFactor == 0 ? e : scaleFactor > 0 ? e / 2 + e % 2 : e > greatest / 2 ? greatest : 2 * e;
     }
-    constexpr Orb16s end = 45;
-    Orb64s results[end + 1]; // of e^x rounded to an integer first, but for the one that does not fit
-    for (Orb16s x = 0; x <= end; ++x) {
-        const Orb64u twice = halves(x, 0), rounded = std::min<Orb64u>(twice / 2 + twice % 2, greatest);
-        const Orb64u half = x == 44 ? 6425800057179654138 : (rounded + 1) / 2;
-        results[x] = static_cast<Orb64s>(scaleFactor > 0    ? (x == end ? greatest : half)
-                                         : scaleFactor == 0 ? rounded
-                                                            : std::min<Orb64u>(2 * rounded, greatest));
-    }
-    const Orb64s ofMinusOne = scaleFactor < 0;
-    for (std::size_t n = 0; n < len; ++n) {
-        const Orb64s x = src[n];
-        const auto low = static_cast<Orb16s>(x);
-        dst[n] = x >= end ? greatest : x == -1 ? ofMinusOne : low < 0 ? 0 : results[std::min(low, end)];
+    if (scaleFactor > 0) window.at(44) = 6425800057179654138; // half of what did not fit
+    return window;
+}
+
+void exponentialsKernel(const Orb64s* src, Orb64s* dst, std::size_t len, int scaleFactor) {
+    const bool small = scaleFactor >= -1 && scaleFactor <= 1;
+    const auto window = small ? smallScaleWindow(scaleFactor) : windowOf<Orb64s, 48>(scaleFactor, Fraction::cut);
+    Orb64u signs = 0;
+    if (small)
+        for (std::size_t n = 0; n < len; ++n) signs |= static_cast<Orb64u>(src[n]) + 0x8000;
+    if (signs >> 63 == 0) {
+        std::transform(src, src + len, dst, window);
+    } else { // some are below -2^15: there the low 16 bits are all that counts, as a signed number
+        std::transform(src, src + len, dst, [&window](Orb64s x) {
+            const auto low = static_cast<Orb16s>(x);
+            return window(x >= -0x8000 ? x : low < 0 ? -2 : low);
+        });
     }
 }
 

@@ -63,9 +63,9 @@ HWY_INLINE V lnOfNormal(D d, V x, Orb64f shift = 0) requires std::is_same_v<hn::
 
     constexpr int belowRow = 52 - lnRowBits;
     const auto rounded = fraction + hn::Set(du, Orb64u{1} << (belowRow - 1));
-    const auto row = hn::BitCast(di, hn::And(hn::ShiftRight<belowRow - 2>(rounded), hn::Set(du, ~Orb64u{3})));
-    const V r = loadColumns(d, &lnRows[0].reciprocal, row).first;
-    const auto [high, low] = loadColumns(d, &lnRows[0].high, row);
+    const Rows<D, 4> rows(hn::BitCast(di, hn::ShiftRight<belowRow>(rounded)));
+    const V r = rows.columns(&lnRows[0].reciprocal).first;
+    const auto [high, low] = rows.columns(&lnRows[0].high);
 
     const V qHigh = mHigh * r - hn::Set(d, 1.0), qLow = mLow * r; // exact
     const V q = qHigh + qLow, q2 = q * q;
@@ -74,8 +74,8 @@ HWY_INLINE V lnOfNormal(D d, V x, Orb64f shift = 0) requires std::is_same_v<hn::
     const V odd =
         (hn::Set(d, 0.142870907231137) * q2 + hn::Set(d, 0.199999999499556)) * q2 + hn::Set(d, 0.333333333333338);
     const V series = q2 * (even + q * odd);
-    return series + (e * hn::Set(d, 0x1.ef35793c7673p-45) + low) + qLow + qHigh +
-           (e * hn::Set(d, 0x1.62e42fefa38p-1) + high);
+    const V small = (qLow - (q - qHigh)) + (e * hn::Set(d, 0x1.ef35793c7673p-45) + low); // with what q has lost
+    return (series + small) + q + (e * hn::Set(d, 0x1.62e42fefa38p-1) + high);
 }
 
 } // namespace orbs
