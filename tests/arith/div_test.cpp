@@ -124,6 +124,7 @@ void forEachFloat(Test test) {
 // ---- Values ----
 
 TEST(Div, FollowsItsFormulaAtEveryScale) {
+    const support::ThreadCount one(1);
     forEachInteger(
         [](auto function, Quotient rule, int) { expectScaled(function, rule, rule.bySignBelow, rule.zeroAbove); });
 }

@@ -75,6 +75,7 @@ void expectScaledAll(Rule rule, int lowest, int highest, Member... function) {
 // ---- Values, among them a val of 0 at every scale factor ----
 
 TEST(DivC, OfIntegersMultipliesByTheReciprocal) {
+    const support::ThreadCount one(1);
     expectScaledAll(Quotient(), -16, 9, &orbsDivC_8u_Sfs, &orbsDivC_8u_ISfs);
     expectScaledAll(Quotient(), -32, 17, &orbsDivC_16u_Sfs, &orbsDivC_16u_ISfs);
     expectScaledAll(Quotient(), -31, 16, &orbsDivC_16s_Sfs, &orbsDivC_16s_ISfs);

@@ -83,6 +83,7 @@ std::vector<T> aroundSquares(Orb64u largestRoot) {
 }
 
 TEST(Sqrt, OfIntegersIsTheNearestIntegerAtEveryScale) {
+    const support::ThreadCount one(1);
     expectRootsAtEveryScale(everyValue<Orb8u>(), -8, 4, &orbsSqrt_8u_Sfs, &orbsSqrt_8u_ISfs);
     expectRootsAtEveryScale(everyValue<Orb16u>(), -16, 8, &orbsSqrt_16u_Sfs, &orbsSqrt_16u_ISfs);
     expectRootsAtEveryScale(everyValue<Orb16s>(), -15, 8, &orbsSqrt_16s_Sfs, &orbsSqrt_16s_ISfs);
@@ -216,6 +217,7 @@ Root rootOf(C z) {
 // Up to a scale factor of 0 no part comes closer to a tie than 2^-35 of itself, but for exact ones: long double decides
 // them right. Below it, a result may be the other neighbour of what double precision cannot tell from a tie.
 TEST(Sqrt, OfComplexIntegersIsTheNearestInteger) {
+    const support::ThreadCount one(1);
     auto z = support::randomVector<Orb16sc>(3000);
     for (Orb16s re = -60; re <= 60; ++re)
         for (Orb16s im = -60; im <= 60; ++im) z.push_back({re, im});

@@ -1,4 +1,5 @@
 // Div: pSrc2[n] / pSrc1[n]. DivCRev: val / pSrc[n].
+#include "arith/complex.h"
 #include "arith/elementwise.h"
 #include "arith/nearest.h"
 #include "arith/warning.h"
@@ -134,8 +135,8 @@ OrbStatus reverseQuotients(const Orb16u* pSrc, Orb16u val, Orb16u* pDst, int len
 
 struct RealQuotient {
     template <class D, class V>
-    static auto isZero(D d, V divisor) {
-        return hn::Eq(divisor, hn::Zero(d));
+    static bool hasZero(D d, V divisor) {
+        return !hn::AllFalse(d, hn::Eq(divisor, hn::Zero(d)));
     }
     template <class D, class V>
     static V quotient(D, V b, V a) {
@@ -152,17 +153,24 @@ struct ReverseQuotient : RealQuotient {
 };
 // a * conj(b) / |b|^2, each step rounded to the type.
 struct ComplexQuotient {
+    // The squares may vanish where the parts do not.
     template <class D, class V>
-    static auto isZero(D d, V divisor) {
+    static bool hasZero(D d, V divisor) {
+        if (!RealQuotient::hasZero(d, squareOf(d, divisor))) return false;
         const V zero = hn::VecFromMask(d, hn::Eq(divisor, hn::Zero(d)));
-        return hn::MaskFromVec(hn::And(zero, hn::Reverse2(d, zero)));
+        return !hn::AllFalse(d, hn::MaskFromVec(hn::And(zero, hn::Reverse2(d, zero))));
     }
     template <class D, class V>
     static V quotient(D d, V b, V a) {
         const V byRe = hn::Mul(a, hn::DupEven(b)), byIm = hn::Mul(hn::Reverse2(d, a), hn::DupOdd(b));
+        return hn::Div(hn::Add(byRe, hn::Xor(byIm, signOfIm(d))), squareOf(d, b));
+    }
+
+private:
+    template <class D, class V>
+    static V squareOf(D d, V b) {
         const V squares = hn::Mul(b, b);
-        return hn::Div(hn::OddEven(hn::Sub(byRe, byIm), hn::Add(byRe, byIm)),
-                       hn::Add(squares, hn::Reverse2(d, squares)));
+        return hn::Add(squares, hn::Reverse2(d, squares));
     }
 };
 
@@ -170,7 +178,7 @@ template <class Op, class Real, class... S>
 bool divideFloats(Op op, std::size_t len, Real* dst, const Real* divisor, const S*... dividend) {
     bool zeroDivisor = false;
     const auto quotient = [&zeroDivisor, op](auto d, auto b, auto... a) HWY_ATTR {
-        zeroDivisor |= !hn::AllFalse(d, op.isZero(d, b));
+        zeroDivisor |= op.hasZero(d, b);
         return op.quotient(d, b, a...);
     };
     mapVectors<4>(len, quotient, dst, divisor, dividend...);

@@ -2,6 +2,7 @@
 // of their own.
 #include "arith/elementwise.h"
 #include "arith/nearest.h"
+#include "arith/sqrt_exact.h"
 #include "arith/warning.h"
 #include "orbs/roots.h"
 
@@ -9,40 +10,22 @@ namespace {
 
 using namespace orbs;
 
-// ---- Integers x >= 0 in 32-bit lanes: the nearest integer to the root times factor = 2^-scaleFactor, ties to even
-// ----
+// ---- Integers up to 32 bits ----
 
-// As single precision has it: right where no root but an exact one comes as close to a tie as 2^-24 of itself.
-struct Nearest {
-    float factor;
-
-    template <class D, class V>
-    auto operator()(D d, V x) const {
-        return nearestInt32(hn::Mul(hn::Sqrt(hn::ConvertTo(d, x)), hn::Set(d, factor)));
-    }
-};
-
-// The integer below, or the nearest already: one is added if the root lies beyond the middle to the next, whose square
-// is root * (root + 1) + 1/4. Where that wraps, the result saturates.
-struct Exact {
-    float factor;
-    int scaleFactor;
+// The nearest integer as single precision has it: right where no root but an exact one comes as close to a tie as 2^-24
+// of itself.
+class NearestRoot {
+public:
+    explicit NearestRoot(int scaleFactor) : factor_(powerOfTwo<float>(-scaleFactor)) {}
 
     template <class D, class V>
-    auto operator()(D d, V x) const {
-        const hn::RebindToUnsigned<D> bits;
-        const auto square = hn::BitCast(bits, x);
-        const auto root = hn::BitCast(bits, truncatedInt32(hn::Mul(hn::Sqrt(hn::ConvertTo(d, x)), hn::Set(d, factor))));
-        const auto middle = hn::Mul(root, hn::Add(root, hn::Set(bits, 1)));
-        const auto beyond = [&] {
-            if (scaleFactor <= 0) return hn::Gt(hn::ShiftLeftSame(square, -2 * scaleFactor), middle);
-            const auto quarter = hn::Set(bits, 1u << (2 * scaleFactor - 2));
-            const auto exactMiddle = hn::Add(hn::ShiftLeftSame(middle, 2 * scaleFactor), quarter);
-            return hn::Gt(square,
-                          hn::Sub(exactMiddle, hn::And(root, hn::Set(bits, 1)))); // from an odd root a tie goes up
-        }();
-        return hn::BitCast(hn::RebindToSigned<D>(), hn::Sub(root, hn::VecFromMask(bits, beyond)));
+    auto operator()(D, V x) const {
+        const hn::Rebind<float, D> real;
+        return nearestInt32(hn::Mul(hn::Sqrt(hn::ConvertTo(real, x)), hn::Set(real, factor_)));
     }
+
+private:
+    float factor_;
 };
 
 // A negative element gives 0; true if there is one.
@@ -57,7 +40,7 @@ bool roots(Root root, const S* src, R* dst, std::size_t len) {
             negative |= !hn::AllFalse(whole, hn::Lt(x, hn::Zero(whole)));
             x = hn::Max(x, hn::Zero(whole));
         }
-        storeWhole(d, root(d, x), dst + n);
+        storeWhole(d, root(whole, x), dst + n);
     });
     return negative;
 }
@@ -66,13 +49,11 @@ bool roots(Root root, const S* src, R* dst, std::size_t len) {
 template <class S, class R>
 OrbStatus roots(const S* pSrc, R* pDst, int len, int scaleFactor, ScaleCuts cuts, Parallel parallel) {
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    const int s = std::clamp(scaleFactor, cuts.boundFrom, cuts.zeroAbove + 1);
     return withWarning(orbStsSqrtNegArg, len, parallel, [=](std::size_t first, std::size_t count) {
-        const int s = std::clamp(scaleFactor, cuts.boundFrom, cuts.zeroAbove + 1);
         const bool farFromTies = sizeof(S) == 1 || (sizeof(S) == 2 && s >= 0);
-        const float factor = powerOfTwo<float>(-s);
-        if (farFromTies || s == cuts.boundFrom || s > cuts.zeroAbove)
-            return roots(Nearest{factor}, pSrc + first, pDst + first, count);
-        return roots(Exact{factor, s}, pSrc + first, pDst + first, count);
+        if (farFromTies) return roots(NearestRoot(s), pSrc + first, pDst + first, count);
+        return roots(ExactRoot<float>(s), pSrc + first, pDst + first, count);
     });
 }
 

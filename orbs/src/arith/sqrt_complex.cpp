@@ -11,11 +11,11 @@ namespace {
 
 using namespace orbs;
 
-// With m = |z|, the larger part is the root of (m + |re|) / 2 in magnitude, and the smaller |im| / 2 over the larger:
-// nothing cancels. The larger one is real if re >= 0.
+// The root times a power of 2, given half the square of that. With m = |z|, the larger part is the root of (m + |re|) /
+// 2 in magnitude, and the smaller one |im| / 2 over the larger: nothing cancels. The larger one is real if re >= 0.
 template <class D, class V>
-Planes<V> complexRoot(D d, Planes<V> z) {
-    const V x = hn::Abs(z.re), y = hn::Abs(z.im), half = hn::Set(d, 0.5);
+Planes<V> complexRoot(D d, Planes<V> z, double halfSquare) {
+    const V x = hn::Abs(z.re), y = hn::Abs(z.im), half = hn::Set(d, halfSquare);
     const V m = hn::Sqrt(hn::Add(hn::Mul(x, x), hn::Mul(y, y)));
     const V larger = hn::Sqrt(hn::Mul(hn::Add(m, x), half));
     const auto asIs = hn::Or(hn::Eq(larger, hn::Zero(d)), hn::Eq(y, hn::Inf(d)));
@@ -41,11 +41,9 @@ void roots(const Orb16sc* src, Orb16sc* dst, std::size_t len, int scaleFactor) {
     std::optional<X87Truncates> unused;
     if (scaleFactor != 0) unused.emplace();
     const SseQuiet quiet(SseRounding::nearest);
-    const auto factor = powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -64, 64)); // beyond, the rule gives the same
+    const int s = std::clamp(scaleFactor, -64, 64); // beyond, the rule gives the same
     forEachVector<Orb64f>(len, [=](auto d, std::size_t n) HWY_ATTR {
-        const auto root = complexRoot(d, loadFloats(d, src + n));
-        const auto f = hn::Set(d, factor);
-        storeNearest(d, Planes{hn::Mul(root.re, f), hn::Mul(root.im, f)}, dst + n);
+        storeNearest(d, complexRoot(d, loadFloats(d, src + n), powerOfTwo<double>(-2 * s - 1)), dst + n);
     });
 }
 
@@ -56,7 +54,7 @@ void roots(const Orb32fc* src, Orb32fc* dst, std::size_t len) {
         const hn::Rebind<Orb32f, decltype(d)> single;
         hn::VFromD<decltype(single)> re, im;
         hn::LoadInterleaved2(single, asReal(src + n), re, im);
-        const auto root = complexRoot(d, Planes{hn::PromoteTo(d, re), hn::PromoteTo(d, im)});
+        const auto root = complexRoot(d, Planes{hn::PromoteTo(d, re), hn::PromoteTo(d, im)}, 0.5);
         hn::StoreInterleaved2(hn::DemoteTo(single, root.re), hn::DemoteTo(single, root.im), single, asReal(dst + n));
     });
 }
@@ -74,7 +72,7 @@ void roots(const Orb64fc* src, Orb64fc* dst, std::size_t len) {
             return hn::IfThenElse(large, hn::Set(d, ifLarge), otherwise);
         };
         const auto nearer = choose(0x1p-600, 0x1p600), back = choose(0x1p300, 0x1p-300);
-        const auto root = complexRoot(d, Planes{hn::Mul(re, nearer), hn::Mul(im, nearer)});
+        const auto root = complexRoot(d, Planes{hn::Mul(re, nearer), hn::Mul(im, nearer)}, 0.5);
         hn::StoreInterleaved2(hn::Mul(root.re, back), hn::Mul(root.im, back), d, asReal(dst + n));
     });
 }

@@ -17,15 +17,17 @@ struct Parallel {
 // Runs kernel(first, count) over len elements. Every thread rounds as the caller's does.
 template <class Kernel>
 OrbStatus spread(int len, Parallel parallel, Kernel kernel) {
+    if (len < parallel.from) {
+        kernel(std::size_t{0}, static_cast<std::size_t>(len));
+        return orbStsNoErr;
+    }
     const auto rounding = static_cast<SseRounding::Mode>(_mm_getcsr() & _MM_ROUND_MASK);
     const auto chunk = [&](std::size_t first, std::size_t count) {
         const SseRounding asCaller(rounding);
         kernel(first, count);
         return false;
     };
-    if (len < parallel.from) {
-        chunk(0, static_cast<std::size_t>(len));
-    } else if (parallel.split == Parallel::inTwo) {
+    if (parallel.split == Parallel::inTwo) {
         splitInTwo(len, chunk);
     } else {
         splitOverThreads(len, [&](std::size_t first, std::size_t count) { chunk(first, count); });
