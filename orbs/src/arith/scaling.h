@@ -2,6 +2,7 @@
 // even, then saturated.
 #pragma once
 
+#include "foundation/narrow.h"
 #include "foundation/scale.h"
 #include "foundation/vectors.h"
 
@@ -44,27 +45,9 @@ auto widened(D d, V v) {
 
 // The saturated pair, back in one vector. Unsigned results lie below the highest signed one.
 template <class D, class V>
-auto packed([[maybe_unused]] D d, V lower, V upper) {
-    using T = hn::TFromD<D>;
-#if HWY_TARGET == HWY_AVX2
-    if constexpr (sizeof(T) == 1) {
-        return hn::VFromD<D>{_mm256_packus_epi16(lower.raw, upper.raw)};
-    } else if constexpr (std::is_signed_v<T>) {
-        return hn::VFromD<D>{_mm256_packs_epi32(lower.raw, upper.raw)};
-    } else {
-        return hn::VFromD<D>{_mm256_packus_epi32(lower.raw, upper.raw)};
-    }
-#else
-    if constexpr (sizeof(T) == 1) {
-        return hn::VFromD<D>{_mm_packus_epi16(lower.raw, upper.raw)};
-    } else if constexpr (std::is_signed_v<T>) {
-        return hn::VFromD<D>{_mm_packs_epi32(lower.raw, upper.raw)};
-    } else {
-        const auto middle = hn::Set(hn::DFromV<V>(), 0x8000);
-        const auto moved = _mm_packs_epi32(hn::Sub(lower, middle).raw, hn::Sub(upper, middle).raw);
-        return hn::Xor(hn::VFromD<D>{moved}, hn::Set(d, T{0x8000}));
-    }
-#endif
+auto packed(D d, V lower, V upper) {
+    const hn::RebindToSigned<Wide<D>> integers;
+    return packPair(d, hn::BitCast(integers, lower), hn::BitCast(integers, upper));
 }
 
 // ---- Scale factor 0 ----

@@ -1,19 +1,25 @@
-// Pairs of vectors packed into lanes of half the width: saturated, and in order at every vector width. And the way
-// back.
+// Pairs of vectors packed into lanes of half the width, saturated. And the way back.
 #pragma once
 
 #include "foundation/vectors.h"
 
 namespace orbs {
 
-HWY_INLINE hn::Vec128<Orb16s> narrowPair(hn::Full128<Orb16s>, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
+// Block by block of 16 bytes: the order that InterleaveLower and InterleaveUpper undo. Of a, then of b, in each.
+HWY_INLINE hn::Vec128<Orb16s> packPair(hn::Full128<Orb16s>, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
     return hn::Vec128<Orb16s>{_mm_packs_epi32(a.raw, b.raw)};
 }
-HWY_INLINE hn::Vec128<Orb8s> narrowPair(hn::Full128<Orb8s>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
+HWY_INLINE hn::Vec128<Orb8s> packPair(hn::Full128<Orb8s>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
     return hn::Vec128<Orb8s>{_mm_packs_epi16(a.raw, b.raw)};
 }
-HWY_INLINE hn::Vec128<Orb8u> narrowPair(hn::Full128<Orb8u>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
+HWY_INLINE hn::Vec128<Orb8u> packPair(hn::Full128<Orb8u>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
     return hn::Vec128<Orb8u>{_mm_packus_epi16(a.raw, b.raw)};
+}
+// Moved around 0, for which SSSE3 has the instruction.
+HWY_INLINE hn::Vec128<Orb16u> packPair(hn::Full128<Orb16u> d, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
+    const auto middle = hn::Set(hn::Full128<Orb32s>(), 0x8000);
+    const auto moved = packPair(hn::Full128<Orb16s>(), hn::Sub(a, middle), hn::Sub(b, middle));
+    return hn::Xor(hn::BitCast(d, moved), hn::Set(d, 0x8000));
 }
 
 // Bytes so placed that InterleaveLower has the first half of them, and InterleaveUpper the second.
@@ -22,23 +28,37 @@ HWY_INLINE hn::Vec128<Orb8u> toInterleave(hn::Vec128<Orb8u> v) {
 }
 
 #if HWY_TARGET <= HWY_AVX2
-// The instructions pack each half of the vectors for itself.
-HWY_INLINE __m256i halvesInOrder(__m256i packed) {
-    return _mm256_permute4x64_epi64(packed, _MM_SHUFFLE(3, 1, 2, 0));
+HWY_INLINE hn::Vec256<Orb16s> packPair(hn::Full256<Orb16s>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
+    return hn::Vec256<Orb16s>{_mm256_packs_epi32(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec256<Orb8s> packPair(hn::Full256<Orb8s>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
+    return hn::Vec256<Orb8s>{_mm256_packs_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec256<Orb8u> packPair(hn::Full256<Orb8u>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
+    return hn::Vec256<Orb8u>{_mm256_packus_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec256<Orb16u> packPair(hn::Full256<Orb16u>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
+    return hn::Vec256<Orb16u>{_mm256_packus_epi32(a.raw, b.raw)};
+}
+// The two blocks' halves in the order of the elements, and back.
+template <class T>
+HWY_INLINE hn::Vec256<T> halvesInOrder(hn::Vec256<T> v) {
+    return hn::Vec256<T>{_mm256_permute4x64_epi64(v.raw, _MM_SHUFFLE(3, 1, 2, 0))};
 }
 HWY_INLINE hn::Vec256<Orb8u> toInterleave(hn::Vec256<Orb8u> v) {
-    return hn::Vec256<Orb8u>{halvesInOrder(v.raw)};
-}
-HWY_INLINE hn::Vec256<Orb16s> narrowPair(hn::Full256<Orb16s>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
-    return hn::Vec256<Orb16s>{halvesInOrder(_mm256_packs_epi32(a.raw, b.raw))};
-}
-HWY_INLINE hn::Vec256<Orb8s> narrowPair(hn::Full256<Orb8s>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
-    return hn::Vec256<Orb8s>{halvesInOrder(_mm256_packs_epi16(a.raw, b.raw))};
-}
-HWY_INLINE hn::Vec256<Orb8u> narrowPair(hn::Full256<Orb8u>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
-    return hn::Vec256<Orb8u>{halvesInOrder(_mm256_packus_epi16(a.raw, b.raw))};
+    return halvesInOrder(v);
 }
 #endif
+
+// In the order of the elements at every vector width.
+template <class D, class V>
+HWY_INLINE hn::Vec<D> narrowPair(D d, V a, V b) {
+    if constexpr (hn::MaxLanes(D()) * sizeof(hn::TFromD<D>) > 16) {
+        return halvesInOrder(packPair(d, a, b));
+    } else {
+        return packPair(d, a, b);
+    }
+}
 
 // A vector of D's narrow lanes made of wide(dWide, offset), which gives the 32-bit lanes of the elements from `offset`
 // on: as many calls as vectors of 32-bit lanes fit in. The last narrowing decides how it saturates.
