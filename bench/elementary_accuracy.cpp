@@ -28,6 +28,7 @@ struct Errors {
         const auto distance = asBits<Bits>(y) - asBits<Bits>(nearest);
         notNearest += distance != 0;
         farther += distance + 1 > 2;
+        if (distance == 0 && worst >= 0.5) return; // the nearest one is half a unit off at most
         const double error = support::ulps(y, exact);
         if (error <= worst) return;
         worst = error;

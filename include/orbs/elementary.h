@@ -11,7 +11,7 @@ ORBS_DECLARATIONS_BEGIN
  * called from any number of threads on different data.
  *
  * Errors are given in ulp, the distance of the floats around the exact result; docs/accuracy.md tells how they were
- * measured. The results have the same bits in every build of the library. */
+ * measured, in the usual rounding mode. The results have the same bits in every build of the library. */
 
 /* ---- Exp -----------------------------------------------------------------------------------------------------
  * pDst[n] = e^pSrc[n]; the _I and _ISfs forms work on pSrcDst; n = 0 to len - 1. There are no warnings.

@@ -55,7 +55,7 @@ TEST(Ln, EverySixteenBitIntegerAtEveryScaleFactor) {
             [](Orb16s v, int scale) -> Orb16s {
                 if (v <= 0) return -32768;
                 const long double ln = std::log(static_cast<long double>(v));
-                if (scale < 0) return saturated<Orb16s>(std::ldexp(ln, std::min(-(scale + 1) + 1, 100)));
+                if (scale < 0) return saturated<Orb16s>(std::ldexp(ln, -std::max(scale, -100)));
                 return static_cast<Orb16s>(nearest(ln, std::min(scale, 100)));
             },
             s);

@@ -34,15 +34,14 @@ constexpr Staircase staircase(int scaleFactor) {
     Staircase stairs{};
     if (scaleFactor >= 0) {
         for (int k = 0;; ++k) {
-            const Quad top = quadExp((k + static_cast<Quad>(0.5)) * (1 << scaleFactor));
+            const Quad top = quadExp((k + Quad{0.5}) * (1 << scaleFactor));
             if (top > highest) return stairs;
             stairs.steps[static_cast<std::size_t>(stairs.count++)] = {static_cast<int>(top), 1};
         }
     }
     for (int x = 1, y = 0; y < highest; ++x) {
-        const Quad next = x < 7 ? quadLn((x + 1) / static_cast<Quad>(4)) + 2 * quadLn2 : 3 * quadLn2;
-        const int rounded =
-            static_cast<int>(std::min<Quad>(next * (1 << -scaleFactor) + static_cast<Quad>(0.5), highest));
+        const Quad next = quadLn(x + 1) * (1 << -scaleFactor);
+        const int rounded = static_cast<int>(std::min<Quad>(next + 0.5, highest));
         stairs.steps[static_cast<std::size_t>(stairs.count++)] = {x, rounded - y};
         y = rounded;
     }
@@ -87,8 +86,7 @@ struct Ladder {
 template <std::size_t size>
 constexpr Ladder<size> ladder(Quad lnOfStep) {
     Ladder<size> rungs{static_cast<Orb32f>(quadLn2 / lnOfStep), {}};
-    for (std::size_t k = 0; k + 1 < size; ++k)
-        rungs.tops[k] = static_cast<Orb32s>(quadExp(lnOfStep * (static_cast<Quad>(0.5) + k)));
+    for (std::size_t k = 0; k + 1 < size; ++k) rungs.tops[k] = static_cast<Orb32s>(quadExp(lnOfStep * (k + Quad{0.5})));
     rungs.tops[size - 1] = std::numeric_limits<Orb32s>::max();
     return rungs;
 }

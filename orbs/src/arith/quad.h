@@ -17,8 +17,9 @@ struct HighLow {
     constexpr explicit HighLow(Quad x) : high(static_cast<Orb64f>(x)), low(static_cast<Orb64f>(x - high)) {}
 };
 
-// x in 0.4 to 2.5
+// x from 1/2 on
 constexpr Quad quadLn(Quad x) {
+    if (x > 2) return quadLn(x / 2) + quadLn(2);
     const Quad s = (x - 1) / (x + 1);
     Quad sum = 0, power = s;
     for (int n = 1; n < 100; n += 2, power *= s * s) sum += power / n;
@@ -41,7 +42,7 @@ constexpr Quad quadArctan(Quad x) {
 }
 
 inline constexpr Quad quadLn2 = quadLn(2);
-inline constexpr Quad quadLn10 = 3 * quadLn2 + quadLn(static_cast<Quad>(10) / 8);
+inline constexpr Quad quadLn10 = quadLn(10);
 inline constexpr Quad quadPi = 4 * quadArctan(1);
 
 } // namespace orbs
