@@ -214,7 +214,7 @@ TEST(Mul, SixteenBitUnsignedIsTheSameForEveryThreadCount) {
     forAll<ScaledProduct>(
         [](auto function, auto rule) {
             for (const int from : {8192, 16384})
-                for (const int s : {-16, -3, 0, 1, 16, 17, 33}) expectThreaded(function, rule, from, s);
+                for (const int s : {-3, 0, 16, 17}) expectThreaded(function, rule, from, s);
         },
         &orbsMul_16u_Sfs, &orbsMul_16u_ISfs, &orbsMulC_16u_Sfs, &orbsMulC_16u_ISfs);
 }

@@ -145,7 +145,7 @@ TEST(Sums, SixteenBitUnsignedAreTheSameForEveryThreadCount) {
         using S = Shape<decltype(function)>;
         if constexpr (S::scaled && std::is_same_v<typename S::Result, Orb16u>)
             for (const int from : {4096, 8192, 16384, 32768})
-                for (const int s : {-16, -3, 0, 1, 17, 18}) expectThreaded(function, rule, from, s);
+                for (const int s : {-3, 0, 1, 18}) expectThreaded(function, rule, from, s);
     });
 }
 
