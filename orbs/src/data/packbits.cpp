@@ -2,7 +2,6 @@
 #include "foundation/frame.h"
 #include "orbs/coding.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -56,8 +55,11 @@ OrbStatus packBits(const Orb32u* pSrc, const Orb32s* pSrcBitsLen, int srcLen, Or
     BitWriter writer(pDst, keep);
     OrbStatus status = orbStsNoErr;
     for (int n = 0; n < srcLen; ++n) {
-        const int bits = std::clamp(pSrcBitsLen[n], 0, 32);
-        if (bits != pSrcBitsLen[n]) status = orbStsBitLenLimited;
+        int bits = pSrcBitsLen[n];
+        if (bits < 0 || bits > 32) [[unlikely]] {
+            bits = bits < 0 ? 0 : 32;
+            status = orbStsBitLenLimited;
+        }
         writer.append(pSrc[n] & ((Orb64u{1} << bits) - 1), bits);
     }
     // An offset of whole bytes moves nothing, yet the length that is reported is smaller by it.
