@@ -46,7 +46,7 @@ OrbStatus orbsExp_32f64f(const Orb32f* pSrc, Orb64f* pDst, int len);
  * An argument that is zero or negative has a result of its own, told below, and the call goes on and returns a warning:
  * orbStsLnZeroArg or orbStsLnNegArg, whichever kind of argument comes first.
  *
- * _32f, _32f_I: at most 2 from the nearest float (worst case 1.95 ulp, close to 1). +0 gives -infinity; what has its
+ * _32f, _32f_I: at most 2 from the nearest float (worst case 1.97 ulp, close to 1). +0 gives -infinity; what has its
  * sign bit set, -0 and negative NaNs included, counts as negative and gives the NaN 0xffc00000; +infinity and positive
  * NaNs come back as they are.
  * _64f, _64f_I: worst case 0.77 ulp. There is no NaN or infinity among the results: zero, what has its sign bit set,

@@ -200,8 +200,8 @@ const auto exactLn = [](long double x) { return std::log(x); };
 // A sample of what docs/accuracy.md measures; a special element beside the others changes nothing.
 TEST(Ln, Accuracy) {
     const auto all = patterns<Orb32f, Orb32u>(1, 0x7f7fffff, 400000);
-    EXPECT_LT(worst(&orbsLn_32f, all, exactLn), 1.95);
-    EXPECT_LT(worst(&orbsLn_32f, patterns<Orb32f, Orb32u>(0x3f000000, 0x40000000, 400000), exactLn), 1.95);
+    EXPECT_LT(worst(&orbsLn_32f, all, exactLn), 1.97);
+    EXPECT_LT(worst(&orbsLn_32f, patterns<Orb32f, Orb32u>(0x3f000000, 0x40000000, 400000), exactLn), 1.97);
     const Orb64u smallest = 0x0000000100000000, greatest = 0x7fefffffffffffff;
     EXPECT_LT(worst(&orbsLn_64f, patterns<Orb64f, Orb64u>(smallest, greatest, 200000), exactLn), 0.77);
     const auto nearOne = patterns<Orb64f, Orb64u>(0x3fe0000000000000, 0x4000000000000000, 200000);
