@@ -43,9 +43,9 @@ OrbStatus orbsSqr_64fc_I(Orb64fc* pSrcDst, int len);
  * raises no floating-point exception and leaves the flags as they were.
  * Complex: the root with a real part of 0 or more; the imaginary part has the sign of im. No warning. _16sc: each part
  * times 2^-scaleFactor, rounded to nearest with ties to even, saturated; from a scale factor of 0 on that is exact,
- * below it the rounding starts from double precision. _32fc, _64fc: accurate in each part to the last bit, and without
- * overflow in between; the root of a z with an infinite im has an infinite imaginary part of that sign. No exception
- * flags either.
+ * below it the rounding starts from double precision. _32fc: double precision, rounded once; _64fc: each part to within
+ * 2^-51 of itself. Neither overflows on the way. With an infinite im the imaginary part is infinite; where either part
+ * is a NaN the other becomes one as well, unless it is that infinity. No exception flags either.
  *
  * Long vectors spread over two threads, with the same results. */
 OrbStatus orbsSqrt_8u_Sfs(const Orb8u* pSrc, Orb8u* pDst, int len, int scaleFactor);
