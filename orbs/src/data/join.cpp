@@ -52,15 +52,19 @@ HWY_INLINE auto inDoubles(D d, Part part) {
     }
 }
 
+// The integers of the floats at p, in lanes of 16 bits.
+template <class Op, class D>
+auto integersOf(D d, const Orb32f* p) {
+    return narrowed(d, [=](auto di, std::size_t offset) HWY_ATTR {
+        const hn::RebindToFloat<decltype(di)> df;
+        return Op::integer(df, hn::LoadU(df, p + offset));
+    });
+}
+
 template <class Op>
 void toIntegers(const Orb32f* pSrc, Orb16s* pDst, std::size_t len) {
-    forEachVector<Orb16s>(len, [=](auto d, std::size_t n) HWY_ATTR {
-        const auto integers = [=](auto di, std::size_t offset) HWY_ATTR {
-            const hn::RebindToFloat<decltype(di)> df;
-            return Op::integer(df, hn::LoadU(df, pSrc + n + offset));
-        };
-        hn::StoreU(narrowed(d, integers), d, pDst + n);
-    });
+    forEachVector<Orb16s>(len, [=](auto d, std::size_t n)
+                                   HWY_ATTR { hn::StoreU(integersOf<Op>(d, pSrc + n), d, pDst + n); });
 }
 template <class Op>
 void toIntegers(const Orb32f* pSrc, Orb24s* pDst, std::size_t len) {
@@ -99,6 +103,27 @@ void toFractions(const Orb24s* pSrc, Orb32f* pDst, std::size_t len) {
     });
 }
 
+// ---- Two channels of 16 bits ----
+
+template <class Op>
+void toPairs(const Orb32f* const* pSrc, Orb16s* pDst, std::size_t len) {
+    const Orb32f *const left = pSrc[0], *const right = pSrc[1];
+    forEachVector<Orb16s>(len, [=](auto d, std::size_t n) HWY_ATTR {
+        hn::StoreInterleaved2(integersOf<Op>(d, left + n), integersOf<Op>(d, right + n), d, pDst + 2 * n);
+    });
+}
+
+// A pair is a lane of 32 bits.
+void fromPairs(const Orb16s* pSrc, Orb32f* const* pDst, std::size_t len) {
+    Orb32f *const left = pDst[0], *const right = pDst[1];
+    forEachVector<Orb32f>(len, [=](auto d, std::size_t n) HWY_ATTR {
+        const auto pairs = hn::LoadU(hn::RebindToSigned<decltype(d)>(), reinterpret_cast<const Orb32s*>(pSrc) + n);
+        const auto lower = hn::ShiftRight<16>(hn::ShiftLeft<16>(pairs)), upper = hn::ShiftRight<16>(pairs);
+        hn::StoreU(FullScale::fraction(d, hn::ConvertTo(d, lower)), d, left + n);
+        hn::StoreU(FullScale::fraction(d, hn::ConvertTo(d, upper)), d, right + n);
+    });
+}
+
 // ---- All channels ----
 
 template <class T, class Channel>
@@ -113,8 +138,7 @@ OrbStatus checkChannels(const T* interleaved, Channel const* channels, int nChan
 // Calls body(first, count) for runs of samples that cover a channel.
 constexpr std::size_t blockLen = 512;
 template <class Body>
-void forEachBlock(int chanLen, Body body) {
-    const auto len = static_cast<std::size_t>(chanLen);
+void forEachBlock(std::size_t len, Body body) {
     for (std::size_t first = 0; first < len; first += blockLen) body(first, std::min(blockLen, len - first));
 }
 
@@ -133,39 +157,46 @@ void copyChannel(const T* from, std::size_t fromStep, T* to, std::size_t toStep,
 
 // Block by block: the samples of one channel side by side, then among those of the others.
 template <class Op, class T>
-OrbStatus join(const Orb32f* const* pSrc, int nChannels, int chanLen, T* pDst) {
-    if (const OrbStatus status = checkChannels(pDst, pSrc, nChannels, chanLen)) return status;
-    const auto channels = static_cast<std::size_t>(nChannels);
-    const SseRounding rounding(SseRounding::nearest);
-    if (channels == 1) {
-        toIntegers<Op>(pSrc[0], pDst, static_cast<std::size_t>(chanLen));
-        return orbStsNoErr;
-    }
-    forEachBlock(chanLen, [=](std::size_t first, std::size_t count) {
+void joinBlocks(const Orb32f* const* pSrc, std::size_t channels, std::size_t len, T* pDst) {
+    forEachBlock(len, [=](std::size_t first, std::size_t count) {
         T block[blockLen + 1];
         for (std::size_t c = 0; c < channels; ++c) {
             toIntegers<Op>(pSrc[c] + first, block, count);
             copyChannel(block, 1, pDst + first * channels + c, channels, count, c + 1 == channels);
         }
     });
-    return orbStsNoErr;
 }
-
 template <class T>
-OrbStatus split(const T* pSrc, Orb32f* const* pDst, int nChannels, int chanLen) {
-    if (const OrbStatus status = checkChannels(pSrc, pDst, nChannels, chanLen)) return status;
-    const auto channels = static_cast<std::size_t>(nChannels);
-    if (channels == 1) {
-        toFractions(pSrc, pDst[0], static_cast<std::size_t>(chanLen));
-        return orbStsNoErr;
-    }
-    forEachBlock(chanLen, [=](std::size_t first, std::size_t count) {
+void splitBlocks(const T* pSrc, Orb32f* const* pDst, std::size_t channels, std::size_t len) {
+    forEachBlock(len, [=](std::size_t first, std::size_t count) {
         T block[blockLen + 1];
         for (std::size_t c = 0; c < channels; ++c) {
             copyChannel(pSrc + first * channels + c, channels, block, 1, count, c + 1 == channels);
             toFractions(block, pDst[c] + first, count);
         }
     });
+}
+
+template <class Op, class T>
+OrbStatus join(const Orb32f* const* pSrc, int nChannels, int chanLen, T* pDst) {
+    if (const OrbStatus status = checkChannels(pDst, pSrc, nChannels, chanLen)) return status;
+    const auto channels = static_cast<std::size_t>(nChannels), len = static_cast<std::size_t>(chanLen);
+    const SseRounding rounding(SseRounding::nearest);
+    if constexpr (sizeof(T) == 2) {
+        if (channels == 2) return toPairs<Op>(pSrc, pDst, len), orbStsNoErr;
+    }
+    channels == 1 ? toIntegers<Op>(pSrc[0], pDst, len) : joinBlocks<Op>(pSrc, channels, len, pDst);
+    return orbStsNoErr;
+}
+
+template <class T>
+OrbStatus split(const T* pSrc, Orb32f* const* pDst, int nChannels, int chanLen) {
+    if (const OrbStatus status = checkChannels(pSrc, pDst, nChannels, chanLen)) return status;
+    const auto channels = static_cast<std::size_t>(nChannels), len = static_cast<std::size_t>(chanLen);
+    if constexpr (sizeof(T) == 2) {
+        if (channels == 2) return fromPairs(pSrc, pDst, len), orbStsNoErr;
+    }
+    channels == 1 ? toFractions(pSrc, pDst[0], len) : splitBlocks(pSrc, pDst, channels, len);
     return orbStsNoErr;
 }
 
