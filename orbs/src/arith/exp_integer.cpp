@@ -44,22 +44,25 @@ constexpr Powers powers = [] {
     return all;
 }();
 
+enum class Fraction { roundedHalfUp, cut };
+
 // 2 * e^x * 2^-scaleFactor without its fraction; the greatest integer if it is too large. Both factors are those of
-// double precision: 0 and infinite beyond its range, and 0 times infinity is 0.
-constexpr Orb64u halves(Orb64s x, int scaleFactor) {
+// double precision: 0 and infinite beyond its range, and 0 times infinity is 0. Where the fraction is to be cut, e^x
+// has the 53 bits of a double too: no significand is so large that it becomes 2.
+constexpr Orb64u halves(int x, int scaleFactor, Fraction fraction) {
     constexpr Orb64u greatest = std::numeric_limits<Orb64u>::max();
     if (x < leastArgument || scaleFactor > 1074) return 0;
     if (x > greatestArgument || scaleFactor < -1023) return greatest;
     const auto at = static_cast<std::size_t>(x - leastArgument);
+    Orb64u significand = powers.significand[at];
+    if (fraction == Fraction::cut) significand = (significand + 0x400) & ~Orb64u{0x7ff};
     const int exponent = powers.exponent[at] - scaleFactor;
-    return exponent < -1 ? 0 : exponent > 62 ? greatest : powers.significand[at] >> (62 - exponent);
+    return exponent < -1 ? 0 : exponent > 62 ? greatest : significand >> (62 - exponent);
 }
-
-enum class Fraction { roundedHalfUp, cut };
 
 template <class T>
 constexpr T scaledPower(int x, int scaleFactor, Fraction fraction) {
-    const Orb64u twice = halves(x, scaleFactor);
+    const Orb64u twice = halves(x, scaleFactor, fraction);
     const Orb64u result = twice / 2 + (fraction == Fraction::roundedHalfUp ? twice % 2 : 0);
     return static_cast<T>(std::min<Orb64u>(result, std::numeric_limits<T>::max()));
 }
