@@ -25,9 +25,9 @@ ORBS_DECLARATIONS_BEGIN
  * Integers: e^x * 2^-scaleFactor, saturated. e^x counts as 0 for x below -745 and as infinite above 709, 2^-scaleFactor
  * as 0 from 1075 and as infinite from -1024 on; 0 times infinity is 0.
  * _16s and _32s round to the nearest integer, a half up: e^0 * 2^-1 gives 1.
- * _64s cuts the fraction off, but for the scale factors 0, 1 and -1: 0 gives e^x rounded, 1 half of that, a half rounded
- * up, and -1 its double. With these three only the low 16 bits of an argument below 45 count, as a signed number: keep
- * arguments within 16 bits. */
+ * _64s multiplies the double nearest to e^x and cuts the fraction off, but for the scale factors 0, 1 and -1: 0 gives
+ * e^x rounded to an integer, 1 half of that, a half rounded up, and -1 its double. With these three only the low 16 bits
+ * of an argument below 45 count, as a signed number: keep arguments within 16 bits. */
 OrbStatus orbsExp_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor);
 OrbStatus orbsExp_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor);
 OrbStatus orbsExp_32s_Sfs(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor);
