@@ -11,6 +11,14 @@ namespace {
 
 using namespace orbs;
 
+// e^x without its power of two, 2^((n mod N)/N) * e^r, and n in the low bits of x * N / ln 2 + shifter: a sum with the
+// shifter is rounded to an integer.
+template <class V, class VI>
+struct Parts {
+    V y;
+    VI shifted;
+};
+
 // y * 2^n with one rounding, into the subnormal numbers, to 0 and to infinity: n up to twice the exponent range.
 template <class D, class V, class VI>
 HWY_INLINE V scaledByPowerOfTwo(D d, V y, VI n) {
@@ -26,12 +34,7 @@ HWY_INLINE V scaledByPowerOfTwo(D d, V y, VI n) {
 // ---- Single precision ----
 
 struct Exp {
-    template <class V, class VI>
-    struct Parts {
-        V y;        // e^r in sqrt(1/2) to sqrt(2)
-        VI shifted; // n in the low bits
-    };
-    static constexpr Orb32f shifter = 0x1.8p23f; // a sum with this is rounded to an integer, which its low bits hold
+    static constexpr Orb32f shifter = 0x1.8p23f;
 
     template <class D, class V>
     static HWY_INLINE auto parts(D d, V x) {
@@ -83,11 +86,6 @@ constexpr auto expStepHigh = static_cast<Orb64f>(static_cast<Orb64s>(expStep * 0
 constexpr auto expStepLow = static_cast<Orb64f>(expStep - expStepHigh);
 
 struct Exp64 {
-    template <class V, class VI>
-    struct Parts {
-        V y;        // 2^(j / 64) * e^r in 1 to 2, j = n mod 64
-        VI shifted; // n in the low bits
-    };
     static constexpr Orb64f shifter = 0x1.8p52;
 
     // Members differ in what they read.
