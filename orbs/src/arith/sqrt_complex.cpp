@@ -37,10 +37,44 @@ private:
     Orb32u earlier_;
 };
 
+// Scale factors 1 to 8, in integers: |z| is rounded first, and half its sum with the real part, or its difference, is
+// the square of a part of the root. An exact half goes up, but down to an even result where |z| was rounded.
+struct IntegerParts {
+    int scaleFactor;
+
+    template <class D, class V>
+    V operator()(D d, V twiceSquare, hn::Mask<D> isRounded) const {
+        const int down = 2 * scaleFactor + 1; // from twice the square to that of the scaled part
+        const V toNearest = hn::Set(d, (1 << (down - 1)) + (1 << (down - 2)));
+        const V square = hn::ShiftRightSame(hn::Add(twiceSquare, toNearest), down);
+        const V root = nearestInt32(hn::Sqrt(hn::ConvertTo(hn::Rebind<Orb32f, D>(), square)));
+        const V odd = hn::And(root, hn::Set(d, 1)), twiceBelow = hn::Sub(hn::Add(root, root), hn::Set(d, 1));
+        const V half = hn::ShiftLeftSame(hn::Mul(twiceBelow, twiceBelow), down - 2);
+        return hn::Sub(root, hn::IfThenElseZero(hn::And(hn::Eq(half, twiceSquare), isRounded), odd));
+    }
+};
+
+void integerRoots(const Orb16sc* src, Orb16sc* dst, std::size_t len, int scaleFactor) {
+    const IntegerParts part{scaleFactor};
+    forEachVector<Orb64f>(len, [=](auto wide, std::size_t n) HWY_ATTR {
+        const hn::Rebind<Orb32s, decltype(wide)> d;
+        const auto pairs = hn::LoadU(d, reinterpret_cast<const Orb32s*>(src + n));
+        const auto re = hn::ShiftRight<16>(hn::ShiftLeft<16>(pairs)), im = hn::ShiftRight<16>(pairs);
+        const auto z = loadFloats(wide, src + n);
+        const auto m = nearestInt32(hn::Sqrt(hn::Add(hn::Mul(z.re, z.re), hn::Mul(z.im, z.im))));
+        const auto squares = hn::Add(hn::Mul(re, re), hn::Mul(im, im)); // in 32 bits, as that of m
+        const auto isRounded = hn::Ne(hn::Mul(m, m), squares);
+        const auto sign = hn::BroadcastSignBit(im), ofIm = part(d, hn::Sub(m, re), isRounded);
+        const auto low = part(d, hn::Add(m, re), isRounded), high = hn::Sub(hn::Xor(ofIm, sign), sign);
+        hn::StoreU(hn::Or(low, hn::ShiftLeft<16>(high)), d, reinterpret_cast<Orb32s*>(dst + n));
+    });
+}
+
 void roots(const Orb16sc* src, Orb16sc* dst, std::size_t len, int scaleFactor) {
     std::optional<X87Truncates> unused;
     if (scaleFactor != 0) unused.emplace();
     const SseQuiet quiet(SseRounding::nearest);
+    if (scaleFactor >= 1 && scaleFactor <= 8) return integerRoots(src, dst, len, scaleFactor);
     const int s = std::clamp(scaleFactor, -64, 64); // beyond, the rule gives the same
     forEachVector<Orb64f>(len, [=](auto d, std::size_t n) HWY_ATTR {
         storeNearest(d, complexRoot(d, loadFloats(d, src + n), powerOfTwo<double>(-2 * s - 1)), dst + n);
