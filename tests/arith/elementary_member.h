@@ -77,4 +77,20 @@ double worst(Member member, const std::vector<T>& x, Exact exact) {
     return most;
 }
 
+// An element that takes the slower loop changes no other result, in whatever block it lies.
+template <class Member, class T>
+void expectSameBeside(Member member, const std::vector<T>& x, T odd) {
+    for (const std::size_t len : {5, 255, 256, 257, 600}) {
+        const std::vector<T> some(x.begin(), x.begin() + static_cast<std::ptrdiff_t>(len));
+        const auto plain = call(member, some).y;
+        for (const std::size_t at : {std::size_t{0}, len / 2, len - 1}) {
+            auto changed = some;
+            changed[at] = odd;
+            auto y = call(member, changed).y;
+            y[at] = plain[at];
+            EXPECT_TRUE(support::sameBits(y, plain)) << at << " of " << len;
+        }
+    }
+}
+
 } // namespace elementary

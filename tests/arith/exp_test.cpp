@@ -153,6 +153,16 @@ TEST(Exp, Accuracy) {
     }
 }
 
+TEST(Exp, SpecialElementsChangeNoOthers) {
+    const auto x = patterns<Orb32f, Orb32u>(0x3f000000, 0x42ae0000, 600);
+    const auto x64 = patterns<Orb64f, Orb64u>(0xbfe0000000000000, 0xc086000000000000, 600);
+    expectSameBeside(&orbsExp_32f, x, -100.0f);
+    expectSameBeside(&orbsExp_32f_I, x, infinity);
+    expectSameBeside(&orbsExp_64f, x64, -740.0);
+    expectSameBeside(&orbsExp_64f_I, x64, 1000.0);
+    expectSameBeside(&orbsExp_32f64f, x, -1000.0f);
+}
+
 // The exceptions that Exp_32f meets neither trap nor show, and no rounding mode changes a result.
 TEST(Exp, LeavesTheControlRegisterAsItWas) {
     const Orb32u callers = _mm_getcsr();
