@@ -42,12 +42,12 @@ OrbStatus orbsSqr_64fc_I(Orb64fc* pSrcDst, int len);
  * orbStsSqrtNegArg and the processor's NaN, but for -0, whose root is -0; a NaN with its sign set warns as well. The call
  * raises no floating-point exception and leaves the flags as they were.
  * Complex: the root with a real part of 0 or more; the imaginary part has the sign of im. No warning. _16sc: each part
- * times 2^-scaleFactor, rounded to nearest with ties to even, saturated; exactly at a scale factor of 0 and above 8, from
- * double precision below 0. At scale factors of 1 to 8 in integers: m, the integer nearest to |pSrc[n]|, and then the
- * integers nearest to sqrt((m + re) / 2) * 2^-scaleFactor and sqrt((m - re) / 2) * 2^-scaleFactor, of which an exact
- * half goes up, but to the even integer where m was rounded. _32fc: double precision, rounded once; _64fc: each part to within
- * 2^-51 of itself. Neither overflows on the way. With an infinite im the imaginary part is infinite; where either part
- * is a NaN the other becomes one as well, unless it is that infinity. No exception flags either.
+ * times 2^-scaleFactor, rounded to nearest with ties to even, saturated; exactly at a scale factor of 0 and above 8,
+ * from double precision below 0. At scale factors of 1 to 8 in integers: m, the integer nearest to |pSrc[n]|, and then
+ * the integers nearest to sqrt((m + re) / 2) * 2^-scaleFactor and sqrt((m - re) / 2) * 2^-scaleFactor, of which an
+ * exact half goes up, but to the even integer where m was rounded. _32fc: double precision, rounded once; _64fc: each
+ * part to within 2^-51 of itself. Neither overflows on the way. With an infinite im the imaginary part is infinite;
+ * where either part is a NaN the other becomes one as well, unless it is that infinity. No exception flags either.
  *
  * Long vectors spread over two threads, with the same results. */
 OrbStatus orbsSqrt_8u_Sfs(const Orb8u* pSrc, Orb8u* pDst, int len, int scaleFactor);
