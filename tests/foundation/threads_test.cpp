@@ -17,18 +17,13 @@ template <class Split>
 std::vector<Chunk> runsOf(Split split) {
     std::vector<Chunk> runs(64);
     std::atomic<std::size_t> used = 0;
-    split([&](std::size_t first, std::size_t count) {
-        runs[used++] = {first, count};
-        return false;
-    });
+    split([&](std::size_t first, std::size_t count) { runs[used++] = {first, count}; });
     runs.resize(used);
     std::sort(runs.begin(), runs.end());
     return runs;
 }
 std::vector<Chunk> runsOverThreads(int len) {
-    return runsOf([&](auto kernel) {
-        splitOverThreads(len, [&](std::size_t first, std::size_t count) { kernel(first, count); });
-    });
+    return runsOf([&](auto kernel) { splitOverThreads(len, kernel); });
 }
 std::vector<Chunk> runsInTwo(int len) {
     return runsOf([&](auto kernel) { splitInTwo(len, kernel); });
@@ -92,17 +87,6 @@ TEST(Threads, InsideAParallelRegionTheWholeRangeIsRun) {
         expectCovers(overThreads[caller], 100);
         expectCovers(inTwo[caller], 100);
         EXPECT_EQ(teams[caller], 1);
-    }
-}
-
-TEST(Threads, AWarningOfEitherHalfIsTold) {
-    for (int threads : {1, 2, 5}) {
-        const support::ThreadCount count(threads);
-        for (std::size_t culprit : {0u, 49u, 50u, 99u}) {
-            EXPECT_TRUE(splitInTwo(
-                100, [=](std::size_t first, std::size_t n) { return first <= culprit && culprit < first + n; }));
-        }
-        EXPECT_FALSE(splitInTwo(100, [](std::size_t, std::size_t) { return false; }));
     }
 }
 

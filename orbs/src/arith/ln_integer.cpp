@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -136,8 +135,8 @@ struct ScaledLn {
 };
 
 // 2^-scaleFactor of a negative scale factor; from 2^64 on every result but 0 saturates.
-Orb32f powerOfTwo(int scaleFactor) {
-    return std::ldexp(1.0f, -std::max(scaleFactor, -64));
+Orb32f scaleOf(int scaleFactor) {
+    return powerOfTwo<Orb32f>(-std::max(scaleFactor, -64));
 }
 
 // ---- Frame ----
@@ -163,23 +162,23 @@ OrbStatus logarithms(Op op, const S* pSrc, R* pDst, int len) {
 
 OrbStatus ln(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor) {
     if (scaleFactor >= 0 || scaleFactor <= -14) return logarithms(Stairs<Orb16s>(scaleFactor), pSrc, pDst, len);
-    return logarithms(ScaledLn{powerOfTwo(scaleFactor)}, pSrc, pDst, len);
+    return logarithms(ScaledLn{scaleOf(scaleFactor)}, pSrc, pDst, len);
 }
 
 OrbStatus ln(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor) {
-    if (scaleFactor < 0) return logarithms(ScaledLn{powerOfTwo(scaleFactor)}, pSrc, pDst, len);
+    if (scaleFactor < 0) return logarithms(ScaledLn{scaleOf(scaleFactor)}, pSrc, pDst, len);
     return logarithms(Rungs{ln32sLadder, std::min(scaleFactor, 31)}, pSrc, pDst, len);
 }
 
 OrbStatus ln(const Orb32s* pSrc, Orb16s* pDst, int len, int scaleFactor) {
     if (scaleFactor <= -15) return logarithms(Stairs<Orb32s>(scaleFactor), pSrc, pDst, len);
-    if (scaleFactor < 0) return logarithms(ScaledLn{powerOfTwo(scaleFactor)}, pSrc, pDst, len);
+    if (scaleFactor < 0) return logarithms(ScaledLn{scaleOf(scaleFactor)}, pSrc, pDst, len);
     return logarithms(Rungs{ln32sLadder, std::min(scaleFactor, 31)}, pSrc, pDst, len);
 }
 
 OrbStatus decibels(const Orb32s* pSrc, Orb32s* pDst, int len, int scaleFactor) {
     constexpr auto perNeper = static_cast<Orb32f>(10 / quadLn10); // 4.3429446
-    if (scaleFactor < 0) return logarithms(ScaledLn{powerOfTwo(scaleFactor) * perNeper}, pSrc, pDst, len);
+    if (scaleFactor < 0) return logarithms(ScaledLn{scaleOf(scaleFactor) * perNeper}, pSrc, pDst, len);
     return logarithms(Rungs{decibelLadder, std::min(scaleFactor, 31)}, pSrc, pDst, len);
 }
 

@@ -25,12 +25,11 @@ OrbStatus spread(int len, Parallel parallel, Kernel kernel) {
     const auto chunk = [&](std::size_t first, std::size_t count) {
         const SseRounding asCaller(rounding);
         kernel(first, count);
-        return false;
     };
     if (parallel.split == Parallel::inTwo) {
         splitInTwo(len, chunk);
     } else {
-        splitOverThreads(len, [&](std::size_t first, std::size_t count) { chunk(first, count); });
+        splitOverThreads(len, chunk);
     }
     return orbStsNoErr;
 }

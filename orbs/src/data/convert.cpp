@@ -7,7 +7,6 @@
 #include "foundation/narrow.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace {
 
@@ -60,10 +59,9 @@ OrbStatus unpack(const T24* pSrc, Dst* pDst, int len) {
 // 2^-scaleFactor, the scale factor limited so that it is a normal number and no product overflows or underflows.
 template <class Src, class Dst>
 Dst exactScale(int scaleFactor) {
-    using Bits = std::conditional_t<sizeof(Dst) == 4, Orb32u, Orb64u>;
-    constexpr int bias = std::numeric_limits<Dst>::max_exponent - 1, mantissa = std::numeric_limits<Dst>::digits - 1;
+    constexpr int bias = std::numeric_limits<Dst>::max_exponent - 1;
     const int limited = std::clamp(scaleFactor, std::numeric_limits<Src>::digits - bias, bias - 1);
-    return std::bit_cast<Dst>(static_cast<Bits>(bias - limited) << mantissa);
+    return powerOfTwo<Dst>(-limited);
 }
 
 template <class Src, class Dst>

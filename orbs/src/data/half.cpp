@@ -5,10 +5,10 @@
 #include "foundation/frame.h"
 #include "foundation/narrow.h"
 #include "foundation/rounding.h"
+#include "foundation/scale.h"
 #include "orbs/convert.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace {
 
@@ -62,7 +62,7 @@ template <bool toNearest>
 void toIntegers(const Orb16f* pSrc, Orb16s* pDst, std::size_t len, int scaleFactor) {
     const Orb32s lastTop = scaleFactor < -14 ? 0x7c00 : 0x7fff;
     // Limited to where every half but 0 saturates, and where every half vanishes.
-    const auto m = std::bit_cast<Orb32f>((127 - std::clamp(scaleFactor, -40, 40)) << 23);
+    const auto m = powerOfTwo<Orb32f>(-std::clamp(scaleFactor, -40, 40));
     forEachVector<Orb16s>(len, [=](auto d, std::size_t n) HWY_ATTR {
         const auto integers = [=](auto di, std::size_t offset) HWY_ATTR {
             const hn::RebindToFloat<decltype(di)> df;

@@ -71,24 +71,27 @@ struct EqualRuns {
     std::size_t count(std::size_t k) const { return length / runs + (k + 1 == runs ? length % runs : 0); }
 };
 
+// Runs kernel(first, count) on `runs` chunks of the range, or on the whole of it if there are not two threads, or fewer
+// elements than threads.
+template <class Kernel>
+void splitInRuns(int runs, int len, Kernel kernel) {
+    const int threads = threadCount();
+    if (threads < 2 || len < threads) return kernel(std::size_t{0}, static_cast<std::size_t>(len));
+    const EqualRuns equal{static_cast<std::size_t>(len), static_cast<std::size_t>(runs)};
+    runChunks(runs, [&](int k) {
+        const auto run = static_cast<std::size_t>(k);
+        kernel(equal.first(run), equal.count(run));
+    });
+}
 // N-way division: one chunk for each thread of the thread count.
 template <class Kernel>
 void splitOverThreads(int len, Kernel kernel) {
-    const int threads = threadCount();
-    if (threads < 2 || len < threads) return kernel(std::size_t{0}, static_cast<std::size_t>(len));
-    const EqualRuns runs{static_cast<std::size_t>(len), static_cast<std::size_t>(threads)};
-    runChunks(threads, [&](int k) { kernel(runs.first(k), runs.count(k)); });
+    splitInRuns(threadCount(), len, kernel);
 }
-
-// Two-way division for kernels that tell whether they met a warning: true if a chunk did.
+// Two-way division, however many threads there are.
 template <class Kernel>
-bool splitInTwo(int len, Kernel kernel) {
-    const int threads = threadCount();
-    if (threads < 2 || len < threads) return kernel(std::size_t{0}, static_cast<std::size_t>(len));
-    const EqualRuns halves{static_cast<std::size_t>(len), 2};
-    bool warned[2] = {};
-    runChunks(2, [&](int k) { warned[k] = kernel(halves.first(k), halves.count(k)); });
-    return warned[0] || warned[1];
+void splitInTwo(int len, Kernel kernel) {
+    splitInRuns(2, len, kernel);
 }
 
 // Team-aware division: the whole thread count is asked for, plan(team) is told once how many came. A count that
