@@ -217,9 +217,9 @@ Root rootOf(C z) {
 // Scale factors 1 to 8: |z| is rounded, then half its sum with re, and at last the root of that, in integers. A root
 // between two integers goes up, but to the even one where |z| was rounded.
 int partOfRounded(int re, int im, int sign, int s) {
-    const int squares = re * re + im * im - (re == -32768 && im == -32768); // 1 less does not change the root
+    const std::int64_t squares = std::int64_t{re} * re + std::int64_t{im} * im;
     const int m = static_cast<int>(std::lround(std::sqrt(static_cast<double>(squares))));
-    const bool isRounded = std::int64_t{m} * m != std::int64_t{re} * re + std::int64_t{im} * im;
+    const bool isRounded = std::int64_t{m} * m != squares;
     const int sum = m + sign * re, square = (sum + (1 << (2 * s - 1)) + (1 << (2 * s))) >> (2 * s + 1);
     int root = 0;
     while (root * root + root < square) ++root;
@@ -229,6 +229,7 @@ int partOfRounded(int re, int im, int sign, int s) {
 
 TEST(Sqrt, OfComplexIntegersScaledDownRoundsTheMagnitudeFirst) {
     auto z = support::randomVector<Orb16sc>(5000);
+    z.push_back({-32768, -32768});
     for (Orb16s re = -150; re <= 150; ++re)
         for (Orb16s im = -90; im <= 90; ++im) z.push_back({re, im});
     for (int s = 1; s <= 8; ++s) {
