@@ -34,6 +34,7 @@ void addScaled(const char* family, OrbStatus (*member)(const T*, const T*, T*, i
         const std::string name = std::string(family) + "(" + std::to_string(s) + ")";
         add(name, "orbs", [=](int len) { member(v.a, v.b, v.dst, len, s); });
         add(name, "loop", [=](int len) { loops::map<Wide>(v.a, v.b, v.dst, len, s, combine); });
+        add(name, "scalar", [=](int len) { loops::mapScalar<Wide>(v.a, v.b, v.dst, len, s, combine); });
     }
 }
 template <class Wide, class T, class Combine>
