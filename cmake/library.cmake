@@ -14,7 +14,7 @@ if(ORBS_SANITIZE)
     # Guarding the kernels' arrays of registers, one by one, would take the compiler an hour: memory is checked, these
     # arrays are not.
     set_source_files_properties(
-        ${PROJECT_SOURCE_DIR}/orbs/src/transforms/fft_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/transforms/fft_64f.cpp
+        ${PROJECT_SOURCE_DIR}/orbs/src/fft/fft_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/fft/fft_64f.cpp
         PROPERTIES COMPILE_OPTIONS "-O1;-g1;-fno-var-tracking;--param;asan-stack=0")
 endif()
 

@@ -10,11 +10,10 @@
 #include "orbs/data.h"
 #include "orbs/divide.h"
 #include "orbs/elementary.h"
-#include "orbs/filters.h"
+#include "orbs/fft.h"
+#include "orbs/fir.h"
 #include "orbs/foundation.h"
 #include "orbs/logic.h"
-#include "orbs/roots.h"
 #include "orbs/spectra.h"
-#include "orbs/transforms.h"
 
 #endif

@@ -243,32 +243,40 @@ OrbStatus orbsMulC_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
 OrbStatus orbsMulC_32f16s_Sfs(const Orb32f* pSrc, Orb32f val, Orb16s* pDst, int len, int scaleFactor);
 OrbStatus orbsMulC_Low_32f16s(const Orb32f* pSrc, Orb32f val, Orb16s* pDst, int len);
 
-/* ---- MulPack, MulPerm, MulPackConj ---------------------------------------------------------------------------
- * The product, bin by bin, of two packed spectra of real signals of len samples (orbs/spectra.h tells the layouts):
- * the spectrum of their circular convolution. The _I forms: pSrcDst = pSrc * pSrcDst. MulPackConj takes the conjugate
- * of pSrc, which gives the spectrum of the circular correlation.
+/* ---- Sqr -----------------------------------------------------------------------------------------------------
+ * pDst[n] = pSrc[n]^2; the _I and _ISfs forms: pSrcDst[n] squared in place; n = 0 to len - 1.
  *
- * Real bins (the first, and with len even that of half the sampling rate) are one multiplication. A complex bin is
- *   re = re1*re2 - im1*im2, im = re1*im2 + im1*re2;  MulPackConj: re = re1*re2 + im1*im2, im = re1*im2 - im1*re2,
- * each product rounded to the type, then the sum; NaN and infinity as usual. pDst may be a source.
+ * Integers: the exact square under the scale rule. Complex: (re*re - im*im, 2*re*im), in _16sc exact before each part is
+ * scaled, in _32fc and _64fc each product rounded to the type; NaN and infinity as usual. */
+OrbStatus orbsSqr_8u_Sfs(const Orb8u* pSrc, Orb8u* pDst, int len, int scaleFactor);
+OrbStatus orbsSqr_8u_ISfs(Orb8u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSqr_16u_Sfs(const Orb16u* pSrc, Orb16u* pDst, int len, int scaleFactor);
+OrbStatus orbsSqr_16u_ISfs(Orb16u* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSqr_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor);
+OrbStatus orbsSqr_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSqr_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, int len, int scaleFactor);
+OrbStatus orbsSqr_16sc_ISfs(Orb16sc* pSrcDst, int len, int scaleFactor);
+OrbStatus orbsSqr_32f(const Orb32f* pSrc, Orb32f* pDst, int len);
+OrbStatus orbsSqr_32f_I(Orb32f* pSrcDst, int len);
+OrbStatus orbsSqr_32fc(const Orb32fc* pSrc, Orb32fc* pDst, int len);
+OrbStatus orbsSqr_32fc_I(Orb32fc* pSrcDst, int len);
+OrbStatus orbsSqr_64f(const Orb64f* pSrc, Orb64f* pDst, int len);
+OrbStatus orbsSqr_64f_I(Orb64f* pSrcDst, int len);
+OrbStatus orbsSqr_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len);
+OrbStatus orbsSqr_64fc_I(Orb64fc* pSrcDst, int len);
+
+/* ---- Abs -----------------------------------------------------------------------------------------------------
+ * pDst[n] = |pSrc[n]|; the _I forms in place.
  *
- * The _16s members do not follow the scale rule: a scaleFactor above 0 shifts the exact result right and cuts off, that
- * is, rounds down, and then saturates; the count is limited to 31 for complex bins and taken modulo 32 for real ones. One
- * below 0 saturates to 16 bits, shifts left by the count modulo 32, and saturates again. */
-OrbStatus orbsMulPack_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor);
-OrbStatus orbsMulPack_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor);
-OrbStatus orbsMulPack_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
-OrbStatus orbsMulPack_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
-OrbStatus orbsMulPack_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);
-OrbStatus orbsMulPack_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
-OrbStatus orbsMulPerm_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor);
-OrbStatus orbsMulPerm_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor);
-OrbStatus orbsMulPerm_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len);
-OrbStatus orbsMulPerm_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
-OrbStatus orbsMulPerm_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pDst, int len);
-OrbStatus orbsMulPerm_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
-OrbStatus orbsMulPackConj_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len);
-OrbStatus orbsMulPackConj_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len);
+ * Integers: the smallest of the type gives the largest. Floats: the sign bit is cleared, of -0 and of a NaN too. */
+OrbStatus orbsAbs_16s(const Orb16s* pSrc, Orb16s* pDst, int len);
+OrbStatus orbsAbs_16s_I(Orb16s* pSrcDst, int len);
+OrbStatus orbsAbs_32s(const Orb32s* pSrc, Orb32s* pDst, int len);
+OrbStatus orbsAbs_32s_I(Orb32s* pSrcDst, int len);
+OrbStatus orbsAbs_32f(const Orb32f* pSrc, Orb32f* pDst, int len);
+OrbStatus orbsAbs_32f_I(Orb32f* pSrcDst, int len);
+OrbStatus orbsAbs_64f(const Orb64f* pSrc, Orb64f* pDst, int len);
+OrbStatus orbsAbs_64f_I(Orb64f* pSrcDst, int len);
 
 ORBS_DECLARATIONS_END
 

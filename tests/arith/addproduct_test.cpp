@@ -1,5 +1,5 @@
 // AddProduct and AddProductC.
-#include "arith/member.h"
+#include "support/member.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Mul and MulC.
-#include "arith/member.h"
+#include "support/member.h"
 
 namespace {
 

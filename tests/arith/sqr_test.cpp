@@ -1,6 +1,6 @@
 // Sqr and Abs.
-#include "arith/elementary_member.h"
-#include "arith/member.h"
+#include "support/float_member.h"
+#include "support/member.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Add, AddC, Sub, SubC, SubCRev.
-#include "arith/member.h"
+#include "support/member.h"
 
 namespace {
 

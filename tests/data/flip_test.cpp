@@ -1,4 +1,4 @@
-#include "data/complex_shape.h"
+#include "support/complex_shape.h"
 
 #include <algorithm>
 

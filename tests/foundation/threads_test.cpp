@@ -1,6 +1,7 @@
 #include "foundation/threads.h"
 #include "support/threads.h"
 
+#include <algorithm>
 #include <atomic>
 #include <climits>
 #include <gtest/gtest.h>
@@ -23,10 +24,10 @@ std::vector<Chunk> runsOf(Split split) {
     return runs;
 }
 std::vector<Chunk> runsOverThreads(int len) {
-    return runsOf([&](auto kernel) { splitOverThreads(len, kernel); });
+    return runsOf([&](auto kernel) { spread(len, {1, Spread::overThreads}, kernel); });
 }
 std::vector<Chunk> runsInTwo(int len) {
-    return runsOf([&](auto kernel) { splitInTwo(len, kernel); });
+    return runsOf([&](auto kernel) { spread(len, {1}, kernel); });
 }
 
 void expectCovers(const std::vector<Chunk>& runs, int len) {
@@ -77,7 +78,7 @@ TEST(Threads, InsideAParallelRegionTheWholeRangeIsRun) {
     auto region = [&](int caller, int) -> OrbStatus {
         overThreads[caller] = runsOverThreads(100);
         inTwo[caller] = runsInTwo(100);
-        splitOverTeam([&](int team) { teams[caller] = team; }, [](int, int) { return orbStsNoErr; });
+        spreadOverTeam([&](int team) { teams[caller] = team; }, [](int, int) { return orbStsNoErr; });
         return orbStsNoErr;
     };
     auto noPlan = [](int) {};
@@ -97,7 +98,7 @@ TEST(Threads, TheTeamIsPlannedOnceAndItsSmallestStatusWins) {
         std::atomic<int> unplanned = 0, wrongTeam = 0;
         auto run = [&](auto statusOf) {
             plans = 0;
-            return splitOverTeam(
+            return spreadOverTeam(
                 [&](int size) {
                     ++plans;
                     team = size;
@@ -122,11 +123,53 @@ TEST(Threads, ACountBelowOneIsATeamOfOne) {
     for (int count : {0, -1, INT_MIN}) {
         threads_omp_of_n_orb = count;
         int team = 0;
-        splitOverTeam([&](int size) { team = size; }, [](int, int) { return orbStsNoErr; });
+        spreadOverTeam([&](int size) { team = size; }, [](int, int) { return orbStsNoErr; });
         EXPECT_EQ(team, 1);
         expectCovers(runsOverThreads(100), 100);
         expectCovers(runsInTwo(100), 100);
     }
+}
+
+TEST(Threads, AWarningOfAnyChunkIsTold) {
+    for (const int threads : {1, 2, 5}) {
+        const support::ThreadCount count(threads);
+        for (const Spread how : {Spread{100}, Spread{100, Spread::overThreads}, Spread{101}}) {
+            const auto statusOf = [&](auto kernel) { return spreadWithWarning(orbStsDivByZero, 100, how, kernel); };
+            for (const std::size_t culprit : {0u, 49u, 50u, 99u}) {
+                const auto meets = [=](std::size_t first, std::size_t n) { return culprit - first < n; };
+                EXPECT_EQ(statusOf(meets), orbStsDivByZero) << culprit << ", " << threads << " threads";
+            }
+            EXPECT_EQ(statusOf([](std::size_t, std::size_t) { return false; }), orbStsNoErr);
+        }
+    }
+}
+
+// Rounding, flush-to-zero and denormals-are-zero reach every thread, what it raises comes back, and its own register is
+// as it was.
+TEST(Threads, AllComputeUnderTheCallersControlRegister) {
+    const support::ThreadCount four(4);
+    const Orb32u callers = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
+    std::vector<Orb32u> seen(4);
+    auto noPlan = [](int) {};
+    const auto control = [&](Orb32u raised) {
+        std::fill(seen.begin(), seen.end(), 0u);
+        auto work = [&](int thread, int team) -> OrbStatus {
+            seen[thread] = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
+            if (thread == team - 1) _mm_setcsr(_mm_getcsr() | raised);
+            return orbStsNoErr;
+        };
+        runTeam(4, noPlan, work);
+    };
+    const Orb32u special = (callers & ~Orb32u{_MM_ROUND_MASK}) | _MM_ROUND_UP | _MM_FLUSH_ZERO_ON | 0x0040;
+    _mm_setcsr(special);
+    control(_MM_EXCEPT_OVERFLOW);
+    const Orb32u after = _mm_getcsr();
+    _mm_setcsr(callers);
+    EXPECT_EQ(seen, std::vector<Orb32u>(4, special));
+    EXPECT_EQ(after, special | _MM_EXCEPT_OVERFLOW);
+    control(0);
+    EXPECT_EQ(seen, std::vector<Orb32u>(4, callers));
+    EXPECT_EQ(_mm_getcsr() & _MM_EXCEPT_MASK, 0u);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // Abs: |pSrc[n]|.
-#include "arith/elementwise.h"
-#include "orbs/roots.h"
+#include "orbs/arith.h"
+#include "vectors/elementwise.h"
 
 namespace {
 

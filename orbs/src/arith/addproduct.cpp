@@ -45,9 +45,9 @@ struct SumInDouble {
     }
 };
 
-constexpr ScaleCuts sumCuts16s{.zeroAbove = 30, .boundFrom = -15};
-constexpr ScaleCuts sumCuts16s32s{.zeroAbove = 30, .boundFrom = -31};
-constexpr ScaleCuts sumCuts32s{.zeroAbove = 62, .boundFrom = -31};
+constexpr ScaleCuts addProductCuts16s{.zeroAbove = 30, .boundFrom = -15};
+constexpr ScaleCuts addProductCuts16s32s{.zeroAbove = 30, .boundFrom = -31};
+constexpr ScaleCuts addProductCuts32s{.zeroAbove = 62, .boundFrom = -31};
 
 // A vector reads sources ahead of what it stores, which differs from element after element where the destination
 // starts a little behind a source.
@@ -71,9 +71,9 @@ OrbStatus accumulated(Op op, int len, T* pSrcDst, const S*... pSrc) {
 // clang-format off
 extern "C" {
 
-OrbStatus orbsAddProduct_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(SumWith<Product>(), len, scaleFactor, sumCuts16s, pSrcDst, pSrc1, pSrc2, pSrcDst); }
-OrbStatus orbsAddProduct_16s32s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb32s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(SumOfWider(), len, scaleFactor, sumCuts16s32s, pSrcDst, pSrc1, pSrc2, pSrcDst); }
-OrbStatus orbsAddProduct_32s_Sfs(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pSrcDst, int len, int scaleFactor) { return scaledInDouble<SumInDouble>(len, scaleFactor, sumCuts32s, pSrcDst, pSrc1, pSrc2, pSrcDst); }
+OrbStatus orbsAddProduct_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(SumWith<Product>(), len, scaleFactor, addProductCuts16s, pSrcDst, pSrc1, pSrc2, pSrcDst); }
+OrbStatus orbsAddProduct_16s32s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb32s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(SumOfWider(), len, scaleFactor, addProductCuts16s32s, pSrcDst, pSrc1, pSrc2, pSrcDst); }
+OrbStatus orbsAddProduct_32s_Sfs(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pSrcDst, int len, int scaleFactor) { return scaledInDouble<SumInDouble>(len, scaleFactor, addProductCuts32s, pSrcDst, pSrc1, pSrc2, pSrcDst); }
 OrbStatus orbsAddProduct_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pSrcDst, int len) { return accumulated(SumWith<Product>(), len, pSrcDst, pSrc1, pSrc2); }
 OrbStatus orbsAddProduct_64f(const Orb64f* pSrc1, const Orb64f* pSrc2, Orb64f* pSrcDst, int len) { return accumulated(SumWith<Product>(), len, pSrcDst, pSrc1, pSrc2); }
 OrbStatus orbsAddProduct_32fc(const Orb32fc* pSrc1, const Orb32fc* pSrc2, Orb32fc* pSrcDst, int len) { return accumulated(SumWith<ProductOfComplex>(), len, pSrcDst, pSrc1, pSrc2); }

@@ -1,9 +1,10 @@
 // 32-bit integers computed in double precision, for which products have 53 bits.
 #pragma once
 
-#include "arith/elementwise.h"
 #include "foundation/control.h"
-#include "foundation/rounding.h"
+#include "vectors/elementwise.h"
+#include "vectors/powers.h"
+#include "vectors/to_integer.h"
 
 namespace orbs {
 

@@ -1,29 +1,30 @@
 // Mul: pSrc1[n] * pSrc2[n], and MulC: pSrc[n] * val, but for 32-bit integers.
 #include "arith/products.h"
 #include "foundation/control.h"
-#include "foundation/rounding.h"
 #include "orbs/arith.h"
+#include "vectors/powers.h"
+#include "vectors/to_integer.h"
 
 namespace {
 
 using namespace orbs;
 
-constexpr ScaleCuts cuts8u{.zeroAbove = 16, .boundFrom = -8};
-constexpr ScaleCuts cuts16u{.zeroAbove = 32, .boundFrom = -16};
-constexpr ScaleCuts cuts16s{.zeroAbove = 30, .boundFrom = -16};
-constexpr ScaleCuts cuts16sc{.zeroAbove = 31, .boundFrom = -16};
-constexpr ScaleCuts cuts16u16s{.zeroAbove = 31, .boundFrom = -15};
-constexpr ScaleCuts cuts16s32s{.zeroAbove = 30, .boundFrom = -31};
-constexpr ParallelFrom from16u{.zero = 8192, .negative = 8192, .positive = 8192};
-constexpr ParallelFrom from16uElsewhere{.zero = 16384, .negative = 8192, .positive = 8192};
+constexpr ScaleCuts productCuts8u{.zeroAbove = 16, .boundFrom = -8};
+constexpr ScaleCuts productCuts16u{.zeroAbove = 32, .boundFrom = -16};
+constexpr ScaleCuts productCuts16s{.zeroAbove = 30, .boundFrom = -16};
+constexpr ScaleCuts productCuts16sc{.zeroAbove = 31, .boundFrom = -16};
+constexpr ScaleCuts productCuts16u16s{.zeroAbove = 31, .boundFrom = -15};
+constexpr ScaleCuts productCuts16s32s{.zeroAbove = 30, .boundFrom = -31};
+constexpr SpreadFrom from16u{.zero = 8192, .negative = 8192, .positive = 8192};
+constexpr SpreadFrom from16uElsewhere{.zero = 16384, .negative = 8192, .positive = 8192};
 
 // From a scale factor of 17 on, 32 bits have no room for what rounding adds to the product. One thread does these.
 template <class Op, class HalvedOp, class... S>
-OrbStatus product16u(Op op, HalvedOp halved, int len, int scaleFactor, ParallelFrom from, Orb16u* pDst,
+OrbStatus product16u(Op op, HalvedOp halved, int len, int scaleFactor, SpreadFrom from, Orb16u* pDst,
                      const S*... pSrc) {
-    if (scaleFactor > 16 && scaleFactor <= cuts16u.zeroAbove)
-        return elementwiseScaled(halved, len, scaleFactor - 1, cuts16u, pDst, pSrc...);
-    return elementwiseParallel(op, len, scaleFactor, cuts16u, from, pDst, pSrc...);
+    if (scaleFactor > 16 && scaleFactor <= productCuts16u.zeroAbove)
+        return elementwiseScaled(halved, len, scaleFactor - 1, productCuts16u, pDst, pSrc...);
+    return elementwiseSpread(op, len, scaleFactor, productCuts16u, from, pDst, pSrc...);
 }
 
 template <class Real, class C>
@@ -79,20 +80,20 @@ OrbStatus scaledToInteger(const Orb32f* pSrc, Orb32f val, Orb16s* pDst, int len,
 // clang-format off
 extern "C" {
 
-OrbStatus orbsMul_8u_Sfs(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb8u* pDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, cuts8u, pDst, pSrc1, pSrc2); }
-OrbStatus orbsMul_8u_ISfs(const Orb8u* pSrc, Orb8u* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, cuts8u, pSrcDst, pSrc, pSrcDst); }
+OrbStatus orbsMul_8u_Sfs(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb8u* pDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, productCuts8u, pDst, pSrc1, pSrc2); }
+OrbStatus orbsMul_8u_ISfs(const Orb8u* pSrc, Orb8u* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, productCuts8u, pSrcDst, pSrc, pSrcDst); }
 OrbStatus orbsMul_8u16u(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb16u* pDst, int len) { return elementwise(Widened<Product>(), len, pDst, pSrc1, pSrc2); }
 OrbStatus orbsMul_16u_Sfs(const Orb16u* pSrc1, const Orb16u* pSrc2, Orb16u* pDst, int len, int scaleFactor) { return product16u(Product(), RoundedToOdd<Product>(), len, scaleFactor, from16u, pDst, pSrc1, pSrc2); }
 OrbStatus orbsMul_16u_ISfs(const Orb16u* pSrc, Orb16u* pSrcDst, int len, int scaleFactor) { return product16u(Product(), RoundedToOdd<Product>(), len, scaleFactor, from16uElsewhere, pSrcDst, pSrc, pSrcDst); }
 OrbStatus orbsMul_16s(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len) { return elementwise(Product(), len, pDst, pSrc1, pSrc2); }
 OrbStatus orbsMul_16s_I(const Orb16s* pSrc, Orb16s* pSrcDst, int len) { return elementwise(Product(), len, pSrcDst, pSrc, pSrcDst); }
-OrbStatus orbsMul_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, cuts16s, pDst, pSrc1, pSrc2); }
-OrbStatus orbsMul_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, cuts16s, pSrcDst, pSrc, pSrcDst); }
-OrbStatus orbsMul_16sc_Sfs(const Orb16sc* pSrc1, const Orb16sc* pSrc2, Orb16sc* pDst, int len, int scaleFactor) { return elementwiseScaled(ProductOfComplex(), len, scaleFactor, cuts16sc, pDst, pSrc1, pSrc2); }
-OrbStatus orbsMul_16sc_ISfs(const Orb16sc* pSrc, Orb16sc* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(ProductOfComplex(), len, scaleFactor, cuts16sc, pSrcDst, pSrc, pSrcDst); }
+OrbStatus orbsMul_16s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, productCuts16s, pDst, pSrc1, pSrc2); }
+OrbStatus orbsMul_16s_ISfs(const Orb16s* pSrc, Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, productCuts16s, pSrcDst, pSrc, pSrcDst); }
+OrbStatus orbsMul_16sc_Sfs(const Orb16sc* pSrc1, const Orb16sc* pSrc2, Orb16sc* pDst, int len, int scaleFactor) { return elementwiseScaled(ProductOfComplex(), len, scaleFactor, productCuts16sc, pDst, pSrc1, pSrc2); }
+OrbStatus orbsMul_16sc_ISfs(const Orb16sc* pSrc, Orb16sc* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(ProductOfComplex(), len, scaleFactor, productCuts16sc, pSrcDst, pSrc, pSrcDst); }
 OrbStatus orbsMul_16s32f(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb32f* pDst, int len) { return elementwise(Widened<Product>(), len, pDst, pSrc1, pSrc2); }
-OrbStatus orbsMul_16s32s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb32s* pDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, cuts16s32s, pDst, pSrc1, pSrc2); }
-OrbStatus orbsMul_16u16s_Sfs(const Orb16u* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(MixedProduct(), len, scaleFactor, cuts16u16s, pDst, pSrc1, pSrc2); }
+OrbStatus orbsMul_16s32s_Sfs(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb32s* pDst, int len, int scaleFactor) { return elementwiseScaled(Product(), len, scaleFactor, productCuts16s32s, pDst, pSrc1, pSrc2); }
+OrbStatus orbsMul_16u16s_Sfs(const Orb16u* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(MixedProduct(), len, scaleFactor, productCuts16u16s, pDst, pSrc1, pSrc2); }
 OrbStatus orbsMul_32f(const Orb32f* pSrc1, const Orb32f* pSrc2, Orb32f* pDst, int len) { return elementwise(Product(), len, pDst, pSrc1, pSrc2); }
 OrbStatus orbsMul_32f_I(const Orb32f* pSrc, Orb32f* pSrcDst, int len) { return elementwise(Product(), len, pSrcDst, pSrc, pSrcDst); }
 OrbStatus orbsMul_32fc(const Orb32fc* pSrc1, const Orb32fc* pSrc2, Orb32fc* pDst, int len) { return elementwise(ProductOfComplex(), len, pDst, pSrc1, pSrc2); }
@@ -104,15 +105,15 @@ OrbStatus orbsMul_64f_I(const Orb64f* pSrc, Orb64f* pSrcDst, int len) { return e
 OrbStatus orbsMul_64fc(const Orb64fc* pSrc1, const Orb64fc* pSrc2, Orb64fc* pDst, int len) { return elementwise(ProductOfComplex(), len, pDst, pSrc1, pSrc2); }
 OrbStatus orbsMul_64fc_I(const Orb64fc* pSrc, Orb64fc* pSrcDst, int len) { return elementwise(ProductOfComplex(), len, pSrcDst, pSrc, pSrcDst); }
 
-OrbStatus orbsMulC_8u_Sfs(const Orb8u* pSrc, Orb8u val, Orb8u* pDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, cuts8u, pDst, pSrc); }
-OrbStatus orbsMulC_8u_ISfs(Orb8u val, Orb8u* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, cuts8u, pSrcDst, pSrcDst); }
+OrbStatus orbsMulC_8u_Sfs(const Orb8u* pSrc, Orb8u val, Orb8u* pDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, productCuts8u, pDst, pSrc); }
+OrbStatus orbsMulC_8u_ISfs(Orb8u val, Orb8u* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, productCuts8u, pSrcDst, pSrcDst); }
 OrbStatus orbsMulC_16u_Sfs(const Orb16u* pSrc, Orb16u val, Orb16u* pDst, int len, int scaleFactor) { return product16u(withConstant<Product>(val), withConstant<RoundedToOdd<Product>>(val), len, scaleFactor, from16uElsewhere, pDst, pSrc); }
 OrbStatus orbsMulC_16u_ISfs(Orb16u val, Orb16u* pSrcDst, int len, int scaleFactor) { return product16u(withConstant<Product>(val), withConstant<RoundedToOdd<Product>>(val), len, scaleFactor, from16uElsewhere, pSrcDst, pSrcDst); }
 OrbStatus orbsMulC_16s_I(Orb16s val, Orb16s* pSrcDst, int len) { return elementwise(withConstant<Product>(val), len, pSrcDst, pSrcDst); }
-OrbStatus orbsMulC_16s_Sfs(const Orb16s* pSrc, Orb16s val, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, cuts16s, pDst, pSrc); }
-OrbStatus orbsMulC_16s_ISfs(Orb16s val, Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, cuts16s, pSrcDst, pSrcDst); }
-OrbStatus orbsMulC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc val, Orb16sc* pDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<ProductOfComplex>(val), len, scaleFactor, cuts16sc, pDst, pSrc); }
-OrbStatus orbsMulC_16sc_ISfs(Orb16sc val, Orb16sc* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<ProductOfComplex>(val), len, scaleFactor, cuts16sc, pSrcDst, pSrcDst); }
+OrbStatus orbsMulC_16s_Sfs(const Orb16s* pSrc, Orb16s val, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, productCuts16s, pDst, pSrc); }
+OrbStatus orbsMulC_16s_ISfs(Orb16s val, Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<Product>(val), len, scaleFactor, productCuts16s, pSrcDst, pSrcDst); }
+OrbStatus orbsMulC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc val, Orb16sc* pDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<ProductOfComplex>(val), len, scaleFactor, productCuts16sc, pDst, pSrc); }
+OrbStatus orbsMulC_16sc_ISfs(Orb16sc val, Orb16sc* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(withConstant<ProductOfComplex>(val), len, scaleFactor, productCuts16sc, pSrcDst, pSrcDst); }
 OrbStatus orbsMulC_32f(const Orb32f* pSrc, Orb32f val, Orb32f* pDst, int len) { return timesConstant(pSrc, val, pDst, len); }
 OrbStatus orbsMulC_32f_I(Orb32f val, Orb32f* pSrcDst, int len) { return timesConstant(pSrcDst, val, pSrcDst, len); }
 OrbStatus orbsMulC_32fc(const Orb32fc* pSrc, Orb32fc val, Orb32fc* pDst, int len) { return elementwise(withConstant<ProductOfComplex>(val), len, pDst, pSrc); }

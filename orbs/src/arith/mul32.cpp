@@ -6,8 +6,8 @@ namespace {
 
 using namespace orbs;
 
-constexpr ScaleCuts cuts{.zeroAbove = 62, .boundFrom = -32};
-constexpr ScaleCuts cutsOfComplex{.zeroAbove = 63, .boundFrom = -32};
+constexpr ScaleCuts productCuts32s{.zeroAbove = 62, .boundFrom = -32};
+constexpr ScaleCuts complexProductCuts32s{.zeroAbove = 63, .boundFrom = -32};
 
 // ---- In double precision ----
 
@@ -48,8 +48,8 @@ struct ShiftedProduct {
 };
 
 OrbStatus lowProduct(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pDst, int len, int scaleFactor) {
-    if (scaleFactor > cuts.zeroAbove || scaleFactor <= cuts.boundFrom)
-        return scaledInDouble<ProductInDouble>(len, scaleFactor, cuts, pDst, pSrc1, pSrc2);
+    if (scaleFactor > productCuts32s.zeroAbove || scaleFactor <= productCuts32s.boundFrom)
+        return scaledInDouble<ProductInDouble>(len, scaleFactor, productCuts32s, pDst, pSrc1, pSrc2);
     if (scaleFactor > 0) return elementwise(ShiftedProduct{scaleFactor}, len, pDst, pSrc1, pSrc2);
     return elementwise(LowProduct{-scaleFactor}, len, pDst, pSrc1, pSrc2);
 }
@@ -141,17 +141,17 @@ OrbStatus exactConstant(const T* pSrc, T val, T* pDst, int len, int scaleFactor,
 // clang-format off
 extern "C" {
 
-OrbStatus orbsMul_32s_Sfs(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pDst, int len, int scaleFactor) { return scaledInDouble<ProductInDouble>(len, scaleFactor, cuts, pDst, pSrc1, pSrc2); }
-OrbStatus orbsMul_32s_ISfs(const Orb32s* pSrc, Orb32s* pSrcDst, int len, int scaleFactor) { return scaledInDouble<ProductInDouble>(len, scaleFactor, cuts, pSrcDst, pSrc, pSrcDst); }
-OrbStatus orbsMul_32sc_Sfs(const Orb32sc* pSrc1, const Orb32sc* pSrc2, Orb32sc* pDst, int len, int scaleFactor) { return exactBinary(pSrc1, pSrc2, pDst, len, scaleFactor, cutsOfComplex); }
-OrbStatus orbsMul_32sc_ISfs(const Orb32sc* pSrc, Orb32sc* pSrcDst, int len, int scaleFactor) { return exactBinary(pSrc, pSrcDst, pSrcDst, len, scaleFactor, cutsOfComplex); }
-OrbStatus orbsMul_32s32sc_Sfs(const Orb32s* pSrc1, const Orb32sc* pSrc2, Orb32sc* pDst, int len, int scaleFactor) { return exactBinary(pSrc1, pSrc2, pDst, len, scaleFactor, cuts); }
-OrbStatus orbsMul_32s32sc_ISfs(const Orb32s* pSrc, Orb32sc* pSrcDst, int len, int scaleFactor) { return exactBinary(pSrc, pSrcDst, pSrcDst, len, scaleFactor, cuts); }
+OrbStatus orbsMul_32s_Sfs(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pDst, int len, int scaleFactor) { return scaledInDouble<ProductInDouble>(len, scaleFactor, productCuts32s, pDst, pSrc1, pSrc2); }
+OrbStatus orbsMul_32s_ISfs(const Orb32s* pSrc, Orb32s* pSrcDst, int len, int scaleFactor) { return scaledInDouble<ProductInDouble>(len, scaleFactor, productCuts32s, pSrcDst, pSrc, pSrcDst); }
+OrbStatus orbsMul_32sc_Sfs(const Orb32sc* pSrc1, const Orb32sc* pSrc2, Orb32sc* pDst, int len, int scaleFactor) { return exactBinary(pSrc1, pSrc2, pDst, len, scaleFactor, complexProductCuts32s); }
+OrbStatus orbsMul_32sc_ISfs(const Orb32sc* pSrc, Orb32sc* pSrcDst, int len, int scaleFactor) { return exactBinary(pSrc, pSrcDst, pSrcDst, len, scaleFactor, complexProductCuts32s); }
+OrbStatus orbsMul_32s32sc_Sfs(const Orb32s* pSrc1, const Orb32sc* pSrc2, Orb32sc* pDst, int len, int scaleFactor) { return exactBinary(pSrc1, pSrc2, pDst, len, scaleFactor, productCuts32s); }
+OrbStatus orbsMul_32s32sc_ISfs(const Orb32s* pSrc, Orb32sc* pSrcDst, int len, int scaleFactor) { return exactBinary(pSrc, pSrcDst, pSrcDst, len, scaleFactor, productCuts32s); }
 OrbStatus orbsMul_Low_32s_Sfs(const Orb32s* pSrc1, const Orb32s* pSrc2, Orb32s* pDst, int len, int scaleFactor) { return lowProduct(pSrc1, pSrc2, pDst, len, scaleFactor); }
-OrbStatus orbsMulC_32s_Sfs(const Orb32s* pSrc, int val, Orb32s* pDst, int len, int scaleFactor) { return exactConstant(pSrc, val, pDst, len, scaleFactor, cuts); }
-OrbStatus orbsMulC_32s_ISfs(int val, Orb32s* pSrcDst, int len, int scaleFactor) { return exactConstant(pSrcDst, val, pSrcDst, len, scaleFactor, cuts); }
-OrbStatus orbsMulC_32sc_Sfs(const Orb32sc* pSrc, Orb32sc val, Orb32sc* pDst, int len, int scaleFactor) { return exactConstant(pSrc, val, pDst, len, scaleFactor, cutsOfComplex); }
-OrbStatus orbsMulC_32sc_ISfs(Orb32sc val, Orb32sc* pSrcDst, int len, int scaleFactor) { return exactConstant(pSrcDst, val, pSrcDst, len, scaleFactor, cutsOfComplex); }
+OrbStatus orbsMulC_32s_Sfs(const Orb32s* pSrc, int val, Orb32s* pDst, int len, int scaleFactor) { return exactConstant(pSrc, val, pDst, len, scaleFactor, productCuts32s); }
+OrbStatus orbsMulC_32s_ISfs(int val, Orb32s* pSrcDst, int len, int scaleFactor) { return exactConstant(pSrcDst, val, pSrcDst, len, scaleFactor, productCuts32s); }
+OrbStatus orbsMulC_32sc_Sfs(const Orb32sc* pSrc, Orb32sc val, Orb32sc* pDst, int len, int scaleFactor) { return exactConstant(pSrc, val, pDst, len, scaleFactor, complexProductCuts32s); }
+OrbStatus orbsMulC_32sc_ISfs(Orb32sc val, Orb32sc* pSrcDst, int len, int scaleFactor) { return exactConstant(pSrcDst, val, pSrcDst, len, scaleFactor, complexProductCuts32s); }
 
 }
 // clang-format on

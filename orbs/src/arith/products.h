@@ -1,8 +1,8 @@
 // Products on vectors.
 #pragma once
 
-#include "arith/complex.h"
-#include "arith/elementwise.h"
+#include "vectors/complex.h"
+#include "vectors/elementwise.h"
 
 namespace orbs {
 

@@ -1,6 +1,6 @@
 // Sqr: pSrc[n] * pSrc[n].
 #include "arith/products.h"
-#include "orbs/roots.h"
+#include "orbs/arith.h"
 
 namespace {
 
@@ -27,23 +27,23 @@ OrbStatus squares16u(const Orb16u* pSrc, Orb16u* pDst, int len, int scaleFactor)
     return elementwiseScaled(Square(), len, scaleFactor, cuts, pDst, pSrc);
 }
 
-constexpr ScaleCuts cuts8u{.zeroAbove = 16, .boundFrom = -8};
-constexpr ScaleCuts cuts16s{.zeroAbove = 30, .boundFrom = -15};
-constexpr ScaleCuts cuts16sc{.zeroAbove = 31, .boundFrom = -15};
+constexpr ScaleCuts squareCuts8u{.zeroAbove = 16, .boundFrom = -8};
+constexpr ScaleCuts squareCuts16s{.zeroAbove = 30, .boundFrom = -15};
+constexpr ScaleCuts squareCuts16sc{.zeroAbove = 31, .boundFrom = -15};
 
 } // namespace
 
 // clang-format off
 extern "C" {
 
-OrbStatus orbsSqr_8u_Sfs(const Orb8u* pSrc, Orb8u* pDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, cuts8u, pDst, pSrc); }
-OrbStatus orbsSqr_8u_ISfs(Orb8u* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, cuts8u, pSrcDst, pSrcDst); }
+OrbStatus orbsSqr_8u_Sfs(const Orb8u* pSrc, Orb8u* pDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, squareCuts8u, pDst, pSrc); }
+OrbStatus orbsSqr_8u_ISfs(Orb8u* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, squareCuts8u, pSrcDst, pSrcDst); }
 OrbStatus orbsSqr_16u_Sfs(const Orb16u* pSrc, Orb16u* pDst, int len, int scaleFactor) { return squares16u(pSrc, pDst, len, scaleFactor); }
 OrbStatus orbsSqr_16u_ISfs(Orb16u* pSrcDst, int len, int scaleFactor) { return squares16u(pSrcDst, pSrcDst, len, scaleFactor); }
-OrbStatus orbsSqr_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, cuts16s, pDst, pSrc); }
-OrbStatus orbsSqr_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, cuts16s, pSrcDst, pSrcDst); }
-OrbStatus orbsSqr_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, int len, int scaleFactor) { return elementwiseScaled(SquareOfComplex(), len, scaleFactor, cuts16sc, pDst, pSrc); }
-OrbStatus orbsSqr_16sc_ISfs(Orb16sc* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(SquareOfComplex(), len, scaleFactor, cuts16sc, pSrcDst, pSrcDst); }
+OrbStatus orbsSqr_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, squareCuts16s, pDst, pSrc); }
+OrbStatus orbsSqr_16s_ISfs(Orb16s* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(Square(), len, scaleFactor, squareCuts16s, pSrcDst, pSrcDst); }
+OrbStatus orbsSqr_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, int len, int scaleFactor) { return elementwiseScaled(SquareOfComplex(), len, scaleFactor, squareCuts16sc, pDst, pSrc); }
+OrbStatus orbsSqr_16sc_ISfs(Orb16sc* pSrcDst, int len, int scaleFactor) { return elementwiseScaled(SquareOfComplex(), len, scaleFactor, squareCuts16sc, pSrcDst, pSrcDst); }
 OrbStatus orbsSqr_32f(const Orb32f* pSrc, Orb32f* pDst, int len) { return elementwise(Square(), len, pDst, pSrc); }
 OrbStatus orbsSqr_32f_I(Orb32f* pSrcDst, int len) { return elementwise(Square(), len, pSrcDst, pSrcDst); }
 OrbStatus orbsSqr_32fc(const Orb32fc* pSrc, Orb32fc* pDst, int len) { return elementwise(SquareOfComplex(), len, pDst, pSrc); }

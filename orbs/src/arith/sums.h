@@ -1,7 +1,7 @@
 // Sums and differences on vectors.
 #pragma once
 
-#include "arith/elementwise.h"
+#include "vectors/elementwise.h"
 
 namespace orbs {
 
@@ -31,8 +31,7 @@ struct Sum {
     }
 };
 
-// The second minus the first.
-struct Difference {
+struct SecondMinusFirst {
     template <class D, class V>
     static V result(D d, V a, V b) {
         using T = hn::TFromD<D>;
@@ -60,15 +59,14 @@ struct Difference {
     }
 };
 
-// The first minus the second.
-struct ReverseDifference {
+struct FirstMinusSecond {
     template <class D, class V>
     static auto result(D d, V a, V b) {
-        return Difference::result(d, b, a);
+        return SecondMinusFirst::result(d, b, a);
     }
     template <class D, class V>
     static auto exact(D d, V a, V b) {
-        return Difference::exact(d, b, a);
+        return SecondMinusFirst::exact(d, b, a);
     }
 };
 
@@ -92,7 +90,7 @@ OrbStatus withConstantUnlessZero(const T* pSrc, T val, T* pDst, int len) {
     return elementwise(withConstant<Op>(val), len, pDst, pSrc);
 }
 
-constexpr ScaleCuts cuts16s{.zeroAbove = 16, .boundFrom = -16};
-constexpr ScaleCuts cuts32s{.zeroAbove = 32, .boundFrom = -31};
+constexpr ScaleCuts sumCuts16s{.zeroAbove = 16, .boundFrom = -16};
+constexpr ScaleCuts sumCuts32s{.zeroAbove = 32, .boundFrom = -31};
 
 } // namespace orbs

@@ -1,5 +1,5 @@
 // Complex vectors and their parts: Real, Imag, CplxToReal, RealToCplx, Conj.
-#include "arith/complex.h"
+#include "vectors/complex.h"
 #include "foundation/frame.h"
 #include "orbs/data.h"
 

@@ -2,7 +2,7 @@
 #include "orbs/data.h"
 
 #include "foundation/frame.h"
-#include "foundation/vectors.h"
+#include "vectors/loops.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 // Copy_1u: bit strings, the most significant bit of a byte first.
 #include "foundation/frame.h"
-#include "foundation/vectors.h"
 #include "orbs/data.h"
+#include "vectors/loops.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,8 +1,8 @@
 // Flip and ConjFlip: pSrc[len - 1 - n], and its conjugate.
-#include "arith/complex.h"
-#include "data/reverse.h"
 #include "foundation/frame.h"
 #include "orbs/data.h"
+#include "vectors/complex.h"
+#include "vectors/reverse.h"
 
 namespace {
 

@@ -13,6 +13,35 @@ inline void keepArithmeticInPlace() {
     asm volatile("" ::: "memory");
 }
 
+inline void raiseFlags(Orb32u flags) {
+    const Orb32u control = _mm_getcsr();
+    if ((control | flags) != control) _mm_setcsr(control | flags);
+}
+
+// The whole SSE control register for the guard's life, the flags that it holds included.
+class SseControl {
+public:
+    explicit SseControl(Orb32u control) : earlier_(_mm_getcsr()) {
+        if (control != earlier_) _mm_setcsr(control);
+        keepArithmeticInPlace();
+    }
+    ~SseControl() {
+        keepArithmeticInPlace();
+        if (_mm_getcsr() != earlier_) _mm_setcsr(earlier_);
+    }
+    SseControl(const SseControl&) = delete;
+    SseControl& operator=(const SseControl&) = delete;
+
+    // The exception flags that are set by now.
+    Orb32u raised() const {
+        keepArithmeticInPlace();
+        return _mm_getcsr() & _MM_EXCEPT_MASK;
+    }
+
+private:
+    Orb32u earlier_;
+};
+
 // SSE rounding for the guard's life; the register is written only if the caller's rounding is another. `alsoCleared`
 // are bits that are 0 meanwhile, but only if the register is written.
 class SseRounding {

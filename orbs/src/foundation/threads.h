@@ -1,10 +1,13 @@
-// The three ways in which a call spreads over threads. A chunk is run by whoever is there: where the runtime grants
-// fewer threads than asked for, those granted run all chunks.
+// How a call spreads over threads: over all there are, in two, or over a team that is told how many came. A chunk is
+// run by whoever is there: where the runtime grants fewer threads than asked for, those granted run all chunks.
 #pragma once
 
+#include "foundation/control.h"
 #include "orbcore.h"
+#include "orbdefs.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <omp.h>
 
@@ -28,15 +31,19 @@ inline int threadCount() {
 }
 
 // Calls work(thread, team) on each thread of a team of at most `threads`, after plan(team) ran on one of them, and
-// returns the smallest of what work returned.
+// returns the smallest of what work returned. All compute under the caller's control register, and what exception flags
+// they raise are raised for the caller, so that nothing tells how many they were.
 template <class Plan, class Work>
 ORBS_THREADS_UNCHECKED OrbStatus runTeam(int threads, Plan& plan, Work& work) {
     OrbStatus smallest = orbStsNoErr;
+    Orb32u raised = 0;
+    const Orb32u callers = _mm_getcsr();
     char fork = 0, planned = 0, join = 0;
     ORBS_THREADS_PUBLISH(&fork);
-#pragma omp parallel num_threads(threads) reduction(min : smallest)
+#pragma omp parallel num_threads(threads) reduction(min : smallest) reduction(| : raised)
     {
         ORBS_THREADS_OBSERVE(&fork);
+        const SseControl control(callers);
         const int team = omp_get_num_threads();
 #pragma omp master
         {
@@ -46,9 +53,11 @@ ORBS_THREADS_UNCHECKED OrbStatus runTeam(int threads, Plan& plan, Work& work) {
 #pragma omp barrier
         ORBS_THREADS_OBSERVE(&planned);
         smallest = work(omp_get_thread_num(), team);
+        raised = control.raised();
         ORBS_THREADS_PUBLISH(&join);
     }
     ORBS_THREADS_OBSERVE(&join);
+    raiseFlags(raised);
     return smallest;
 }
 
@@ -71,33 +80,44 @@ struct EqualRuns {
     std::size_t count(std::size_t k) const { return length / runs + (k + 1 == runs ? length % runs : 0); }
 };
 
-// Runs kernel(first, count) on `runs` chunks of the range, or on the whole of it if there are not two threads, or fewer
-// elements than threads.
+// The length from which a call spreads, and over how many threads.
+struct Spread {
+    int from;
+    enum { inTwo, overThreads } ways = inTwo; // inTwo: two, however many there are
+};
+
+// Runs kernel(first, count) on the chunks of `len` elements, or on all of them at once if the call is shorter than
+// told, if there are not two threads, or fewer elements than threads.
 template <class Kernel>
-void splitInRuns(int runs, int len, Kernel kernel) {
+OrbStatus spread(int len, Spread how, Kernel kernel) {
     const int threads = threadCount();
-    if (threads < 2 || len < threads) return kernel(std::size_t{0}, static_cast<std::size_t>(len));
+    if (len < how.from || threads < 2 || len < threads) {
+        kernel(std::size_t{0}, static_cast<std::size_t>(len));
+        return orbStsNoErr;
+    }
+    const int runs = how.ways == Spread::inTwo ? 2 : threads;
     const EqualRuns equal{static_cast<std::size_t>(len), static_cast<std::size_t>(runs)};
     runChunks(runs, [&](int k) {
         const auto run = static_cast<std::size_t>(k);
         kernel(equal.first(run), equal.count(run));
     });
-}
-// N-way division: one chunk for each thread of the thread count.
-template <class Kernel>
-void splitOverThreads(int len, Kernel kernel) {
-    splitInRuns(threadCount(), len, kernel);
-}
-// Two-way division, however many threads there are.
-template <class Kernel>
-void splitInTwo(int len, Kernel kernel) {
-    splitInRuns(2, len, kernel);
+    return orbStsNoErr;
 }
 
-// Team-aware division: the whole thread count is asked for, plan(team) is told once how many came. A count that
-// something else than orbSetNumThreads left below 1 is taken as 1.
+// The same of a kernel that tells whether it met what the warning is about.
+template <class Kernel>
+OrbStatus spreadWithWarning(OrbStatus warning, int len, Spread how, Kernel kernel) {
+    std::atomic<bool> met = false;
+    spread(len, how, [&](std::size_t first, std::size_t count) {
+        if (kernel(first, count)) met.store(true, std::memory_order_relaxed);
+    });
+    return met ? warning : orbStsNoErr;
+}
+
+// The whole thread count is asked for, and plan(team) is told once how many came. A count that something else than
+// orbSetNumThreads left below 1 is taken as 1.
 template <class Plan, class Work>
-OrbStatus splitOverTeam(Plan plan, Work work) {
+OrbStatus spreadOverTeam(Plan plan, Work work) {
     return runTeam(std::max(threadCount(), 1), plan, work);
 }
 

@@ -1,0 +1,143 @@
+/* orbs/fir.h: FIR filters. */
+#ifndef ORBS_FIR_H
+#define ORBS_FIR_H
+
+#include "../orbdefs.h"
+
+ORBS_DECLARATIONS_BEGIN
+
+/* ---- FIR filter states ---------------------------------------------------------------------------------------
+ * A state holds the taps h[0 .. tapsLen-1] and the last tapsLen samples of one stream x, and the calls of the next
+ * family give y[n] = sum over k of h[k] * x[n-k]. In the calls here a delay line is newest sample first:
+ * pDlyLine[0] is x[n-1] for the next output y[n], pDlyLine[tapsLen-1] the oldest. Taps are in natural order.
+ *
+ * GetStateSize: the bytes that Init needs at pBuffer, for the thread count of the moment. The number is taken modulo
+ * 2^32; where the true one does not fit an int, Init gives orbStsMemAllocErr.
+ * Init builds a state in the caller's block, of any alignment; *ppState points into it. Such a state always filters
+ * directly, and needs no Free.
+ * InitAlloc takes the memory itself, aligned to 32 bytes, all of it in one block. From 64 taps (_32f), 32 (_64f) or 16
+ * (_32fc, _64fc) it adds an FFT of the smallest power of two above twice tapsLen, so that long blocks are filtered
+ * by overlap-save.
+ * Free releases what InitAlloc took and does nothing to a state in the caller's block.
+ * SetTaps replaces the taps, and keeps the delay line. GetTaps returns them unchanged, bit for bit.
+ * SetDlyLine replaces the delay line, GetDlyLine reads it. A null pDlyLine means zeros in Init, InitAlloc and
+ * SetDlyLine.
+ *
+ * A state holds no address: its block may be copied, saved, or mapped elsewhere at an equal alignment to 32 bytes.
+ * It belongs to one stream: no two calls may use it at a time. The thread count may change during its life; an
+ * overlap-save runs on at most as many threads as there were when the state was made.
+ *
+ * Statuses, in the order of the tests:
+ *   GetStateSize               null pBufferSize: orbStsNullPtrErr; tapsLen below 1: orbStsFIRLenErr
+ *   Init, InitAlloc            null ppState, pTaps or pBuffer: orbStsNullPtrErr; tapsLen below 1: orbStsFIRLenErr;
+ *                              no memory, or 2 GiB of it or more: orbStsMemAllocErr; InitAlloc only, no memory to
+ *                              prepare the FFT: orbStsNullPtrErr. *ppState is then left as it was.
+ *   Free, SetTaps, GetTaps,    any null pointer (but pDlyLine of SetDlyLine): orbStsNullPtrErr; pState is not a state
+ *   SetDlyLine, GetDlyLine     of the member's type: orbStsContextMatchErr */
+typedef struct OrbsFIRState_32f OrbsFIRState_32f;
+typedef struct OrbsFIRState_32fc OrbsFIRState_32fc;
+typedef struct OrbsFIRState_64f OrbsFIRState_64f;
+typedef struct OrbsFIRState_64fc OrbsFIRState_64fc;
+OrbStatus orbsFIRGetStateSize_32f(int tapsLen, int* pBufferSize);
+OrbStatus orbsFIRInit_32f(OrbsFIRState_32f** ppState, const Orb32f* pTaps, int tapsLen, const Orb32f* pDlyLine, Orb8u* pBuffer);
+OrbStatus orbsFIRInitAlloc_32f(OrbsFIRState_32f** ppState, const Orb32f* pTaps, int tapsLen, const Orb32f* pDlyLine);
+OrbStatus orbsFIRFree_32f(OrbsFIRState_32f* pState);
+OrbStatus orbsFIRSetTaps_32f(const Orb32f* pTaps, OrbsFIRState_32f* pState);
+OrbStatus orbsFIRGetTaps_32f(const OrbsFIRState_32f* pState, Orb32f* pTaps);
+OrbStatus orbsFIRSetDlyLine_32f(OrbsFIRState_32f* pState, const Orb32f* pDlyLine);
+OrbStatus orbsFIRGetDlyLine_32f(const OrbsFIRState_32f* pState, Orb32f* pDlyLine);
+OrbStatus orbsFIRGetStateSize_32fc(int tapsLen, int* pBufferSize);
+OrbStatus orbsFIRInit_32fc(OrbsFIRState_32fc** ppState, const Orb32fc* pTaps, int tapsLen, const Orb32fc* pDlyLine, Orb8u* pBuffer);
+OrbStatus orbsFIRInitAlloc_32fc(OrbsFIRState_32fc** ppState, const Orb32fc* pTaps, int tapsLen, const Orb32fc* pDlyLine);
+OrbStatus orbsFIRFree_32fc(OrbsFIRState_32fc* pState);
+OrbStatus orbsFIRSetTaps_32fc(const Orb32fc* pTaps, OrbsFIRState_32fc* pState);
+OrbStatus orbsFIRGetTaps_32fc(const OrbsFIRState_32fc* pState, Orb32fc* pTaps);
+OrbStatus orbsFIRSetDlyLine_32fc(OrbsFIRState_32fc* pState, const Orb32fc* pDlyLine);
+OrbStatus orbsFIRGetDlyLine_32fc(const OrbsFIRState_32fc* pState, Orb32fc* pDlyLine);
+OrbStatus orbsFIRGetStateSize_64f(int tapsLen, int* pBufferSize);
+OrbStatus orbsFIRInit_64f(OrbsFIRState_64f** ppState, const Orb64f* pTaps, int tapsLen, const Orb64f* pDlyLine, Orb8u* pBuffer);
+OrbStatus orbsFIRInitAlloc_64f(OrbsFIRState_64f** ppState, const Orb64f* pTaps, int tapsLen, const Orb64f* pDlyLine);
+OrbStatus orbsFIRFree_64f(OrbsFIRState_64f* pState);
+OrbStatus orbsFIRSetTaps_64f(const Orb64f* pTaps, OrbsFIRState_64f* pState);
+OrbStatus orbsFIRGetTaps_64f(const OrbsFIRState_64f* pState, Orb64f* pTaps);
+OrbStatus orbsFIRSetDlyLine_64f(OrbsFIRState_64f* pState, const Orb64f* pDlyLine);
+OrbStatus orbsFIRGetDlyLine_64f(const OrbsFIRState_64f* pState, Orb64f* pDlyLine);
+OrbStatus orbsFIRGetStateSize_64fc(int tapsLen, int* pBufferSize);
+OrbStatus orbsFIRInit_64fc(OrbsFIRState_64fc** ppState, const Orb64fc* pTaps, int tapsLen, const Orb64fc* pDlyLine, Orb8u* pBuffer);
+OrbStatus orbsFIRInitAlloc_64fc(OrbsFIRState_64fc** ppState, const Orb64fc* pTaps, int tapsLen, const Orb64fc* pDlyLine);
+OrbStatus orbsFIRFree_64fc(OrbsFIRState_64fc* pState);
+OrbStatus orbsFIRSetTaps_64fc(const Orb64fc* pTaps, OrbsFIRState_64fc* pState);
+OrbStatus orbsFIRGetTaps_64fc(const OrbsFIRState_64fc* pState, Orb64fc* pTaps);
+OrbStatus orbsFIRSetDlyLine_64fc(OrbsFIRState_64fc* pState, const Orb64fc* pDlyLine);
+OrbStatus orbsFIRGetDlyLine_64fc(const OrbsFIRState_64fc* pState, Orb64fc* pDlyLine);
+
+/* ---- FIR -----------------------------------------------------------------------------------------------------
+ * pDst[n] = sum over k = 0 .. tapsLen-1 of h[k] * x[n-k] for the next numIters samples x = pSrc of the stream of a
+ * state, whose delay line is brought up to date. orbsFIR_.._I: pSrcDst is replaced. orbsFIROne: one sample. Blocks of
+ * any lengths and single samples may be mixed. pSrc and pDst must not overlap; the state is no part of either.
+ *
+ * A block goes one of two ways, which round differently:
+ *   direct        y[n] is added up from the oldest sample to the newest in the type of the samples, each product
+ *                 rounded first; complex outputs as the two sums of h.re * x and h.im * x. Its bits do not depend on
+ *                 how the stream is cut into blocks.
+ *   overlap-save  in a state with FFT, for blocks of more than 511 samples (complex: 255); the block is cut into runs
+ *                 of fftLen - tapsLen + 1 outputs. The error of an output is of the order of log2(fftLen) epsilons
+ *                 times the root of the energies of the taps and of the samples of its run. An infinity or NaN among
+ *                 the samples spoils every output of its run.
+ * The _I forms cut a block into chunks of 4096; a chunk takes the overlap-save way if more than 511 samples (complex:
+ * 255) are left behind it, so that the last chunk always goes direct.
+ * orbsFIROne adds up in the direct order for fewer than 12 taps, and in eight interleaved sums from 12 on, so that its
+ * last bits may then differ from those of a block.
+ * Blocks of more than 1600 samples (complex: 800) are spread over threads. The result does not depend on the thread
+ * count, nor on alignment, nor on the processor. Nothing is allocated.
+ *
+ * Statuses, in the order of the tests: null pState, pSrc or pDst (pSrcDst, pDstVal): orbStsNullPtrErr; numIters below
+ * 1: orbStsSizeErr; pState is not a state of the member's type: orbStsContextMatchErr. One state, one call at a time.
+ * Overlap-save: A. V. Oppenheim, R. W. Schafer, Discrete-Time Signal Processing, section on block convolution. */
+OrbStatus orbsFIR_32f(const Orb32f* pSrc, Orb32f* pDst, int numIters, OrbsFIRState_32f* pState);
+OrbStatus orbsFIR_32f_I(Orb32f* pSrcDst, int numIters, OrbsFIRState_32f* pState);
+OrbStatus orbsFIROne_32f(Orb32f src, Orb32f* pDstVal, OrbsFIRState_32f* pState);
+OrbStatus orbsFIR_32fc(const Orb32fc* pSrc, Orb32fc* pDst, int numIters, OrbsFIRState_32fc* pState);
+OrbStatus orbsFIR_32fc_I(Orb32fc* pSrcDst, int numIters, OrbsFIRState_32fc* pState);
+OrbStatus orbsFIROne_32fc(Orb32fc src, Orb32fc* pDstVal, OrbsFIRState_32fc* pState);
+OrbStatus orbsFIR_64f(const Orb64f* pSrc, Orb64f* pDst, int numIters, OrbsFIRState_64f* pState);
+OrbStatus orbsFIR_64f_I(Orb64f* pSrcDst, int numIters, OrbsFIRState_64f* pState);
+OrbStatus orbsFIROne_64f(Orb64f src, Orb64f* pDstVal, OrbsFIRState_64f* pState);
+OrbStatus orbsFIR_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int numIters, OrbsFIRState_64fc* pState);
+OrbStatus orbsFIR_64fc_I(Orb64fc* pSrcDst, int numIters, OrbsFIRState_64fc* pState);
+OrbStatus orbsFIROne_64fc(Orb64fc src, Orb64fc* pDstVal, OrbsFIRState_64fc* pState);
+
+/* ---- FIR without a state -------------------------------------------------------------------------------------
+ * The same filter over the caller's taps (natural order), delay line and position: pDlyLine has 2 * tapsLen elements,
+ * the second half a copy of the first, zeros at the start of a stream; *pDlyLineIndex, 0 at the start, is the place of
+ * the oldest sample. For each sample x: pDlyLine[index] = pDlyLine[index + tapsLen] = x; index = index + 1, at tapsLen
+ * back to 0; and the output is the sum over k = 0 .. tapsLen-1 of pTaps[tapsLen-1-k] * pDlyLine[index+k], in this
+ * order. pDst may be pSrc. orbsFIROne_Direct: one sample; a block gives the same bits as its samples one by one.
+ *
+ * _32f and _32fc round each real product to Orb32f, add up in Orb64f and round once at the end, so that they are more
+ * exact than the calls with a state. Complex outputs come from the sums of h.re * x and h.im * x.
+ * The position is not tested: one outside 0 .. tapsLen-1 is taken as 0, without a word.
+ *
+ * Statuses, in the order of the tests: null pSrc or pDst (pSrcDst, pDstVal): orbStsNullPtrErr; numIters below 1:
+ * orbStsSizeErr; null pTaps: orbStsNullPtrErr; tapsLen below 1: orbStsFIRLenErr; null pDlyLine or pDlyLineIndex:
+ * orbStsNullPtrErr. Any number of threads may call these on different delay lines. */
+OrbStatus orbsFIR_Direct_32f(const Orb32f* pSrc, Orb32f* pDst, int numIters, const Orb32f* pTaps, int tapsLen, Orb32f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_32f_I(Orb32f* pSrcDst, int numIters, const Orb32f* pTaps, int tapsLen, Orb32f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_32f(Orb32f src, Orb32f* pDstVal, const Orb32f* pTaps, int tapsLen, Orb32f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_32f_I(Orb32f* pSrcDstVal, const Orb32f* pTaps, int tapsLen, Orb32f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_32fc(const Orb32fc* pSrc, Orb32fc* pDst, int numIters, const Orb32fc* pTaps, int tapsLen, Orb32fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_32fc_I(Orb32fc* pSrcDst, int numIters, const Orb32fc* pTaps, int tapsLen, Orb32fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_32fc(Orb32fc src, Orb32fc* pDstVal, const Orb32fc* pTaps, int tapsLen, Orb32fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_32fc_I(Orb32fc* pSrcDstVal, const Orb32fc* pTaps, int tapsLen, Orb32fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_64f(const Orb64f* pSrc, Orb64f* pDst, int numIters, const Orb64f* pTaps, int tapsLen, Orb64f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_64f_I(Orb64f* pSrcDst, int numIters, const Orb64f* pTaps, int tapsLen, Orb64f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_64f(Orb64f src, Orb64f* pDstVal, const Orb64f* pTaps, int tapsLen, Orb64f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_64f_I(Orb64f* pSrcDstVal, const Orb64f* pTaps, int tapsLen, Orb64f* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int numIters, const Orb64fc* pTaps, int tapsLen, Orb64fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIR_Direct_64fc_I(Orb64fc* pSrcDst, int numIters, const Orb64fc* pTaps, int tapsLen, Orb64fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_64fc(Orb64fc src, Orb64fc* pDstVal, const Orb64fc* pTaps, int tapsLen, Orb64fc* pDlyLine, int* pDlyLineIndex);
+OrbStatus orbsFIROne_Direct_64fc_I(Orb64fc* pSrcDstVal, const Orb64fc* pTaps, int tapsLen, Orb64fc* pDlyLine, int* pDlyLineIndex);
+
+ORBS_DECLARATIONS_END
+
+#endif

@@ -1,0 +1,162 @@
+// The frames of the transform calls: checks, working memory, choice of path.
+#pragma once
+
+#include "fft/real.h"
+
+namespace orbs::fft {
+
+// The working memory of one call: the caller's, aligned up, or a block of our own while the call runs.
+class WorkArea {
+public:
+    WorkArea(Orb8u* pBuffer, int size, bool needed) {
+        if (!needed) return;
+        if (!pBuffer) pBuffer = own_ = orbsMalloc_8u(size);
+        failed_ = !pBuffer;
+        area_ = alignUp(pBuffer, 32);
+    }
+    ~WorkArea() { orbsFree(own_); }
+    WorkArea(const WorkArea&) = delete;
+    WorkArea& operator=(const WorkArea&) = delete;
+
+    bool failed() const { return failed_; }
+    Orb8u* bytes() const { return area_; }
+    template <class T>
+    T* as() const {
+        return reinterpret_cast<T*>(area_);
+    }
+
+private:
+    Orb8u *own_ = nullptr, *area_ = nullptr;
+    bool failed_ = false;
+};
+
+// The tests of every transform: the object, its tag, the data.
+template <class T, class... P>
+OrbStatus checkCall(const Spec<T>* pSpec, Orb32s tag, const P*... data) {
+    if (!pSpec) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkTag(pSpec, tag)) return status;
+    return anyNull(data...) ? orbStsNullPtrErr : orbStsNoErr;
+}
+
+template <bool Inverse, class T>
+bool isScaled(const Spec<T>& spec) {
+    return Inverse ? spec.scaleInv != 0 : spec.scaleFwd != 0;
+}
+template <bool Inverse, class T>
+T scaleOf(const Spec<T>& spec) {
+    return isScaled<Inverse>(spec) ? spec.scale : T(1);
+}
+
+// A complex transform of an order that has tables, or of order 3, whose scale is applied to the results. `buffer` is
+// needed in place and in blocked orders.
+template <bool Inverse, class T>
+void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> from, Interleaved<T> to, Orb8u* buffer) {
+    const bool inPlace = from.base == to.base;
+    if (order < smallOrders) {
+        smallComplex<Inverse>(from, to, order, T(1));
+        if (isScaled<Inverse>(spec))
+            for (int n = 0; n < 2 << order; ++n) to.base[n] *= spec.scale;
+        return;
+    }
+    withScale(isScaled<Inverse>(spec), spec.scale, [&](auto makeLast) {
+        if (order > Plan<T>::directLimit) {
+            transformBlocked<Inverse>(spec, from, Grouped<T>{to.base}, to, order, inPlace, buffer, makeLast);
+        } else {
+            const Grouped<T> work{inPlace ? reinterpret_cast<T*>(buffer) : to.base};
+            transformDirect<Inverse>(from, work, to, order, static_cast<const T*>(spec.twiddles), makeLast);
+        }
+    });
+}
+
+template <bool Inverse, class T>
+OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag) {
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
+    const int order = pSpec->order;
+    if (order < smallOrders) {
+        smallComplex<Inverse>(Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, order, scaleOf<Inverse>(*pSpec));
+        return orbStsNoErr;
+    }
+    const WorkArea work(pBuffer, pSpec->workSize, pSrc == pDst || order > Plan<T>::directLimit);
+    if (work.failed()) return orbStsMemAllocErr;
+    transformInterleaved<Inverse>(*pSpec, order, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());
+    return orbStsNoErr;
+}
+
+template <bool Inverse, class T>
+OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const Spec<T>* pSpec, Orb8u* pBuffer,
+                 Orb32s tag) {
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrcRe, pSrcIm, pDstRe, pDstIm)) return status;
+    const int order = pSpec->order;
+    const Planes<const T> from{pSrcRe, pSrcIm};
+    const Planes<T> to{pDstRe, pDstIm};
+    if (order < smallOrders) {
+        smallComplex<Inverse>(from, to, order, scaleOf<Inverse>(*pSpec));
+        return orbStsNoErr;
+    }
+    const bool blocked = order > Plan<T>::directLimit;
+    const bool shared = pDstRe == pSrcRe || pDstIm == pSrcIm || pDstRe == pSrcIm || pDstIm == pSrcRe;
+    const WorkArea work(pBuffer, pSpec->workSize, shared || blocked);
+    if (work.failed()) return orbStsMemAllocErr;
+    withScale(isScaled<Inverse>(*pSpec), pSpec->scale, [&](auto makeLast) {
+        const T* twiddles = pSpec->twiddles;
+        if (blocked) {
+            // Each plane may be in place by itself.
+            const std::size_t bytes = sizeof(T) << order;
+            if (shared && pDstRe != pSrcRe) std::memcpy(pDstRe, pSrcRe, bytes);
+            if (shared && pDstIm != pSrcIm) std::memcpy(pDstIm, pSrcIm, bytes);
+            transformBlocked<Inverse>(*pSpec, from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, shared, work.bytes(),
+                                      makeLast);
+        } else if (shared) {
+            transformDirect<Inverse>(from, Grouped<T>{work.as<T>()}, to, order, twiddles, makeLast);
+        } else {
+            transformDirect<Inverse>(from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, twiddles, makeLast);
+        }
+    });
+    return orbStsNoErr;
+}
+
+template <class T>
+OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag, Format format) {
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
+    const int order = pSpec->order, coreOrder = order - 1;
+    const std::size_t samples = std::size_t{1} << order;
+    if (order < smallOrders) {
+        smallRealForward(pSrc, pDst, order, scaleOf<false>(*pSpec));
+    } else {
+        const bool needed = coreOrder >= smallOrders && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
+        const WorkArea work(pBuffer, pSpec->workSize, needed);
+        if (work.failed()) return orbStsMemAllocErr;
+        transformInterleaved<false>(*pSpec, coreOrder, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());
+        recombineForward(pDst, samples / 2, pSpec->forwardRecombination.get());
+    }
+    formatSpectrum(pDst, samples, format);
+    return orbStsNoErr;
+}
+
+template <class T>
+OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag, Format format) {
+    if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
+    const int order = pSpec->order, coreOrder = order - 1;
+    const std::size_t samples = std::size_t{1} << order;
+    const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);
+    if (order < smallOrders) {
+        T perm[8] = {r0, rm};
+        for (std::size_t n = 2; n < samples; ++n) perm[n] = pSrc[n - pairsBefore(format)];
+        smallRealInverse(perm, pDst, order, scaleOf<true>(*pSpec));
+        return orbStsNoErr;
+    }
+    const bool blocked = coreOrder > Plan<T>::directLimit;
+    const WorkArea work(pBuffer, pSpec->workSize, true);
+    if (work.failed()) return orbStsMemAllocErr;
+    Interleaved<const T> pairs{pSrc - pairsBefore(format)};
+    if (blocked && pSrc == pDst && format == Format::pack) {
+        std::memmove(pDst + 2, pDst + 1, (samples - 2) * sizeof(T));
+        pairs = {pDst};
+    }
+    T* half = blocked ? pDst : work.as<T>();
+    recombineInverse(pairs, r0, rm, half, samples / 2, pSpec->inverseRecombination.get());
+    transformInterleaved<true>(*pSpec, coreOrder, Interleaved<const T>{half}, Interleaved<T>{pDst}, work.bytes());
+    return orbStsNoErr;
+}
+
+} // namespace orbs::fft

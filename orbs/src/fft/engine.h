@@ -1,0 +1,230 @@
+// Complex transforms of 2^order points, order 3 and above: which path an order takes, and the paths.
+#pragma once
+
+#include "fft/passes.h"
+
+#include <utility>
+
+namespace orbs::fft {
+
+// ---- Order 4: all in a few vectors of four lanes (two where the registers are no wider) ----
+
+template <class T>
+using ShortTag = hn::CappedTag<T, 4>;
+
+template <bool Inverse, class D, class From, class To, class Last>
+void transform16(D d, From from, To to, Last last) {
+    using X = Cx<hn::Vec<D>>;
+    constexpr int lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
+    X rows[4][vectors]; // [sample][its results 0 to 3 of the first layer]
+    repeat<vectors>([&](int n) __attribute__((always_inline)) {
+        X x[4];
+        repeat<4>([&](int q) __attribute__((always_inline)) { x[q] = from.load(d, 4 * q + n * lanes); });
+        butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
+        repeat<vectors>([&](int t) __attribute__((always_inline)) {
+            hn::Vec<D> re[lanes], im[lanes];
+            repeat<lanes>([&](int k) __attribute__((always_inline)) {
+                re[k] = x[t * lanes + k].re;
+                im[k] = x[t * lanes + k].im;
+            });
+            transpose(d, re);
+            transpose(d, im);
+            repeat<lanes>([&](int lane) __attribute__((always_inline)) {
+                rows[n * lanes + lane][t] = {re[lane], im[lane]};
+            });
+        });
+    });
+    repeat<vectors>([&](int t) __attribute__((always_inline)) {
+        repeat<3>([&](int m) __attribute__((always_inline)) {
+            const auto& w = twiddles16<hn::TFromD<D>>;
+            const X twiddle{hn::LoadU(d, w.cosine[m] + t * lanes), hn::LoadU(d, w.negativeSine[m] + t * lanes)};
+            rows[m + 1][t] = twiddled<Inverse>(rows[m + 1][t], twiddle);
+        });
+        butterfly4<Inverse>(rows[0][t], rows[1][t], rows[2][t], rows[3][t]);
+        repeat<4>([&](int j) __attribute__((always_inline)) { to.store(d, 4 * j + t * lanes, last(rows[j][t])); });
+    });
+}
+
+// ---- Orders up to the direct limit ----
+
+// The first pass of an order, with as many short transforms side by side as it has; `inner` is the order that decides
+// the radix.
+template <bool Inverse, class T, class From, class Work>
+void firstPasses(From from, Work work, int order, int inner) {
+    const hn::ScalableTag<T> full;
+    const hn::CappedTag<T, 16 / sizeof(T)> block;
+    constexpr std::size_t lanes = packedLanes<hn::ScalableTag<T>>;
+    const std::size_t points = std::size_t{1} << order;
+    if constexpr (Plan<T>::radix8First) {
+        if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
+    }
+    if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
+        firstPass<16, 2, Inverse>(full, from, work, order);
+    } else if (points >= 16 * lanes) {
+        firstPass<16, 1, Inverse>(full, from, work, order);
+    } else {
+        firstPass<16, 1, Inverse>(block, from, work, order);
+    }
+}
+
+// The same in place on data in bit-reversed order.
+template <bool Inverse, class T, class From, class Work>
+void firstPassesInRuns(From from, Work work, int order, int inner) {
+    const hn::ScalableTag<T> full;
+    const std::size_t points = std::size_t{1} << order;
+    if constexpr (Plan<T>::radix8First) {
+        if (firstPassOrder<T>(inner) == 3) return firstPassInRuns<8, Inverse>(full, from, work, points);
+    }
+    firstPassInRuns<16, Inverse>(full, from, work, points);
+}
+
+// From `from` to `to` by way of `work`, which may be `to` itself but not `from`.
+template <bool Inverse, class T, class From, class Work, class To, class MakeLast>
+void transformDirect(From from, Work work, To to, int order, const T* twiddles, MakeLast makeLast) {
+    const hn::ScalableTag<T> full;
+    const ShortTag<T> four;
+    if (order == 4) return transform16<Inverse>(four, from, to, makeLast(four));
+    firstPasses<Inverse, T>(from, work, order, order);
+    passesTo<Inverse>(full, work, to, order, twiddles, makeLast(full));
+}
+
+// ---- Blocked orders ----
+
+// Exchanges an array with its bit reversal. The index is (row, middle, column), rows and columns of tileOrder bits: the
+// square of one middle value changes places with the square of the reversed one, both transposed and with rows and
+// columns reversed, by way of `tiles`, which has room for two squares.
+template <class Element, int tileOrder>
+void reverseBitsInPlace(Element* data, int order, Element* tiles) {
+    constexpr std::size_t side = std::size_t{1} << tileOrder;
+    const int middleBits = order - 2 * tileOrder;
+    const std::size_t stride = std::size_t{1} << (order - tileOrder);
+    std::size_t reversed[side];
+    for (std::size_t n = 0; n < side; ++n) reversed[n] = reversedBits(n, tileOrder);
+    const auto gather = [&](std::size_t middle, Element* tile) {
+        for (std::size_t row = 0; row < side; ++row)
+            std::memcpy(tile + row * side, data + row * stride + middle * side, side * sizeof(Element));
+    };
+    const auto scatter = [&](std::size_t middle, const Element* tile) {
+        for (std::size_t row = 0; row < side; ++row) {
+            Element* to = data + row * stride + middle * side;
+            for (std::size_t column = 0; column < side; ++column)
+                to[column] = tile[reversed[column] * side + reversed[row]];
+        }
+    };
+    for (std::size_t middle = 0; middle < std::size_t{1} << middleBits; ++middle) {
+        const std::size_t mirror = reversedBits(middle, middleBits);
+        if (middle > mirror) continue;
+        gather(middle, tiles);
+        if (mirror != middle) gather(mirror, tiles + side * side);
+        scatter(mirror, tiles);
+        if (mirror != middle) scatter(middle, tiles + side * side);
+    }
+}
+
+// An element of an interleaved vector, moved as a whole.
+template <class T>
+struct Pair {
+    T re, im;
+};
+
+template <class T>
+void reverseBitsInPlace(Interleaved<T> data, int order, Orb8u* tiles) {
+    reverseBitsInPlace<Pair<T>, Plan<T>::tileOrder>(reinterpret_cast<Pair<T>*>(data.base), order,
+                                                    reinterpret_cast<Pair<T>*>(tiles));
+}
+template <class T>
+void reverseBitsInPlace(Planes<T> data, int order, Orb8u* tiles) {
+    reverseBitsInPlace<T, Plan<T>::tileOrder>(data.re, order, reinterpret_cast<T*>(tiles));
+    reverseBitsInPlace<T, Plan<T>::tileOrder>(data.im, order, reinterpret_cast<T*>(tiles));
+}
+
+// The top levels of a blocked transform: groups of columns go through all levels in `buffer`, from `from` to `to`.
+template <bool Inverse, class D, class From, class To>
+void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u* buffer) {
+    using T = hn::TFromD<D>;
+    constexpr std::size_t group = columnGroup<T>, lanes = hn::MaxLanes(D());
+    const BlockedLevel level = Plan<T>::level(order);
+    const std::size_t rows = std::size_t{1} << level.blockOrder, columns = std::size_t{1} << level.columnsOrder();
+    const std::size_t stride = std::size_t{1} << level.subOrder(order);
+    const Grouped<T> work{reinterpret_cast<T*>(buffer)};
+
+    // One radix-4 pass over the columns of a group, joining rows that lie quarterRows apart.
+    const auto pass4Rows = [&](auto source, std::size_t sourceStride, auto target, std::size_t targetStride,
+                               std::size_t quarterRows) HWY_ATTR {
+        for (std::size_t row = 0; row < quarterRows; ++row) {
+            for (std::size_t j = 0; j < columns; j += group, tw += 6 * group) {
+                for (std::size_t h = 0; h < group; h += lanes) {
+                    const auto w1 = loadTwiddle<1>(d, tw + h), w2 = loadTwiddle<2>(d, tw + h),
+                               w3 = loadTwiddle<3>(d, tw + h);
+                    for (std::size_t base = row; base < rows; base += 4 * quarterRows)
+                        column4<Inverse>(d, source.from(base * sourceStride), target.from(base * targetStride), j, h,
+                                         quarterRows * sourceStride, quarterRows * targetStride, w1, w2, w3, AsIs{});
+                }
+            }
+        }
+    };
+    for (std::size_t first = 0; first < stride; first += columns) {
+        const From source = from.from(first);
+        const To target = to.from(first);
+        pass4Rows(source, stride, work, columns, 1);
+        std::size_t quarterRows = 4;
+        for (; 8 * quarterRows <= rows; quarterRows *= 4) pass4Rows(work, columns, work, columns, quarterRows);
+        if (4 * quarterRows == rows) {
+            pass4Rows(work, columns, target, stride, quarterRows);
+            continue;
+        }
+        for (std::size_t row = 0; row < quarterRows; ++row) // an odd level is left
+            for (std::size_t j = 0; j < columns; j += group, tw += 2 * group)
+                for (std::size_t h = 0; h < group; h += lanes)
+                    column2<Inverse>(d, work.from(row * columns), target.from(row * stride), j, h,
+                                     quarterRows * columns, quarterRows * stride, loadTwiddle<1>(d, tw + h), AsIs{});
+    }
+}
+
+// Everything behind the first pass of a blocked order; the scale goes into the innermost sub-transforms.
+template <bool Inverse, class D, class Work, class To, class Last>
+void blockedLevels(D d, const hn::TFromD<D>* twiddles, const RelativePtr<hn::TFromD<D>>* levels, Work work, To to,
+                   int order, Orb8u* buffer, Last last) {
+    using T = hn::TFromD<D>;
+    const BlockedLevel level = Plan<T>::level(order);
+    const int subOrder = level.subOrder(order);
+    for (std::size_t block = 0; block < std::size_t{1} << level.blockOrder; ++block) {
+        const Work sub = work.from(block << subOrder);
+        if (subOrder > Plan<T>::directLimit) {
+            blockedLevels<Inverse>(d, twiddles, levels + 1, sub, sub, subOrder, buffer, last);
+        } else {
+            passesTo<Inverse>(d, sub, sub, subOrder, twiddles, last);
+        }
+    }
+    topLevels<Inverse>(d, work, to, order, levels->get(), buffer);
+}
+
+// `inPlace`: from and to are the same memory.
+template <bool Inverse, class T, class From, class Work, class To, class MakeLast>
+void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int order, bool inPlace, Orb8u* buffer,
+                      MakeLast makeLast) {
+    const hn::ScalableTag<T> d;
+    const T* twiddles = spec.twiddles;
+    const int inner = innermostOrder<T>(order);
+    if (inPlace) {
+        reverseBitsInPlace(to, order, buffer);
+        firstPassesInRuns<Inverse, T>(to, work, order, inner);
+    } else {
+        firstPasses<Inverse, T>(from, work, order, inner);
+    }
+    blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, makeLast(d));
+}
+
+// ---- A transform with its scale ----
+
+// Calls run(makeLast) with what the last pass does to its results: nothing, or the multiplication by the scale.
+template <class T, class Run>
+void withScale(bool scaled, T scale, Run run) {
+    if (scaled) {
+        run([=](auto d) HWY_ATTR { return Times<hn::Vec<decltype(d)>>{hn::Set(d, scale)}; });
+    } else {
+        run([](auto) { return AsIs{}; });
+    }
+}
+
+} // namespace orbs::fft

@@ -1,0 +1,119 @@
+// Transforms of 1, 2, 4 and 8 points, straight from source to destination. The scaled ones multiply the first sums and
+// differences, not the results, so their results are rounded differently from those of a transform scaled afterwards; a
+// scale of 1 changes nothing.
+#pragma once
+
+#include "fft/arithmetic.h"
+
+#include <algorithm>
+
+namespace orbs::fft {
+
+template <bool Inverse, class T, class First>
+void smallComplex(Cx<T> (&x)[8], int order, First first) {
+    if (order == 0) {
+        x[0] = first(x[0]);
+    } else if (order == 1) {
+        const Cx<T> sum = first(x[0] + x[1]), difference = first(x[0] - x[1]);
+        x[0] = sum, x[1] = difference;
+    } else if (order == 2) {
+        butterfly4<Inverse>(x[0], x[1], x[2], x[3], first);
+    } else {
+        butterfly4<Inverse>(x[0], x[2], x[4], x[6], first);
+        butterfly4<Inverse>(x[1], x[3], x[5], x[7], first);
+        joinEight<Inverse>(x, rootOfHalf<T>);
+    }
+}
+
+template <bool Inverse, class T>
+void smallComplex(Interleaved<const T> from, Interleaved<T> to, int order, T scale) {
+    Cx<T> x[8] = {};
+    const int points = 1 << order;
+    for (int n = 0; n < points; ++n) x[n] = {from.base[2 * n], from.base[2 * n + 1]};
+    smallComplex<Inverse>(x, order, Times<T>{scale});
+    for (int n = 0; n < points; ++n) to.base[2 * n] = x[n].re, to.base[2 * n + 1] = x[n].im;
+}
+
+template <bool Inverse, class T>
+void smallComplex(Planes<const T> from, Planes<T> to, int order, T scale) {
+    Cx<T> x[8] = {};
+    const int points = 1 << order;
+    for (int n = 0; n < points; ++n) x[n] = {from.re[n], from.im[n]};
+    smallComplex<Inverse>(x, order, Times<T>{scale});
+    for (int n = 0; n < points; ++n) to.re[n] = x[n].re, to.im[n] = x[n].im;
+}
+
+// ---- Real: a spectrum is R0, RM, R1, I1, R2, I2, ... ----
+
+template <class T>
+void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
+    T x[8] = {};
+    std::copy(pSrc, pSrc + (1 << order), x);
+    const auto sum = [&](int a, int b) { return (x[a] + x[b]) * scale; };
+    const auto difference = [&](int a, int b) { return (x[a] - x[b]) * scale; };
+    if (order == 0) {
+        pDst[0] = x[0] * scale;
+    } else if (order == 1) {
+        pDst[0] = sum(0, 1);
+        pDst[1] = difference(0, 1);
+    } else if (order == 2) {
+        const T s02 = sum(0, 2), s13 = sum(1, 3);
+        pDst[0] = s02 + s13;
+        pDst[1] = s02 - s13;
+        pDst[2] = difference(0, 2);
+        pDst[3] = difference(3, 1);
+    } else {
+        const T s04 = sum(0, 4), d04 = difference(0, 4), s26 = sum(2, 6), d62 = difference(6, 2);
+        const T s15 = sum(1, 5), d15 = difference(1, 5), s37 = sum(3, 7), d73 = difference(7, 3);
+        const T even = s04 + s26, odd = s15 + s37;
+        const T turnedRe = (d15 + d73) * rootOfHalf<T>, turnedIm = (d73 - d15) * rootOfHalf<T>;
+        pDst[0] = even + odd;
+        pDst[1] = even - odd;
+        pDst[2] = d04 + turnedRe;
+        pDst[3] = d62 + turnedIm;
+        pDst[4] = s04 - s26;
+        pDst[5] = s37 - s15;
+        pDst[6] = d04 - turnedRe;
+        pDst[7] = turnedIm - d62;
+    }
+}
+
+template <class T>
+void smallRealInverse(const T* pSrc, T* pDst, int order, T scale) {
+    T x[8] = {};
+    std::copy(pSrc, pSrc + (1 << order), x);
+    const T twice = 2 * scale, rootOfTwo = static_cast<T>(1.41421356237309504880);
+    if (order == 0) {
+        pDst[0] = x[0] * scale;
+        return;
+    }
+    const T sum = (x[0] + x[1]) * scale, difference = (x[0] - x[1]) * scale;
+    if (order == 1) {
+        pDst[0] = sum;
+        pDst[1] = difference;
+    } else if (order == 2) {
+        const T re = x[2] * twice, im = x[3] * twice;
+        pDst[0] = sum + re;
+        pDst[1] = difference - im;
+        pDst[2] = sum - re;
+        pDst[3] = difference + im;
+    } else {
+        // Even samples: R0, RM and the pair 2; odd and even samples apart by the sums and differences of pairs 1 and 3.
+        const T re2 = x[4] * twice, im2 = x[5] * twice;
+        const T e0 = sum + re2, e4 = sum - re2, d0 = difference - im2, d2 = difference + im2;
+        const T reSum = (x[2] + x[6]) * scale, reDifference = (x[2] - x[6]) * scale;
+        const T imSum = (x[3] + x[7]) * scale, imDifference = (x[3] - x[7]) * scale;
+        const T s0 = reSum * 2, s2 = imDifference * 2;
+        const T s1 = (reDifference - imSum) * rootOfTwo, s3 = (reDifference + imSum) * rootOfTwo;
+        pDst[0] = e0 + s0;
+        pDst[4] = e0 - s0;
+        pDst[2] = e4 - s2;
+        pDst[6] = e4 + s2;
+        pDst[1] = d0 + s1;
+        pDst[5] = d0 - s1;
+        pDst[3] = d2 - s3;
+        pDst[7] = d2 + s3;
+    }
+}
+
+} // namespace orbs::fft

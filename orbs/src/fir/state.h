@@ -1,0 +1,123 @@
+// The state object of a FIR filter: one block of memory, the head in front of its areas, no address inside.
+//
+//   D, the delay buffer: the last tapsLen samples stand at D[dlyLineIndex] and on, oldest first. A single sample is
+//   written twice, tapsLen apart, so that this run never wraps; a block is written behind the run and leaves it at
+//   D[0].
+#pragma once
+
+#include "fir/kernels.h"
+#include "foundation/objects.h"
+#include "orbs/fft.h"
+#include "orbs/fir.h"
+
+#include <cstdint>
+
+namespace orbs {
+
+// Four letters as the 32-bit word that an object starts with, most significant byte first.
+constexpr Orb32s tagWord(const char (&letters)[5]) {
+    Orb32u word = 0;
+    for (int i = 0; i < 4; ++i) word = word << 8 | static_cast<Orb32u>(letters[i]);
+    return static_cast<Orb32s>(word);
+}
+
+// What the type of the taps decides: from how many taps a filter is made with an FFT, which FFT, and above how many
+// samples a block goes through it or is spread over a team.
+template <class Tap>
+struct FirRules;
+
+template <>
+struct FirRules<Orb32f> {
+    using Spec = OrbsFFTSpec_R_32f;
+    static constexpr int fftFromTaps = 64, fftAbove = 511, teamAbove = 1600;
+    static constexpr auto fftSize = orbsFFTGetSize_R_32f;
+    static constexpr auto fftInit = orbsFFTInit_R_32f;
+    static constexpr auto forward = orbsFFTFwd_RToPerm_32f;
+    static constexpr auto inverse = orbsFFTInv_PermToR_32f;
+};
+template <>
+struct FirRules<Orb32fc> {
+    using Spec = OrbsFFTSpec_C_32fc;
+    static constexpr int fftFromTaps = 16, fftAbove = 255, teamAbove = 800;
+    static constexpr auto fftSize = orbsFFTGetSize_C_32fc;
+    static constexpr auto fftInit = orbsFFTInit_C_32fc;
+    static constexpr auto forward = orbsFFTFwd_CToC_32fc;
+    static constexpr auto inverse = orbsFFTInv_CToC_32fc;
+};
+template <>
+struct FirRules<Orb64f> {
+    using Spec = OrbsFFTSpec_R_64f;
+    static constexpr int fftFromTaps = 32, fftAbove = 511, teamAbove = 1600;
+    static constexpr auto fftSize = orbsFFTGetSize_R_64f;
+    static constexpr auto fftInit = orbsFFTInit_R_64f;
+    static constexpr auto forward = orbsFFTFwd_RToPerm_64f;
+    static constexpr auto inverse = orbsFFTInv_PermToR_64f;
+};
+template <>
+struct FirRules<Orb64fc> {
+    using Spec = OrbsFFTSpec_C_64fc;
+    static constexpr int fftFromTaps = 16, fftAbove = 255, teamAbove = 800;
+    static constexpr auto fftSize = orbsFFTGetSize_C_64fc;
+    static constexpr auto fftInit = orbsFFTInit_C_64fc;
+    static constexpr auto forward = orbsFFTFwd_CToC_64fc;
+    static constexpr auto inverse = orbsFFTInv_CToC_64fc;
+};
+
+// The head. Multi-rate objects have the same one: fields that a single-rate filter does not use stay 0.
+template <class TapType, class SampleType, Orb32s tagOfSingleRate>
+struct FirState {
+    using Tap = TapType;
+    using Sample = SampleType;
+    using Rules = FirRules<Tap>;
+    static constexpr Orb32s singleRateTag = tagOfSingleRate;
+
+    Orb32s tag;
+    RelativePtr<Tap> pTaps;    // oldest sample's tap first
+    RelativePtr<Tap> pDlyLine; // D
+    Orb32s tapsLen;
+    Orb32s upFactor;
+    Orb32s headLen; // blocks of at most so many samples run wholly through D
+    Orb32s downFactor;
+    Orb32s headOut;
+    RelativePtr<typename Rules::Spec> pFFTSpec;
+    RelativePtr<Tap> pFFTTaps; // spectrum of the taps, padded to fftLen
+    Orb32s fftLen;             // -1 without FFT
+    Orb32s dlyLineIndex;
+    RelativePtr<Orb32s> pPhaseSkip;
+    RelativePtr<Tap> pTapsAux; // no broadcast table: vectors take their taps from pTaps
+    Orb32s mrCount;
+    Orb32s mrKind;
+    Orb32s dlyLineLen;          // samples that GetDlyLine and SetDlyLine move
+    RelativePtr<Tap> pFFTWork;  // fftLen elements for each of workAreas threads
+    RelativePtr<Orb8u> pFFTBuf; // fftBufSize bytes for each of workAreas threads
+    Orb32s fftBufSize;
+    RelativePtr<Sample> pStaging; // stagingLen outputs of an in-place call
+    RelativePtr<OrbStatus> pThreadStatus;
+    Orb32s ownsMemory;
+    Orb32s upPhase;
+    Orb32s downPhase;
+    Orb32s workAreas; // threads that the FFT areas have room for
+    Orb32s reserved[2];
+};
+
+// Outputs that an in-place call works out before it writes them back.
+constexpr int stagingLen = 4096;
+
+// tapsLen rounded up to a multiple of four: the first outputs of a block, which reach back into the delay line.
+constexpr Orb32s headOutputs(Orb32s tapsLen) {
+    return (tapsLen + 3) & ~3;
+}
+
+// D has room for the line behind any index below tapsLen, and for headLen new samples behind that.
+constexpr std::uint64_t delayCapacity(std::uint64_t tapsLen) {
+    return 3 * tapsLen + 4;
+}
+
+} // namespace orbs
+
+struct OrbsFIRState_32f : orbs::FirState<Orb32f, Orb32f, orbs::tagWord("FI01")> {};
+struct OrbsFIRState_32fc : orbs::FirState<Orb32fc, Orb32fc, orbs::tagWord("FI02")> {};
+struct OrbsFIRState_64f : orbs::FirState<Orb64f, Orb64f, orbs::tagWord("FI13")> {};
+struct OrbsFIRState_64fc : orbs::FirState<Orb64fc, Orb64fc, orbs::tagWord("FI14")> {};
+
+static_assert(sizeof(OrbsFIRState_32f) == 112 && alignof(OrbsFIRState_64fc) == 4);

@@ -1,0 +1,180 @@
+// The shapes of element-wise arithmetic. An operation says what happens to one element, on vectors of any width; a
+// shape adds the frame: null tests, length, scale, one thread or several.
+//
+//   struct Operation {
+//       result(d, v...)  the element result: floats, and integers saturated to the lanes T of d
+//       exact(d, v...)   integers: the result before saturation, in one of the forms of scaling.h
+//   };
+// Complex vectors are vectors of their parts, re in even lanes. Sources may have other lanes than the result.
+#pragma once
+
+#include "foundation/frame.h"
+#include "foundation/threads.h"
+#include "vectors/scaling.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace orbs {
+
+// ---- Loops ----
+
+// dst[n] = f(d, src[n]...) on vectors. What is left behind the last full vector is computed in one more, filled up
+// with copies, so that no flag is raised that the elements themselves do not raise.
+template <int unroll, class F, class R, class... S>
+HWY_INLINE void mapVectors(std::size_t len, F f, R* dst, const S*... src) {
+    const hn::ScalableTag<R> d;
+    constexpr std::size_t lanes = hn::MaxLanes(d);
+    const auto map = [=](R* to, const S*... from)
+                         HWY_ATTR { hn::StoreU(f(d, hn::LoadU(hn::Rebind<S, decltype(d)>(), from)...), d, to); };
+    std::size_t n = 0;
+    for (; n + unroll * lanes <= len; n += unroll * lanes) {
+#pragma GCC unroll 4
+        for (std::size_t k = 0; k < unroll; ++k) map(dst + n + k * lanes, src + n + k * lanes...);
+    }
+    for (; n + lanes <= len; n += lanes) map(dst + n, src + n...);
+    if (n == len) return;
+    const auto filledUp = [=](const auto* from) {
+        std::array<std::remove_cvref_t<decltype(*from)>, lanes> full;
+        std::memcpy(full.data(), from, (len - n) * sizeof *from);
+        for (std::size_t filled = len - n; filled < lanes; filled *= 2)
+            std::memcpy(full.data() + filled, full.data(), std::min(filled, lanes - filled) * sizeof *from);
+        return full;
+    };
+    R last[lanes];
+    map(last, filledUp(src + n).data()...);
+    std::memcpy(dst + n, last, (len - n) * sizeof(R));
+}
+
+template <class Op, class R, class... S>
+void plainKernel(Op op, std::size_t len, R* dst, const S*... src) {
+    mapVectors<4>(
+        len, [=](auto d, auto... v) HWY_ATTR { return op.result(d, v...); }, dst, src...);
+}
+
+// Below the zero cut.
+template <class Op, class R, class... S>
+void scaledKernel(Op op, int scaleFactor, int boundFrom, std::size_t len, R* dst, const S*... src) {
+    if (scaleFactor == 0) {
+        plainKernel(op, len, dst, src...);
+    } else if (scaleFactor > 0) {
+        mapVectors<1>(
+            len, [=](auto d, auto... v) HWY_ATTR { return rounded(d, op.exact(d, v...), scaleFactor); }, dst, src...);
+    } else if (scaleFactor <= boundFrom) {
+        mapVectors<1>(
+            len, [=](auto d, auto... v) HWY_ATTR { return bySign(d, op.result(d, v...)); }, dst, src...);
+    } else {
+        mapVectors<1>(
+            len, [=](auto d, auto... v) HWY_ATTR { return shiftedLeft(d, op.result(d, v...), -scaleFactor); }, dst,
+            src...);
+    }
+}
+
+// ---- Frames ----
+
+// Parts of an element: a complex vector is one of twice as many real lanes.
+template <class T>
+constexpr std::size_t partsOf = isComplex<T> ? 2 : 1;
+template <class T>
+auto* partsAt(T* p) {
+    if constexpr (isComplex<std::remove_const_t<T>>) {
+        return asReal(p);
+    } else {
+        return p;
+    }
+}
+
+template <class Op, class R, class... S>
+OrbStatus elementwise(Op op, int len, R* pDst, const S*... pSrc) {
+    if (const OrbStatus status = checkVectors(len, pDst, pSrc...)) return status;
+    plainKernel(op, partsOf<R> * static_cast<std::size_t>(len), partsAt(pDst), partsAt(pSrc)...);
+    return orbStsNoErr;
+}
+
+template <class Op, class R, class... S>
+OrbStatus elementwiseScaled(Op op, int len, int scaleFactor, ScaleCuts cuts, R* pDst, const S*... pSrc) {
+    if (const OrbStatus status = checkVectors(len, pDst, pSrc...)) return status;
+    const auto count = static_cast<std::size_t>(len);
+    if (scaleFactor > cuts.zeroAbove) {
+        std::memset(static_cast<void*>(pDst), 0, count * sizeof(R));
+    } else {
+        scaledKernel(op, scaleFactor, cuts.boundFrom, partsOf<R> * count, partsAt(pDst), partsAt(pSrc)...);
+    }
+    return orbStsNoErr;
+}
+
+// Lengths from which a call spreads over threads, by scale factor. Zeros are written by one thread.
+struct SpreadFrom {
+    int zero, negative, positive;
+    constexpr int at(int scaleFactor) const { return scaleFactor == 0 ? zero : scaleFactor < 0 ? negative : positive; }
+};
+
+template <class Op, class R, class... S>
+OrbStatus elementwiseSpread(Op op, int len, int scaleFactor, ScaleCuts cuts, SpreadFrom from, R* pDst,
+                            const S*... pSrc) {
+    if (scaleFactor > cuts.zeroAbove || anyNull(pDst, pSrc...) || len < 1)
+        return elementwiseScaled(op, len, scaleFactor, cuts, pDst, pSrc...);
+    return spread(len, {from.at(scaleFactor), Spread::overThreads}, [=](std::size_t first, std::size_t count) {
+        scaledKernel(op, scaleFactor, cuts.boundFrom, count, pDst + first, pSrc + first...);
+    });
+}
+
+// ---- Members with a wider result ----
+
+// The exact result in wider lanes, or converted to single precision.
+template <class Op>
+struct Widened {
+    template <class D, class V>
+    static auto result(D d, V a, V b) {
+        if constexpr (std::is_floating_point_v<hn::TFromD<D>>) {
+            return hn::ConvertTo(d, result(hn::RebindToSigned<D>(), a, b));
+        } else {
+            return Op::withRoom(hn::PromoteTo(d, a), hn::PromoteTo(d, b));
+        }
+    }
+};
+
+// ---- Members with a constant operand ----
+
+template <class T>
+OrbStatus copied(const T* pSrc, T* pDst, int len) {
+    if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
+    if (pSrc != pDst) std::memcpy(pDst, pSrc, static_cast<std::size_t>(len) * sizeof(T));
+    return orbStsNoErr;
+}
+// Every byte of the destination.
+template <class T>
+OrbStatus filled(int byte, T* pDst, int len) {
+    if (const OrbStatus status = checkVectors(len, pDst)) return status;
+    std::memset(static_cast<void*>(pDst), byte, static_cast<std::size_t>(len) * sizeof(T));
+    return orbStsNoErr;
+}
+
+// Op(val, v...): the constant is the first operand.
+template <class Op, class Real>
+struct WithConstant {
+    hn::Vec<hn::ScalableTag<Real>> val;
+
+    template <class D, class... V>
+    auto result(D d, V... v) const {
+        return Op::result(d, val, v...);
+    }
+    template <class D, class... V>
+    auto exact(D d, V... v) const {
+        return Op::exact(d, val, v...);
+    }
+};
+
+template <class Op, class T>
+auto withConstant(T val) {
+    if constexpr (isComplex<T>) {
+        using Real = RealOf<T>;
+        const hn::ScalableTag<Real> d;
+        return WithConstant<Op, Real>{hn::OddEven(hn::Set(d, val.im), hn::Set(d, val.re))};
+    } else {
+        return WithConstant<Op, T>{hn::Set(hn::ScalableTag<T>(), val)};
+    }
+}
+
+} // namespace orbs

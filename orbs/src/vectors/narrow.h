@@ -1,0 +1,79 @@
+// Pairs of vectors packed into lanes of half the width, saturated. And the way back.
+#pragma once
+
+#include "vectors/loops.h"
+
+namespace orbs {
+
+// Block by block of 16 bytes: the order that InterleaveLower and InterleaveUpper undo. Of a, then of b, in each.
+HWY_INLINE hn::Vec128<Orb16s> packPair(hn::Full128<Orb16s>, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
+    return hn::Vec128<Orb16s>{_mm_packs_epi32(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec128<Orb8s> packPair(hn::Full128<Orb8s>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
+    return hn::Vec128<Orb8s>{_mm_packs_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec128<Orb8u> packPair(hn::Full128<Orb8u>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
+    return hn::Vec128<Orb8u>{_mm_packus_epi16(a.raw, b.raw)};
+}
+// Moved around 0, for which SSSE3 has the instruction.
+HWY_INLINE hn::Vec128<Orb16u> packPair(hn::Full128<Orb16u> d, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
+    const auto middle = hn::Set(hn::Full128<Orb32s>(), 0x8000);
+    const auto moved = packPair(hn::Full128<Orb16s>(), hn::Sub(a, middle), hn::Sub(b, middle));
+    return hn::Xor(hn::BitCast(d, moved), hn::Set(d, 0x8000));
+}
+
+// Bytes so placed that InterleaveLower has the first half of them, and InterleaveUpper the second.
+HWY_INLINE hn::Vec128<Orb8u> toInterleave(hn::Vec128<Orb8u> v) {
+    return v;
+}
+
+#if HWY_TARGET <= HWY_AVX2
+HWY_INLINE hn::Vec256<Orb16s> packPair(hn::Full256<Orb16s>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
+    return hn::Vec256<Orb16s>{_mm256_packs_epi32(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec256<Orb8s> packPair(hn::Full256<Orb8s>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
+    return hn::Vec256<Orb8s>{_mm256_packs_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec256<Orb8u> packPair(hn::Full256<Orb8u>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
+    return hn::Vec256<Orb8u>{_mm256_packus_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec256<Orb16u> packPair(hn::Full256<Orb16u>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
+    return hn::Vec256<Orb16u>{_mm256_packus_epi32(a.raw, b.raw)};
+}
+// The two blocks' halves in the order of the elements, and back.
+template <class T>
+HWY_INLINE hn::Vec256<T> halvesInOrder(hn::Vec256<T> v) {
+    return hn::Vec256<T>{_mm256_permute4x64_epi64(v.raw, _MM_SHUFFLE(3, 1, 2, 0))};
+}
+HWY_INLINE hn::Vec256<Orb8u> toInterleave(hn::Vec256<Orb8u> v) {
+    return halvesInOrder(v);
+}
+#endif
+
+// In the order of the elements at every vector width.
+template <class D, class V>
+HWY_INLINE hn::Vec<D> narrowPair(D d, V a, V b) {
+    if constexpr (hn::MaxLanes(D()) * sizeof(hn::TFromD<D>) > 16) {
+        return halvesInOrder(packPair(d, a, b));
+    } else {
+        return packPair(d, a, b);
+    }
+}
+
+// A vector of D's narrow lanes made of wide(dWide, offset), which gives the 32-bit lanes of the elements from `offset`
+// on: as many calls as vectors of 32-bit lanes fit in. The last narrowing decides how it saturates.
+template <class D, class Wide>
+HWY_INLINE hn::Vec<D> narrowed(D d, Wide wide, std::size_t offset = 0) {
+    using T = hn::TFromD<D>;
+    if constexpr (sizeof(T) == 4) {
+        return wide(d, offset);
+    } else if constexpr (hn::MaxLanes(D()) == 1) {
+        return hn::DemoteTo(d, wide(hn::Rebind<Orb32s, D>(), offset));
+    } else {
+        const hn::Repartition<std::conditional_t<sizeof(T) == 2, Orb32s, Orb16s>, D> twice;
+        const auto low = narrowed(twice, wide, offset);
+        return narrowPair(d, low, narrowed(twice, wide, offset + hn::MaxLanes(twice)));
+    }
+}
+
+} // namespace orbs
