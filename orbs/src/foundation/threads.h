@@ -90,8 +90,8 @@ struct Spread {
 // told, if there are not two threads, or fewer elements than threads.
 template <class Kernel>
 OrbStatus spread(int len, Spread how, Kernel kernel) {
-    const int threads = threadCount();
-    if (len < how.from || threads < 2 || len < threads) {
+    const int threads = len < how.from ? 1 : threadCount();
+    if (threads < 2 || len < threads) {
         kernel(std::size_t{0}, static_cast<std::size_t>(len));
         return orbStsNoErr;
     }
