@@ -11,7 +11,8 @@ ORBS_DECLARATIONS_BEGIN
 /* ---- Thread count --------------------------------------------------------------------------------------------
  * How many threads a long call may use. It starts at the maximum of the OpenMP runtime (so OMP_NUM_THREADS is
  * heeded) and is read at every call; filter states keep room for the count they were built under. Results do not
- * depend on it.
+ * depend on it: each thread computes under the SSE control register of the caller (rounding, flush-to-zero,
+ * denormals-are-zero, masks), and the exception flags that it raises are raised for the caller.
  *
  * orbSetNumThreads: numThreads below 1 gives orbStsSizeErr and changes nothing. */
 OrbStatus orbSetNumThreads(int numThreads);

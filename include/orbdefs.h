@@ -39,7 +39,8 @@ typedef struct { Orb32f re; Orb32f im; } Orb32fc;
 typedef struct { Orb64f re; Orb64f im; } Orb64fc;
 
 /* What a call reports. 0: done. Negative: refused, no output defined. Positive: a warning, all results written.
- * Saturation and overflow are never reported. orbGetStatusString (orbcore.h) gives each code's text. */
+ * Saturation and overflow are never reported. orbGetStatusString (orbcore.h) gives each code's text. The table is that of
+ * the whole library: a number means one thing for good, whether or not a member of this build reports it. */
 typedef Orb32s OrbStatus;
 enum {
     orbStsNoErr = 0,
