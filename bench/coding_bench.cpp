@@ -1,4 +1,5 @@
 // Companding, byte order and packed bits, beside the rules written as loops.
+#include "members.h"
 #include "orbs.h"
 #include "vectors.h"
 
@@ -7,6 +8,7 @@
 
 namespace {
 
+using members::addUnary;
 using vectors::add;
 using vectors::buffer;
 
@@ -40,10 +42,6 @@ Orb16s rounded(float x) {
     return static_cast<Orb16s>(product >= 0 ? product + 0.5f : product - 0.5f);
 }
 
-template <auto rule, class Src, class Dst>
-void loop(const Src* src, Dst* dst, int len) {
-    for (int n = 0; n < len; ++n) dst[n] = static_cast<Dst>(rule(src[n]));
-}
 template <class Dst>
 void table(const std::array<Dst, 256>& entries, const Orb8u* src, Dst* dst, int len) {
     for (int n = 0; n < len; ++n) dst[n] = entries[src[n]];
@@ -60,11 +58,11 @@ void packBytes(const Orb32u* src, const Orb32s* bits, int len, Orb8u* dst) {
 }
 
 [[maybe_unused]] const bool registered = [] {
-    auto *codes = buffer<Orb8u>(0), *toCodes = buffer<Orb8u>(1);
-    auto *linear = buffer<Orb16s>(0), *toLinear = buffer<Orb16s>(1);
-    auto *floats = buffer<Orb32f>(0), *toFloats = buffer<Orb32f>(1);
+    auto *codes = buffer<Orb8u>(0), *toCodes = buffer<Orb8u>(2);
+    auto *linear = buffer<Orb16s>(0), *toLinear = buffer<Orb16s>(2);
+    auto* floats = buffer<Orb32f>(0);
     std::mt19937 random(1);
-    for (int n = 0; n < vectors::sizes[1]; ++n) {
+    for (int n = 0; n < vectors::longest; ++n) {
         linear[n] = static_cast<Orb16s>(random());
         floats[n] = linear[n] * 0x1p-15f;
         codes[n] = static_cast<Orb8u>(random());
@@ -77,44 +75,28 @@ void packBytes(const Orb32u* src, const Orb32s* bits, int len, Orb8u* dst) {
         muLaw[at] = muLawToLinear(static_cast<Orb8u>(code));
         toOther[at] = linearToMuLaw(aLaw[at]);
     }
-    add("ALawToLin_8u16s", "orbs", [=](int len) { orbsALawToLin_8u16s(codes, toLinear, len); });
-    add("ALawToLin_8u16s", "loop", [=](int len) { loop<aLawToLinear>(codes, toLinear, len); });
+    addUnary("ALawToLin_8u16s", codes, orbsALawToLin_8u16s, [](Orb8u c) { return aLawToLinear(c); });
     add("ALawToLin_8u16s", "table", [=](int len) { table(aLaw, codes, toLinear, len); });
-    add("MuLawToLin_8u16s", "orbs", [=](int len) { orbsMuLawToLin_8u16s(codes, toLinear, len); });
-    add("MuLawToLin_8u16s", "loop", [=](int len) { loop<muLawToLinear>(codes, toLinear, len); });
+    addUnary("MuLawToLin_8u16s", codes, orbsMuLawToLin_8u16s, [](Orb8u c) { return muLawToLinear(c); });
     add("MuLawToLin_8u16s", "table", [=](int len) { table(muLaw, codes, toLinear, len); });
-    add("ALawToLin_8u32f", "orbs", [=](int len) { orbsALawToLin_8u32f(codes, toFloats, len); });
-    add("ALawToLin_8u32f", "loop",
-        [=](int len) { loop<[](Orb8u c) { return aLawToLinear(c) * 0x1p-15f; }>(codes, toFloats, len); });
-    add("MuLawToLin_8u32f", "orbs", [=](int len) { orbsMuLawToLin_8u32f(codes, toFloats, len); });
-    add("MuLawToLin_8u32f", "loop",
-        [=](int len) { loop<[](Orb8u c) { return muLawToLinear(c) * 0x1p-15f; }>(codes, toFloats, len); });
-    add("LinToALaw_16s8u", "orbs", [=](int len) { orbsLinToALaw_16s8u(linear, toCodes, len); });
-    add("LinToALaw_16s8u", "loop", [=](int len) { loop<linearToALaw>(linear, toCodes, len); });
-    add("LinToMuLaw_16s8u", "orbs", [=](int len) { orbsLinToMuLaw_16s8u(linear, toCodes, len); });
-    add("LinToMuLaw_16s8u", "loop", [=](int len) { loop<linearToMuLaw>(linear, toCodes, len); });
-    add("LinToALaw_32f8u", "orbs", [=](int len) { orbsLinToALaw_32f8u(floats, toCodes, len); });
-    add("LinToALaw_32f8u", "loop",
-        [=](int len) { loop<[](float x) { return linearToALaw(rounded(x)); }>(floats, toCodes, len); });
-    add("LinToMuLaw_32f8u", "orbs", [=](int len) { orbsLinToMuLaw_32f8u(floats, toCodes, len); });
-    add("LinToMuLaw_32f8u", "loop",
-        [=](int len) { loop<[](float x) { return linearToMuLaw(rounded(x)); }>(floats, toCodes, len); });
+    addUnary("ALawToLin_8u32f", codes, orbsALawToLin_8u32f, [](Orb8u c) { return aLawToLinear(c) * 0x1p-15f; });
+    addUnary("MuLawToLin_8u32f", codes, orbsMuLawToLin_8u32f, [](Orb8u c) { return muLawToLinear(c) * 0x1p-15f; });
+    addUnary("LinToALaw_16s8u", linear, orbsLinToALaw_16s8u, [](Orb16s x) { return linearToALaw(x); });
+    addUnary("LinToMuLaw_16s8u", linear, orbsLinToMuLaw_16s8u, [](Orb16s x) { return linearToMuLaw(x); });
+    addUnary("LinToALaw_32f8u", floats, orbsLinToALaw_32f8u, [](float x) { return linearToALaw(rounded(x)); });
+    addUnary("LinToMuLaw_32f8u", floats, orbsLinToMuLaw_32f8u, [](float x) { return linearToMuLaw(rounded(x)); });
     add("ALawToMuLaw_8u", "orbs", [=](int len) { orbsALawToMuLaw_8u(codes, toCodes, len); });
     add("ALawToMuLaw_8u", "table", [=](int len) { table(toOther, codes, toCodes, len); });
 
-    auto *words = buffer<Orb32u>(0), *toWords = buffer<Orb32u>(1);
-    add("SwapBytes_32u", "orbs", [=](int len) { orbsSwapBytes_32u(words, toWords, len); });
-    add("SwapBytes_32u", "loop",
-        [=](int len) { loop<[](Orb32u w) { return __builtin_bswap32(w); }>(words, toWords, len); });
-    auto *three = reinterpret_cast<Orb24u*>(words), *toThree = reinterpret_cast<Orb24u*>(toWords);
-    add("SwapBytes_24u", "orbs", [=](int len) { orbsSwapBytes_24u(three, toThree, len); });
-    add("SwapBytes_24u", "loop", [=](int len) {
-        loop<[](Orb24u t) { return Orb24u{{t.b[2], t.b[1], t.b[0]}}; }>(three, toThree, len);
+    auto* words = buffer<Orb32u>(0);
+    addUnary("SwapBytes_32u", words, orbsSwapBytes_32u, [](Orb32u w) { return __builtin_bswap32(w); });
+    addUnary("SwapBytes_24u", buffer<Orb24u>(0), orbsSwapBytes_24u, [](Orb24u t) {
+        return Orb24u{{t.b[2], t.b[1], t.b[0]}};
     });
 
     auto* bits = buffer<Orb32s>(2);
-    for (int n = 0; n < vectors::sizes[1]; ++n) bits[n] = static_cast<Orb32s>(random() % 17);
-    auto* stream = reinterpret_cast<Orb8u*>(toWords);
+    for (int n = 0; n < vectors::longest; ++n) bits[n] = static_cast<Orb32s>(random() % 17);
+    auto* stream = reinterpret_cast<Orb8u*>(buffer<Orb32u>(1));
     add("PackBits_32u8u", "orbs", [=](int len) {
         Orb32s length;
         orbsPackBits_32u8u(words, bits, len, stream, 0, &length);

@@ -1,8 +1,12 @@
-// Exponentials, logarithms, arctangents and cube roots. Floats stand beside the functions of SLEEF that are within an
-// ulp (sleef with fused multiply-adds, sleef-avx and sleef-sse4 without) and Highway's, which are less accurate (3 to 4
-// ulp; 1 for exp) and compiled for AVX2 without fused multiply-adds. Integers stand beside the rules written as loops.
+// Exponentials, logarithms, arctangents, cube and square roots. Floats stand beside SLEEF's functions that are within
+// an ulp (sleef: with the tier's vectors and fused multiply-adds, sleef-nofma: without the latter), Highway's, which
+// are less accurate (3 to 4 ulp; 1 for exp) and compiled for the tier, and VOLK's root. Integers stand beside the rules
+// written as loops.
+#include "loops.h"
+#include "members.h"
 #include "orbs.h"
 #include "vectors.h"
+#include "volk_kernels.h"
 
 #include <algorithm>
 #include <array>
@@ -11,59 +15,82 @@
 #include <hwy/contrib/math/math-inl.h>
 #include <sleef.h>
 
+// SLEEF's functions of an ulp, with the tier's vectors: one with fused multiply-adds where the tier's processors have
+// them, one without.
+#if defined(__AVX512F__)
+using Floats = __m512;
+using Doubles = __m512d;
+#    define SLEEF_32F(function) Sleef_##function##f16_u10avx512f, Sleef_##function##f16_u10avx512fnofma
+#    define SLEEF_64F(function) Sleef_##function##d8_u10avx512f, Sleef_##function##d8_u10avx512fnofma
+#elif defined(__AVX2__)
+using Floats = __m256;
+using Doubles = __m256d;
+#    define SLEEF_32F(function) Sleef_##function##f8_u10avx2, Sleef_##function##f8_u10avx
+#    define SLEEF_64F(function) Sleef_##function##d4_u10avx2, Sleef_##function##d4_u10avx
+#else
+using Floats = __m128;
+using Doubles = __m128d;
+#    define SLEEF_32F(function) Sleef_##function##f4_u10sse4, Sleef_##function##f4_u10sse2
+#    define SLEEF_64F(function) Sleef_##function##d2_u10sse4, Sleef_##function##d2_u10sse2
+#endif
+
 namespace {
 
 namespace hn = hwy::HWY_NAMESPACE;
+using members::addUnary;
 using vectors::add;
-
-// `which` keeps buffers apart in their pages.
-template <class T>
-T* buffer(std::size_t which) {
-    constexpr std::size_t room = 4096;
-    const std::size_t bytes = (static_cast<std::size_t>(vectors::sizes[1]) * sizeof(T) / room + 2) * room;
-    return reinterpret_cast<T*>(static_cast<char*>(std::aligned_alloc(room, bytes)) + which * 17 * 64);
-}
+using vectors::positive;
 
 enum class Spread { uniform, logarithmic };
 
 template <class T>
 const T* filled(double least, double greatest, Spread spread) {
-    T* const x = buffer<T>(0);
+    T* const x = vectors::room<T>(0);
     std::mt19937 random(1);
     const bool logs = spread == Spread::logarithmic;
     std::uniform_real_distribution<double> any(logs ? std::log(least) : least, logs ? std::log(greatest) : greatest);
-    for (int n = 0; n < vectors::sizes[1]; ++n) x[n] = static_cast<T>(logs ? std::exp(any(random)) : any(random));
+    for (int n = 0; n < vectors::longest; ++n) x[n] = static_cast<T>(logs ? std::exp(any(random)) : any(random));
     return x;
 }
 
 // ---- Floats ----
 
-// y[n] = function(x[n]) by vectors of type V.
-template <class V, class T, class Function>
+template <class T>
+struct Vector;
+template <>
+struct Vector<Orb32f> {
+    Floats v;
+};
+template <>
+struct Vector<Orb64f> {
+    Doubles v;
+};
+
+// y[n] = function(x[n]) by whole vectors.
+template <class T, class Function>
 auto byVectors(const T* x, T* y, Function function) {
     return [=](int len) {
-        for (int n = 0; n < len; n += static_cast<int>(sizeof(V) / sizeof(T))) {
-            V v;
+        for (int n = 0; n < len; n += static_cast<int>(sizeof(Vector<T>) / sizeof(T))) {
+            Vector<T> v;
             std::memcpy(&v, x + n, sizeof v);
-            v = function(v);
+            v.v = function(v.v);
             std::memcpy(y + n, &v, sizeof v);
         }
     };
 }
 
-template <class V, class HalfV, class T, class Sleef, class SleefAvx, class SleefSse4>
-void addFloats(const std::string& family, const T* x, OrbStatus (*member)(const T*, T*, int), Sleef sleef,
-               SleefAvx sleefAvx, SleefSse4 sleefSse4) {
-    T* const y = buffer<T>(1);
-    add(family, "orbs", [=](int len) { member(x, y, len); });
-    add(family, "sleef", byVectors<V>(x, y, sleef));
-    add(family, "sleef-avx", byVectors<V>(x, y, sleefAvx));
-    add(family, "sleef-sse4", byVectors<HalfV>(x, y, sleefSse4));
+template <class T, class Sleef, class SleefNoFma>
+void addFloats(const vectors::Row& row, const T* x, OrbStatus (*member)(const T*, T*, int), Sleef sleef,
+               SleefNoFma sleefNoFma) {
+    T* const y = vectors::buffer<T>(2);
+    add(row, "orbs", [=](int len) { member(x, y, len); });
+    add(row, "sleef", byVectors(x, y, sleef));
+    add(row, "sleef-nofma", byVectors(x, y, sleefNoFma));
 }
 template <class T, class Function>
-void addHighway(const std::string& family, const T* x, Function function) {
-    T* const y = buffer<T>(1);
-    add(family, "highway", [=](int len) {
+void addHighway(const vectors::Row& row, const T* x, Function function) {
+    T* const y = vectors::buffer<T>(2);
+    add(row, "highway", [=](int len) {
         const hn::ScalableTag<T> d;
         for (int n = 0; n < len; n += static_cast<int>(hn::Lanes(d)))
             hn::StoreU(function(d, hn::LoadU(d, x + n)), d, y + n);
@@ -71,17 +98,6 @@ void addHighway(const std::string& family, const T* x, Function function) {
 }
 
 // ---- Integers: rules as loops ----
-
-template <class S, class R, class Rule>
-void addIntegers(const std::string& family, const S* x, OrbStatus (*member)(const S*, R*, int, int), int scaleFactor,
-                 Rule rule) {
-    R* const y = buffer<R>(1);
-    const std::string name = family + "(" + std::to_string(scaleFactor) + ")";
-    add(name, "orbs", [=](int len) { member(x, y, len, scaleFactor); });
-    add(name, "loop", [=](int len) {
-        for (int n = 0; n < len; ++n) y[n] = rule(x[n]);
-    });
-}
 
 template <class R>
 R rounded(float y) {
@@ -120,11 +136,14 @@ T power(const std::array<T, count>& table, T x) {
 
 void addExp() {
     const auto* x = filled<Orb32f>(-20, 20, Spread::uniform);
-    addFloats<__m256, __m128>("Exp_32f", x, orbsExp_32f, Sleef_expf8_u10avx2, Sleef_expf8_u10avx, Sleef_expf4_u10sse4);
-    addHighway("Exp_32f", x, [](auto d, auto v) { return hn::Exp(d, v); });
+    const vectors::Row row = {"Exp_32f", vectors::alsoShort};
+    addFloats(row, x, orbsExp_32f, SLEEF_32F(exp));
+    addHighway(row, x, [](auto d, auto v) { return hn::Exp(d, v); });
+    add(row, "loop", [=, y = vectors::buffer<Orb32f>(2)](int len) {
+        for (int n = 0; n < len; ++n) y[n] = std::exp(x[n]);
+    });
     const auto* x64 = filled<Orb64f>(-20, 20, Spread::uniform);
-    addFloats<__m256d, __m128d>("Exp_64f", x64, orbsExp_64f, Sleef_expd4_u10avx2, Sleef_expd4_u10avx,
-                                Sleef_expd2_u10sse4);
+    addFloats("Exp_64f", x64, orbsExp_64f, SLEEF_64F(exp));
     addHighway("Exp_64f", x64, [](auto d, auto v) { return hn::Exp(d, v); });
 
     static const auto table16 = exponentials<Orb16s, 25>();
@@ -133,26 +152,34 @@ void addExp() {
     const auto* x16 = filled<Orb16s>(-12, 30, Spread::uniform);
     const auto* x32 = filled<Orb32s>(-12, 30, Spread::uniform);
     const auto* x64s = filled<Orb64s>(-12, 50, Spread::uniform);
-    addIntegers("Exp_16s_Sfs", x16, orbsExp_16s_Sfs, 0, [](Orb16s v) { return power(table16, v); });
-    addIntegers("Exp_16s_Sfs", x16, orbsExp_16s_Sfs, 20, [](Orb16s v) {
-        const double y = std::exp(static_cast<double>(v)) * 0x1p-20;
-        return y > 32767 ? Orb16s{32767} : static_cast<Orb16s>(y + 0.5);
-    });
-    addIntegers("Exp_32s_Sfs", x32, orbsExp_32s_Sfs, 0, [](Orb32s v) { return power(table32, v); });
-    addIntegers("Exp_64s_Sfs", x64s, orbsExp_64s_Sfs, 0, [](Orb64s v) { return power(table64, v); });
-    addIntegers("Exp_64s_Sfs", x64s, orbsExp_64s_Sfs, 8, [](Orb64s v) {
-        const double y = std::exp(static_cast<double>(v)) * 0x1p-8;
-        return y >= 0x1p63 ? std::numeric_limits<Orb64s>::max() : static_cast<Orb64s>(y);
-    });
+    addUnary(
+        "Exp_16s_Sfs", x16, orbsExp_16s_Sfs, [](Orb16s v) { return power(table16, v); }, 0);
+    addUnary(
+        "Exp_16s_Sfs", x16, orbsExp_16s_Sfs,
+        [](Orb16s v) {
+            const double y = std::exp(static_cast<double>(v)) * 0x1p-20;
+            return y > 32767 ? Orb16s{32767} : static_cast<Orb16s>(y + 0.5);
+        },
+        20);
+    addUnary(
+        "Exp_32s_Sfs", x32, orbsExp_32s_Sfs, [](Orb32s v) { return power(table32, v); }, 0);
+    addUnary(
+        "Exp_64s_Sfs", x64s, orbsExp_64s_Sfs, [](Orb64s v) { return power(table64, v); }, 0);
+    addUnary(
+        "Exp_64s_Sfs", x64s, orbsExp_64s_Sfs,
+        [](Orb64s v) {
+            const double y = std::exp(static_cast<double>(v)) * 0x1p-8;
+            return y >= 0x1p63 ? std::numeric_limits<Orb64s>::max() : static_cast<Orb64s>(y);
+        },
+        8);
 }
 
 void addLn() {
     const auto* x = filled<Orb32f>(1e-6, 1e6, Spread::logarithmic);
-    addFloats<__m256, __m128>("Ln_32f", x, orbsLn_32f, Sleef_logf8_u10avx2, Sleef_logf8_u10avx, Sleef_logf4_u10sse4);
+    addFloats("Ln_32f", x, orbsLn_32f, SLEEF_32F(log));
     addHighway("Ln_32f", x, [](auto d, auto v) { return hn::Log(d, v); });
     const auto* x64 = filled<Orb64f>(1e-6, 1e6, Spread::logarithmic);
-    addFloats<__m256d, __m128d>("Ln_64f", x64, orbsLn_64f, Sleef_logd4_u10avx2, Sleef_logd4_u10avx,
-                                Sleef_logd2_u10sse4);
+    addFloats("Ln_64f", x64, orbsLn_64f, SLEEF_64F(log));
     addHighway("Ln_64f", x64, [](auto d, auto v) { return hn::Log(d, v); });
 
     static const auto nepers16 = ladder<10>(1);
@@ -160,36 +187,78 @@ void addLn() {
     static const auto decibels = ladder<93>(std::log(10) / 10);
     const auto* x16 = filled<Orb16s>(1, 32767, Spread::logarithmic);
     const auto* x32 = filled<Orb32s>(1, 0x7fffffff, Spread::logarithmic);
-    addIntegers("Ln_16s_Sfs", x16, orbsLn_16s_Sfs, 0, [](Orb16s v) { return rung<Orb16s>(nepers16, v); });
-    addIntegers("Ln_16s_Sfs", x16, orbsLn_16s_Sfs, -8, [](Orb16s v) {
-        return v <= 0 ? Orb16s{-32768} : rounded<Orb16s>(std::log(static_cast<float>(v)) * 256);
-    });
-    addIntegers("Ln_32s_Sfs", x32, orbsLn_32s_Sfs, 0, [](Orb32s v) { return rung<Orb32s>(nepers32, v); });
-    addIntegers("Ln_32s_Sfs", x32, orbsLn_32s_Sfs, -16,
-                [](Orb32s v) { return v <= 0 ? INT32_MIN : rounded<Orb32s>(std::log(static_cast<float>(v)) * 65536); });
-    addIntegers("Ln_32s16s_Sfs", x32, orbsLn_32s16s_Sfs, 0, [](Orb32s v) { return rung<Orb16s>(nepers32, v); });
-    addIntegers("10Log10_32s_Sfs", x32, orbs10Log10_32s_Sfs, 0, [](Orb32s v) { return rung<Orb32s>(decibels, v); });
+    addUnary(
+        "Ln_16s_Sfs", x16, orbsLn_16s_Sfs, [](Orb16s v) { return rung<Orb16s>(nepers16, v); }, 0);
+    addUnary(
+        "Ln_16s_Sfs", x16, orbsLn_16s_Sfs,
+        [](Orb16s v) { return v <= 0 ? Orb16s{-32768} : rounded<Orb16s>(std::log(static_cast<float>(v)) * 256); }, -8);
+    addUnary(
+        "Ln_32s_Sfs", x32, orbsLn_32s_Sfs, [](Orb32s v) { return rung<Orb32s>(nepers32, v); }, 0);
+    addUnary(
+        "Ln_32s_Sfs", x32, orbsLn_32s_Sfs,
+        [](Orb32s v) { return v <= 0 ? INT32_MIN : rounded<Orb32s>(std::log(static_cast<float>(v)) * 65536); }, -16);
+    addUnary(
+        "Ln_32s16s_Sfs", x32, orbsLn_32s16s_Sfs, [](Orb32s v) { return rung<Orb16s>(nepers32, v); }, 0);
+    addUnary(
+        "10Log10_32s_Sfs", x32, orbs10Log10_32s_Sfs, [](Orb32s v) { return rung<Orb32s>(decibels, v); }, 0);
 }
 
 void addArctanAndCubrt() {
     const auto* x = filled<Orb32f>(-5, 5, Spread::uniform);
-    addFloats<__m256, __m128>("Arctan_32f", x, orbsArctan_32f, Sleef_atanf8_u10avx2, Sleef_atanf8_u10avx,
-                              Sleef_atanf4_u10sse4);
+    addFloats("Arctan_32f", x, orbsArctan_32f, SLEEF_32F(atan));
     addHighway("Arctan_32f", x, [](auto d, auto v) { return hn::Atan(d, v); });
     const auto* x64 = filled<Orb64f>(-5, 5, Spread::uniform);
-    addFloats<__m256d, __m128d>("Arctan_64f", x64, orbsArctan_64f, Sleef_atand4_u10avx2, Sleef_atand4_u10avx,
-                                Sleef_atand2_u10sse4);
+    addFloats("Arctan_64f", x64, orbsArctan_64f, SLEEF_64F(atan));
     addHighway("Arctan_64f", x64, [](auto d, auto v) { return hn::Atan(d, v); });
-    addFloats<__m256, __m128>("Cubrt_32f", x, orbsCubrt_32f, Sleef_cbrtf8_u10avx2, Sleef_cbrtf8_u10avx,
-                              Sleef_cbrtf4_u10sse4);
-    addIntegers("Cubrt_32s16s_Sfs", filled<Orb32s>(-0x7fffffff, 0x7fffffff, Spread::uniform), orbsCubrt_32s16s_Sfs, 0,
-                [](Orb32s v) { return rounded<Orb16s>(std::cbrt(static_cast<float>(v))); });
+    addFloats("Cubrt_32f", x, orbsCubrt_32f, SLEEF_32F(cbrt));
+    addUnary(
+        "Cubrt_32s16s_Sfs", filled<Orb32s>(-0x7fffffff, 0x7fffffff, Spread::uniform), orbsCubrt_32s16s_Sfs,
+        [](Orb32s v) { return rounded<Orb16s>(std::cbrt(static_cast<float>(v))); }, 0);
+}
+
+// The root times 8, rounded to nearest in double precision.
+template <class S, class R>
+void addScaledRoots(const char* name, OrbStatus (*member)(const S*, R*, int, int)) {
+    addUnary(
+        name, positive<S>(), member,
+        [](S x) { return x < 0 ? R{0} : loops::nearest<R>(std::sqrt(static_cast<double>(x)) * 8); }, -3);
+}
+template <class Real>
+constexpr auto complexRoot = [](auto z) {
+    const Real re = static_cast<Real>(z.re), im = static_cast<Real>(z.im), m = std::sqrt(re * re + im * im);
+    const Real larger = std::sqrt((m + std::abs(re)) / 2), smaller = larger > 0 ? std::abs(im) / (2 * larger) : 0;
+    const Real x = re < 0 ? smaller : larger, y = std::copysign(re < 0 ? larger : smaller, im);
+    if constexpr (std::is_same_v<decltype(z), Orb16sc>) {
+        return Orb16sc{loops::nearest<Orb16s>(x * 8), loops::nearest<Orb16s>(y * 8)};
+    } else {
+        return decltype(z){static_cast<decltype(z.re)>(x), static_cast<decltype(z.re)>(y)};
+    }
+};
+
+void addSqrt() {
+    addScaledRoots("Sqrt_8u_Sfs", orbsSqrt_8u_Sfs);
+    addScaledRoots("Sqrt_16u_Sfs", orbsSqrt_16u_Sfs);
+    addScaledRoots("Sqrt_16s_Sfs", orbsSqrt_16s_Sfs);
+    addScaledRoots("Sqrt_32s16s_Sfs", orbsSqrt_32s16s_Sfs);
+    addScaledRoots("Sqrt_64s16s_Sfs", orbsSqrt_64s16s_Sfs);
+    addUnary(
+        "Sqrt_64s_Sfs", positive<Orb64s>(), orbsSqrt_64s_Sfs,
+        [](Orb64s x) { return x < 0 ? Orb64s{0} : static_cast<Orb64s>(std::rint(std::sqrt(1.0L * x) * 8)); }, -3);
+    addUnary("Sqrt_16sc_Sfs", positive<Orb16sc>(), orbsSqrt_16sc_Sfs, complexRoot<double>, -3);
+    const auto* x = positive<Orb32f>();
+    addUnary("Sqrt_32f", x, orbsSqrt_32f, [](float v) { return std::sqrt(v); });
+    add("Sqrt_32f", "volk",
+        [=, y = vectors::buffer<Orb32f>(2)](int len) { volk_32f_sqrt_32f(y, x, volk::count(len)); });
+    addUnary("Sqrt_64f", positive<Orb64f>(), orbsSqrt_64f, [](double v) { return std::sqrt(v); });
+    addUnary("Sqrt_32fc", positive<Orb32fc>(), orbsSqrt_32fc, complexRoot<float>);
+    addUnary("Sqrt_64fc", positive<Orb64fc>(), orbsSqrt_64fc, complexRoot<double>);
 }
 
 [[maybe_unused]] const bool registered = [] {
     addExp();
     addLn();
     addArctanAndCubrt();
+    addSqrt();
     return true;
 }();
 

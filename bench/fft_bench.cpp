@@ -1,24 +1,52 @@
-// Forward transforms out of place beside FFTW, planned with FFTW_MEASURE, on the same data.
+// Forward transforms out of place beside FFTW, planned with FFTW_MEASURE, on the same vectors.
 #include "orbs.h"
+#include "vectors.h"
 
-#include <benchmark/benchmark.h>
 #include <cstdint>
+#include <cstdlib>
 #include <fftw3.h>
-#include <functional>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace {
 
-template <class T>
-using Aligned = std::unique_ptr<T, void (*)(void*)>;
+constexpr int highestOrder = 20;
 
+// FFTW by the type of its samples.
 template <class T>
-Aligned<T> allocate(T* (*allocator)(int), std::size_t count) {
-    return {allocator(static_cast<int>(count)), orbsFree};
-}
+struct Fftw;
+template <>
+struct Fftw<Orb32f> {
+    using Complex = fftwf_complex;
+    static constexpr auto planComplex = fftwf_plan_dft_1d;
+    static constexpr auto planReal = fftwf_plan_dft_r2c_1d;
+    static constexpr auto execute = fftwf_execute;
+    static constexpr auto destroy = fftwf_destroy_plan;
+};
+template <>
+struct Fftw<Orb64f> {
+    using Complex = fftw_complex;
+    static constexpr auto planComplex = fftw_plan_dft_1d;
+    static constexpr auto planReal = fftw_plan_dft_r2c_1d;
+    static constexpr auto execute = fftw_execute;
+    static constexpr auto destroy = fftw_destroy_plan;
+};
 
+// FFTW measures its plans once for the runs in every tier: this variable names a file that keeps them.
+struct Plans {
+    Plans() {
+        if (!name) return;
+        fftwf_import_wisdom_from_filename((name + std::string("-32f")).c_str());
+        fftw_import_wisdom_from_filename((name + std::string("-64f")).c_str());
+    }
+    ~Plans() {
+        if (!name) return;
+        fftwf_export_wisdom_to_filename((name + std::string("-32f")).c_str());
+        fftw_export_wisdom_to_filename((name + std::string("-64f")).c_str());
+    }
+    const char* name = std::getenv("ORBS_BENCH_PLANS");
+};
+
+// Real, or as twice as many, complex, samples.
 template <class T>
 void fill(T* values, std::size_t count) {
     std::uint32_t state = 1;
@@ -28,76 +56,78 @@ void fill(T* values, std::size_t count) {
     }
 }
 
-// `transform` and `measured` call the library and the peer on the same two vectors.
-void add(const std::string& family, int order, std::function<void()> transform, std::function<void()> measured) {
-    const auto loop = [](std::function<void()> call) {
-        return [call](benchmark::State& state) {
-            for (auto _ : state) {
-                call();
-                benchmark::ClobberMemory();
-            }
-        };
-    };
-    const std::string size = std::to_string(1 << order);
-    benchmark::RegisterBenchmark((family + "/orbs/" + size).c_str(), loop(transform));
-    benchmark::RegisterBenchmark((family + "/fftw/" + size).c_str(), loop(measured));
+template <class Call>
+void measure(benchmark::State& run, Call call) {
+    for (auto _ : run) {
+        call();
+        benchmark::ClobberMemory();
+    }
 }
 
-void addSingle(int order) {
-    const std::size_t n = std::size_t{1} << order;
-    std::shared_ptr<Orb32fc> x = allocate(orbsMalloc_32fc, n), y = allocate(orbsMalloc_32fc, n);
-    auto* in = reinterpret_cast<fftwf_complex*>(x.get());
-    auto* out = reinterpret_cast<fftwf_complex*>(y.get());
-    const fftwf_plan plan = fftwf_plan_dft_1d(1 << order, in, out, FFTW_FORWARD, FFTW_MEASURE);
-    fill(reinterpret_cast<float*>(x.get()), 2 * n);
-    OrbsFFTSpec_C_32fc* spec = nullptr;
-    int size = 0;
-    orbsFFTInitAlloc_C_32fc(&spec, order, ORB_FFT_SCALE_NONE, orbAlgHintNone);
-    orbsFFTGetBufSize_C_32fc(spec, &size);
-    std::shared_ptr<Orb8u> buffer = allocate(orbsMalloc_8u, static_cast<std::size_t>(size));
-    add(
-        "fft_32fc", order, [=] { orbsFFTFwd_CToC_32fc(x.get(), y.get(), spec, buffer.get()); },
-        [=] { fftwf_execute(plan); });
+template <class X, class Y, class Spec>
+struct Members {
+    OrbStatus (*init)(Spec**, int, int, OrbHintAlgorithm);
+    OrbStatus (*bufferSize)(const Spec*, int*);
+    OrbStatus (*transform)(const X*, Y*, const Spec*, Orb8u*);
+    OrbStatus (*release)(Spec*);
+};
+
+// Of samples X made of numbers T to values Y; `plan` makes FFTW's plan for a length and the two vectors.
+template <class T, class X, class Y, class Spec, class Plan>
+void addTransform(const std::string& family, int lowestOrder, const Members<X, Y, Spec>& members, Plan plan) {
+    constexpr std::size_t numbers = sizeof(X) / sizeof(T), count = std::size_t{1} << highestOrder;
+    static X* const x = vectors::room<X>(0, count);
+    static Y* const y = vectors::room<Y>(1, count + 2);
+    for (int order = lowestOrder; order <= highestOrder; ++order) {
+        const int len = 1 << order;
+        const auto refill = [=] { fill(reinterpret_cast<T*>(x), numbers * static_cast<std::size_t>(len)); };
+        benchmark::RegisterBenchmark((family + "/orbs/" + std::to_string(len)).c_str(), [=](benchmark::State& run) {
+            Spec* spec = nullptr;
+            int size = 0;
+            members.init(&spec, order, ORB_FFT_SCALE_NONE, orbAlgHintNone);
+            members.bufferSize(spec, &size);
+            Orb8u* const buffer = orbsMalloc_8u(size);
+            refill();
+            measure(run, [=] { members.transform(x, y, spec, buffer); });
+            orbsFree(buffer);
+            members.release(spec);
+        });
+        benchmark::RegisterBenchmark((family + "/fftw/" + std::to_string(len)).c_str(), [=](benchmark::State& run) {
+            static const Plans plans;
+            const auto planned = plan(len, x, y); // which may overwrite the vectors
+            refill();
+            measure(run, [=] { Fftw<T>::execute(planned); });
+            Fftw<T>::destroy(planned);
+        });
+    }
 }
 
-void addDouble(int order) {
-    const std::size_t n = std::size_t{1} << order;
-    std::shared_ptr<Orb64fc> x = allocate(orbsMalloc_64fc, n), y = allocate(orbsMalloc_64fc, n);
-    auto* in = reinterpret_cast<fftw_complex*>(x.get());
-    auto* out = reinterpret_cast<fftw_complex*>(y.get());
-    const fftw_plan plan = fftw_plan_dft_1d(1 << order, in, out, FFTW_FORWARD, FFTW_MEASURE);
-    fill(reinterpret_cast<double*>(x.get()), 2 * n);
-    OrbsFFTSpec_C_64fc* spec = nullptr;
-    int size = 0;
-    orbsFFTInitAlloc_C_64fc(&spec, order, ORB_FFT_SCALE_NONE, orbAlgHintNone);
-    orbsFFTGetBufSize_C_64fc(spec, &size);
-    std::shared_ptr<Orb8u> buffer = allocate(orbsMalloc_8u, static_cast<std::size_t>(size));
-    add(
-        "fft_64fc", order, [=] { orbsFFTFwd_CToC_64fc(x.get(), y.get(), spec, buffer.get()); },
-        [=] { fftw_execute(plan); });
+template <class T, class X, class Spec>
+void addComplex(const std::string& family, const Members<X, X, Spec>& members) {
+    using Complex = typename Fftw<T>::Complex;
+    addTransform<T>(family, 0, members, [](int len, X* x, X* y) {
+        return Fftw<T>::planComplex(len, reinterpret_cast<Complex*>(x), reinterpret_cast<Complex*>(y), FFTW_FORWARD,
+                                    FFTW_MEASURE);
+    });
+}
+template <class T, class Spec>
+void addReal(const std::string& family, const Members<T, T, Spec>& members) {
+    addTransform<T>(family, 1, members, [](int len, T* x, T* y) {
+        return Fftw<T>::planReal(len, x, reinterpret_cast<typename Fftw<T>::Complex*>(y), FFTW_MEASURE);
+    });
 }
 
-void addReal(int order) {
-    const std::size_t n = std::size_t{1} << order;
-    std::shared_ptr<Orb32f> x = allocate(orbsMalloc_32f, n), y = allocate(orbsMalloc_32f, n + 2);
-    auto* out = reinterpret_cast<fftwf_complex*>(y.get());
-    const fftwf_plan plan = fftwf_plan_dft_r2c_1d(1 << order, x.get(), out, FFTW_MEASURE);
-    fill(x.get(), n);
-    OrbsFFTSpec_R_32f* spec = nullptr;
-    int size = 0;
-    orbsFFTInitAlloc_R_32f(&spec, order, ORB_FFT_SCALE_NONE, orbAlgHintNone);
-    orbsFFTGetBufSize_R_32f(spec, &size);
-    std::shared_ptr<Orb8u> buffer = allocate(orbsMalloc_8u, static_cast<std::size_t>(size));
-    add(
-        "fft_32f_perm", order, [=] { orbsFFTFwd_RToPerm_32f(x.get(), y.get(), spec, buffer.get()); },
-        [=] { fftwf_execute(plan); });
-}
-
-// Plans, objects and vectors live as long as the program.
-const bool registered = [] {
-    for (int order = 4; order <= 20; ++order) addSingle(order);
-    for (int order = 4; order <= 20; ++order) addDouble(order);
-    for (int order = 5; order <= 20; ++order) addReal(order);
+[[maybe_unused]] const bool registered = [] {
+    addComplex<Orb32f, Orb32fc, OrbsFFTSpec_C_32fc>(
+        "FFTFwd_CToC_32fc",
+        {orbsFFTInitAlloc_C_32fc, orbsFFTGetBufSize_C_32fc, orbsFFTFwd_CToC_32fc, orbsFFTFree_C_32fc});
+    addComplex<Orb64f, Orb64fc, OrbsFFTSpec_C_64fc>(
+        "FFTFwd_CToC_64fc",
+        {orbsFFTInitAlloc_C_64fc, orbsFFTGetBufSize_C_64fc, orbsFFTFwd_CToC_64fc, orbsFFTFree_C_64fc});
+    addReal<Orb32f, OrbsFFTSpec_R_32f>("FFTFwd_RToPerm_32f", {orbsFFTInitAlloc_R_32f, orbsFFTGetBufSize_R_32f,
+                                                              orbsFFTFwd_RToPerm_32f, orbsFFTFree_R_32f});
+    addReal<Orb64f, OrbsFFTSpec_R_64f>("FFTFwd_RToPerm_64f", {orbsFFTInitAlloc_R_64f, orbsFFTGetBufSize_R_64f,
+                                                              orbsFFTFwd_RToPerm_64f, orbsFFTFree_R_64f});
     return true;
 }();
 

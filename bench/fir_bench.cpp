@@ -1,4 +1,4 @@
-// FIR filters: blocks, single samples and calls without a state, beside scalar loops, liquid-dsp and overlap-save on
+// FIR filters: blocks, single samples and calls without a state, beside plain loops, liquid-dsp and overlap-save on
 // FFTW.
 #include "orbs.h"
 
@@ -90,11 +90,11 @@ void orbsStateless(benchmark::State& run, int tapsLen, int count) {
     });
 }
 
-// ---- Scalar loops ----
+// ---- Plain loops ----
 
 // Sum is the type of the sums; a complex element is written out in its parts.
 template <class T, class Sum>
-void scalarBlock(benchmark::State& run, int tapsLen, int count) {
+void loopBlock(benchmark::State& run, int tapsLen, int count) {
     Job<T> job(tapsLen, count);
     job.measure(run, [&] {
         for (int n = 0; n < count; ++n) {
@@ -202,7 +202,7 @@ void fftw32f(benchmark::State& run, int tapsLen, int count) {
     fftwf_free(spectrum);
 }
 
-// ---- Names: family/who/size ----
+// ---- Names: member(taps)/who/length ----
 
 template <class Body, class... Sizes>
 void add(const std::string& family, const std::string& who, int size, Body body, Sizes... sizes) {
@@ -215,29 +215,29 @@ constexpr auto block32fc = orbsBlock<Orb32fc, orbsFIRInitAlloc_32fc, orbsFIR_32f
 constexpr auto block64f = orbsBlock<Orb64f, orbsFIRInitAlloc_64f, orbsFIR_64f, orbsFIRFree_64f>;
 constexpr auto block64fc = orbsBlock<Orb64fc, orbsFIRInitAlloc_64fc, orbsFIR_64fc, orbsFIRFree_64fc>;
 
-const bool registered = [] {
+[[maybe_unused]] const bool registered = [] {
     // 32 real taps, and 15 complex ones: states without an FFT.
     for (const int count : {64, 4096}) {
-        add("fir_direct_32f", "orbs", count, block32f, 32, count);
-        add("fir_direct_32f", "scalar", count, scalarBlock<Orb32f, Orb32f>, 32, count);
-        add("fir_direct_32f", "liquid", count, liquidBlock32f, 32, count);
-        add("fir_direct_32fc", "orbs", count, block32fc, 15, count);
-        add("fir_direct_32fc", "scalar", count, scalarBlock<Orb32fc, Orb32f>, 15, count);
-        add("fir_direct_32fc", "liquid", count, liquidBlock32fc, 15, count);
-        add("fir_direct_64f", "orbs", count, block64f, 31, count);
-        add("fir_direct_64f", "scalar", count, scalarBlock<Orb64f, Orb64f>, 31, count);
-        add("fir_direct_64fc", "orbs", count, block64fc, 15, count);
-        add("fir_direct_64fc", "scalar", count, scalarBlock<Orb64fc, Orb64f>, 15, count);
+        add("FIR_32f(32)", "orbs", count, block32f, 32, count);
+        add("FIR_32f(32)", "loop", count, loopBlock<Orb32f, Orb32f>, 32, count);
+        add("FIR_32f(32)", "liquid", count, liquidBlock32f, 32, count);
+        add("FIR_32fc(15)", "orbs", count, block32fc, 15, count);
+        add("FIR_32fc(15)", "loop", count, loopBlock<Orb32fc, Orb32f>, 15, count);
+        add("FIR_32fc(15)", "liquid", count, liquidBlock32fc, 15, count);
+        add("FIR_64f(31)", "orbs", count, block64f, 31, count);
+        add("FIR_64f(31)", "loop", count, loopBlock<Orb64f, Orb64f>, 31, count);
+        add("FIR_64fc(15)", "orbs", count, block64fc, 15, count);
+        add("FIR_64fc(15)", "loop", count, loopBlock<Orb64fc, Orb64f>, 15, count);
     }
-    add("fir_in_place_32f", "orbs", 4096, orbsInPlace, 32, 4096);
-    add("fir_in_place_32f", "scalar", 4096, scalarBlock<Orb32f, Orb32f>, 32, 4096);
-    add("fir_stateless_32f", "orbs", 4096, orbsStateless, 32, 4096);
-    add("fir_stateless_32f", "scalar", 4096, scalarBlock<Orb32f, Orb64f>, 32, 4096);
-    add("fir_one_32f", "orbs", 4096, orbsOne, 32, 4096);
-    add("fir_one_32f", "liquid", 4096, liquidOne, 32, 4096);
-    add("fir_one_32f", "scalar", 4096, scalarBlock<Orb32f, Orb32f>, 32, 4096);
+    add("FIR_32f_I(32)", "orbs", 4096, orbsInPlace, 32, 4096);
+    add("FIR_32f_I(32)", "loop", 4096, loopBlock<Orb32f, Orb32f>, 32, 4096);
+    add("FIR_Direct_32f(32)", "orbs", 4096, orbsStateless, 32, 4096);
+    add("FIR_Direct_32f(32)", "loop", 4096, loopBlock<Orb32f, Orb64f>, 32, 4096);
+    add("FIROne_32f(32)", "orbs", 4096, orbsOne, 32, 4096);
+    add("FIROne_32f(32)", "liquid", 4096, liquidOne, 32, 4096);
+    add("FIROne_32f(32)", "loop", 4096, loopBlock<Orb32f, Orb32f>, 32, 4096);
     for (const int tapsLen : {128, 1024}) {
-        const std::string family = "fir_fft" + std::to_string(tapsLen) + "_32f";
+        const std::string family = "FIR_32f(" + std::to_string(tapsLen) + ")";
         add(family, "orbs", 65536, block32f, tapsLen, 65536);
         add(family, "fftw", 65536, fftw32f, tapsLen, 65536);
         add(family, "liquid", 65536, liquidFft32f, tapsLen, 65536, transformLength(tapsLen) / 2);

@@ -1,10 +1,9 @@
-// Plain loops of the scale rule, compiled at -O3 for the tier that is measured: as the compiler vectorises them, and
-// element by element.
+// Rounding and saturation of plain loops: the scale rule in integers, and the way by floating point, which a compiler
+// may vectorise.
 #pragma once
 
-#include "orbs.h"
-
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace loops {
@@ -18,20 +17,15 @@ T scaled(Wide r, int s) {
     return static_cast<T>(std::clamp(r, least, most));
 }
 
-// dst[n] = scaled(combine(a[n], b[n])).
-template <class Wide, class T, class R, class Combine>
-void map(const T* a, const T* b, R* dst, int len, int s, Combine combine) {
-    for (int n = 0; n < len; ++n) dst[n] = scaled<R, Wide>(combine(Wide{a[n]}, Wide{b[n]}), s);
+// The scale rule behind an operation on integers that Wide has room for.
+template <class Wide, class Operation>
+auto scaling(Operation operation, int s) {
+    return [=](auto a, auto b) { return scaled<decltype(a), Wide>(operation(Wide{a}, Wide{b}), s); };
 }
 
-// The same with each result passed through a register of its own, which no vector can be.
-template <class Wide, class T, class R, class Combine>
-void mapScalar(const T* a, const T* b, R* dst, int len, int s, Combine combine) {
-    for (int n = 0; n < len; ++n) {
-        Wide r = combine(Wide{a[n]}, Wide{b[n]});
-        asm("" : "+r"(r));
-        dst[n] = scaled<R, Wide>(r, s);
-    }
+template <class R, class Real>
+R nearest(Real v) {
+    return static_cast<R>(std::rint(std::clamp<Real>(v, std::numeric_limits<R>::min(), std::numeric_limits<R>::max())));
 }
 
 } // namespace loops

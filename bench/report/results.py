@@ -1,0 +1,82 @@
+"""What scripts/bench.sh measured: Google Benchmark's JSON files, ROOM.TIER.ROUND.json, as rows of times."""
+import collections
+import json
+import math
+import pathlib
+import re
+import statistics
+
+TIERS = ["v4", "v3", "v8"]  # from the widest vectors to the narrowest
+NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+# The others by the first word of their benchmarks' names; what a page does not show stands in the tables only.
+PEERS = {"volk": "VOLK", "fftw": "FFTW", "sleef": "SLEEF", "highway": "Highway", "liquid": "liquid-dsp",
+         "std": "C++ library", "loop": "plain loop", "rint": "plain loop", "table": "plain loop"}
+
+
+class Row:
+    """A member at one size: the times of everybody, in nanoseconds, by tier and round."""
+
+    def __init__(self, room, member, size):
+        self.room, self.member, self.size = room, member, size
+        self.name = f"{member}/{size}"
+        self.times = collections.defaultdict(lambda: collections.defaultdict(lambda: collections.defaultdict(list)))
+
+    def order(self):
+        return self.room, self.member, [int(number) for number in re.findall(r"\d+", self.size)]
+
+    def time(self, tier, who):
+        return statistics.median(time for times in self.times[tier][who].values() for time in times)
+
+    def others(self, tier):
+        return [who for who in self.times[tier] if who != "orbs"]
+
+    def ratio(self, tier, who):
+        """The time of orbs over that of another, which ran in the same process."""
+        return self.time(tier, "orbs") / self.time(tier, who)
+
+    def peers(self, tier):
+        """Ratios beside each peer, at its fastest, the worst first."""
+        ratios = {}
+        for who in self.others(tier):
+            if who in PEERS:
+                ratios[PEERS[who]] = max(ratios.get(PEERS[who], 0), self.ratio(tier, who))
+        return dict(sorted(ratios.items(), key=lambda item: -item[1]))
+
+    def tier_ratios(self, tier, other):
+        """The time in one tier over that in another, round by round."""
+        rounds, others = self.times[tier]["orbs"], self.times[other]["orbs"]
+        return [statistics.median(rounds[n]) / statistics.median(others[n]) for n in sorted(rounds) if n in others]
+
+
+def read(folder):
+    """The rows in order, the tiers measured from the widest on, and what Google Benchmark says of the machine."""
+    rows, tiers, context = {}, set(), {}
+    for path in sorted(pathlib.Path(folder).glob("*.json")):
+        room, tier, turn = path.stem.split(".")
+        if path.stat().st_size == 0:  # no benchmark of the program passed the filter
+            continue
+        report = json.loads(path.read_text(encoding="utf-8"))
+        context = report["context"]
+        for run in report["benchmarks"]:
+            if run["run_type"] != "iteration":
+                continue
+            if run.get("error_occurred"):
+                raise SystemExit(f"{path}: {run['name']}: {run['error_message']}")
+            member, who, size = run["run_name"].split("/repeats:")[0].split("/")
+            row = rows.setdefault((member, size), Row(room, member, size))
+            row.times[tier][who][turn].append(run["cpu_time"] * NANOSECONDS[run["time_unit"]])
+            tiers.add(tier)
+    if not rows:
+        raise SystemExit(f"{folder} holds no results: scripts/bench.sh measures")
+    return sorted(rows.values(), key=Row.order), [tier for tier in TIERS if tier in tiers], context
+
+
+def mean(ratios):
+    return math.exp(statistics.fmean(math.log(ratio) for ratio in ratios))
+
+
+def table(head, lines):
+    """A table of Markdown: the first column to the left, the others to the right."""
+    return "\n".join("| " + " | ".join(cells) + " |" for cells in
+                     [head, ["---"] + ["---:"] * (len(head) - 1), *lines]) + "\n"
