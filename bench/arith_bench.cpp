@@ -26,7 +26,7 @@ void addFloats() {
     const Row sum = {"Add_32f", vectors::alsoShort};
     addBinary(sum, orbsAdd_32f, plus);
     add(sum, "volk", [=](int len) { volk_32f_x2_add_32f(dst, a, b, count(len)); });
-    add(sum, "volk-tier", [=](int len) { volk_32f_x2_add_32f_manual(dst, a, b, count(len), volk::floats); });
+    add("Add_32f", "volk-tier", [=](int len) { volk_32f_x2_add_32f_manual(dst, a, b, count(len), volk::floats); });
     addBinary("Sub_32f", orbsSub_32f, minus);
     add("Sub_32f", "volk", [=](int len) { volk_32f_x2_subtract_32f(dst, b, a, count(len)); });
     add("Sub_32f", "volk-tier", [=](int len) { volk_32f_x2_subtract_32f_manual(dst, b, a, count(len), volk::floats); });

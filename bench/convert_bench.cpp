@@ -12,7 +12,7 @@
 namespace {
 
 using members::addUnary;
-using members::named;
+using members::with;
 using vectors::add;
 using vectors::buffer;
 
@@ -180,21 +180,21 @@ void addChannels() {
         return static_cast<float>(unpacked24(x) * 1.19209296656209e-7 + 5.96046483281045e-8);
     };
     for (int count : {1, 2, 3, 8}) {
-        add(named("JoinScaled_32f16s", count), "orbs",
+        add(with("JoinScaled_32f16s", count), "orbs",
             [=](int len) { orbsJoinScaled_32f16s_D2L(channels, count, len / 8, to16); });
-        add(named("JoinScaled_32f16s", count), "loop",
+        add(with("JoinScaled_32f16s", count), "loop",
             [=](int len) { joinLoop(channels, count, len / 8, to16, full16); });
-        add(named("JoinScaled_32f24s", count), "orbs",
+        add(with("JoinScaled_32f24s", count), "orbs",
             [=](int len) { orbsJoinScaled_32f24s_D2L(channels, count, len / 8, to24); });
-        add(named("JoinScaled_32f24s", count), "loop",
+        add(with("JoinScaled_32f24s", count), "loop",
             [=](int len) { joinLoop(channels, count, len / 8, to24, full24); });
-        add(named("SplitScaled_16s32f", count), "orbs",
+        add(with("SplitScaled_16s32f", count), "orbs",
             [=](int len) { orbsSplitScaled_16s32f_D2L(s16, toChannels, count, len / 8); });
-        add(named("SplitScaled_16s32f", count), "loop",
+        add(with("SplitScaled_16s32f", count), "loop",
             [=](int len) { splitLoop(s16, toChannels, count, len / 8, from16); });
-        add(named("SplitScaled_24s32f", count), "orbs",
+        add(with("SplitScaled_24s32f", count), "orbs",
             [=](int len) { orbsSplitScaled_24s32f_D2L(s24, toChannels, count, len / 8); });
-        add(named("SplitScaled_24s32f", count), "loop",
+        add(with("SplitScaled_24s32f", count), "loop",
             [=](int len) { splitLoop(s24, toChannels, count, len / 8, from24); });
     }
 }

@@ -12,7 +12,7 @@ namespace {
 
 using members::addBinary;
 using members::addConstant;
-using members::named;
+using members::with;
 using vectors::add;
 using vectors::buffer;
 using vectors::positive;
@@ -37,7 +37,7 @@ void addQuotients(const char* name, OrbStatus (*member)(const T*, const T*, T*, 
     addBinary(
         name, b, member,
         [](T divisor, T x) { return divisor == 0 ? extreme(x) : nearestQuotient<T, Wide>(Wide{x} * 8, divisor); }, s);
-    add(named(name, s), "rint", [=](int len) {
+    add(with(name, s), "rint", [=](int len) {
         for (int n = 0; n < len; ++n) {
             const Real quotient = static_cast<Real>(a[n]) * 8 / static_cast<Real>(b[n]);
             dst[n] = b[n] == 0 ? extreme(a[n]) : loops::nearest<T>(quotient);
@@ -52,7 +52,7 @@ void addConstantQuotients(const char* name, OrbStatus (*member)(const T*, T, T*,
     benchmark::DoNotOptimize(val); // no constant that the compiler knows
     addConstant(
         name, member, val, [](T x, T divisor) { return nearestQuotient<T, Orb32s>(x * 8, divisor); }, s);
-    add(named(name, s), "rint", [=](int len) {
+    add(with(name, s), "rint", [=](int len) {
         for (int n = 0; n < len; ++n)
             dst[n] = loops::nearest<T>(static_cast<Real>(a[n]) * (Real{8} / static_cast<Real>(val)));
     });
@@ -77,7 +77,7 @@ void addComplexQuotients() {
     };
     addBinary(
         "Div_16sc_Sfs", b, orbsDiv_16sc_Sfs, [=](Orb16sc y, Orb16sc x) { return complexQuotient(x, y, integers); }, s);
-    add(named("Div_16sc_Sfs", s), "rint", [=](int len) {
+    add(with("Div_16sc_Sfs", s), "rint", [=](int len) {
         for (int n = 0; n < len; ++n) dst[n] = complexQuotient(a[n], b[n], doubles);
     });
     addConstant(

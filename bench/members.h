@@ -5,21 +5,23 @@
 #include "orbs.h"
 #include "vectors.h"
 
+#include <initializer_list>
+#include <string>
+#include <type_traits>
+
 namespace members {
 
 using vectors::Row;
 
-// The row of a member with a scale factor carries it in its name: "Add_16s_Sfs(3)".
-template <class... More>
-Row named(Row row, More... more) {
-    [[maybe_unused]] const auto text = [](auto argument) {
-        if constexpr (std::is_same_v<decltype(argument), int>)
-            return std::string("(").append(std::to_string(argument)).append(")");
-        else
-            return std::string();
-    };
-    row.name = (row.name + ... + text(more));
+// "JoinScaled_32f16s(8)".
+inline Row with(Row row, int argument) {
+    row.name.append("(").append(std::to_string(argument)).append(")");
     return row;
+}
+
+// A member with a scale factor, which is its last argument, carries it in the name of its row: "Add_16s_Sfs(3)".
+inline Row scaled(const Row& row, std::initializer_list<int> arguments) {
+    return row.name.ends_with("Sfs") ? with(row, arguments.end()[-1]) : row;
 }
 
 // pDst[n] = rule(pSrc[n]), with what the member takes behind the length.
@@ -28,8 +30,8 @@ void addUnary(const Row& row, std::type_identity_t<const S>* src, OrbStatus (*me
               Rule rule, std::type_identity_t<More>... more) {
     static_assert(std::is_class_v<Rule>, "a lambda, which is inlined; a pointer to a function is not");
     R* const dst = vectors::buffer<R>(2);
-    add(named(row, more...), "orbs", [=](int len) { member(src, dst, len, more...); });
-    add(named(row, more...), "loop", [=](int len) {
+    add(scaled(row, {more...}), "orbs", [=](int len) { member(src, dst, len, more...); });
+    add(scaled(row, {more...}), "loop", [=](int len) {
         for (int n = 0; n < len; ++n) dst[n] = static_cast<R>(rule(src[n]));
     });
 }
@@ -41,8 +43,8 @@ void addBinary(const Row& row, std::type_identity_t<const T>* src1,
                std::type_identity_t<More>... more) {
     const T* const src2 = vectors::buffer<T>(1);
     T* const dst = vectors::buffer<T>(2);
-    add(named(row, more...), "orbs", [=](int len) { member(src1, src2, dst, len, more...); });
-    add(named(row, more...), "loop", [=](int len) {
+    add(scaled(row, {more...}), "orbs", [=](int len) { member(src1, src2, dst, len, more...); });
+    add(scaled(row, {more...}), "loop", [=](int len) {
         for (int n = 0; n < len; ++n) dst[n] = static_cast<T>(rule(src1[n], src2[n]));
     });
 }
@@ -58,8 +60,8 @@ void addConstant(const Row& row, OrbStatus (*member)(const T*, Val, T*, int, Mor
                  Rule rule, std::type_identity_t<More>... more) {
     const T* const src = vectors::buffer<T>(0);
     T* const dst = vectors::buffer<T>(2);
-    add(named(row, more...), "orbs", [=](int len) { member(src, val, dst, len, more...); });
-    add(named(row, more...), "loop", [=](int len) {
+    add(scaled(row, {more...}), "orbs", [=](int len) { member(src, val, dst, len, more...); });
+    add(scaled(row, {more...}), "loop", [=](int len) {
         for (int n = 0; n < len; ++n) dst[n] = static_cast<T>(rule(src[n], val));
     });
 }

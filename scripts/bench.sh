@@ -33,12 +33,12 @@ if ! { cmake --preset bench && cmake --build --preset bench; } >"$log" 2>&1; the
     echo "bench.sh: the build failed; the whole log is $log" >&2
     exit 1
 fi
-tiers=(v8)
-for tier in v3 v4; do
-    if ! scripts/has-tier "x86-64-$tier"; then
+tiers=()
+for tier in v4 v3 v8; do
+    if [ $tier != v8 ] && ! scripts/has-tier "x86-64-$tier"; then
         echo "This processor lacks x86-64-$tier: tier $tier is not measured." >&2
     elif [ -d "build/bench/bin/$tier" ]; then
-        tiers=("$tier" "${tiers[@]}")
+        tiers+=("$tier")
     fi
 done
 processor=$(sed -n 's/^model name[[:space:]]*: //p' /proc/cpuinfo | head -n 1)

@@ -1,5 +1,4 @@
 """What scripts/bench.sh measured: Google Benchmark's JSON files, ROOM.TIER.ROUND.json, as rows of times."""
-import collections
 import json
 import math
 import pathlib
@@ -9,7 +8,7 @@ import statistics
 TIERS = ["v4", "v3", "v8"]  # from the widest vectors to the narrowest
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
-# The others by the first word of their benchmarks' names; what a page does not show stands in the tables only.
+# The others by their names in the benchmarks; those without a name for readers stand in the full tables only.
 PEERS = {"volk": "VOLK", "fftw": "FFTW", "sleef": "SLEEF", "highway": "Highway", "liquid": "liquid-dsp",
          "std": "C++ library", "loop": "plain loop", "rint": "plain loop", "table": "plain loop"}
 
@@ -20,7 +19,10 @@ class Row:
     def __init__(self, room, member, size):
         self.room, self.member, self.size = room, member, size
         self.name = f"{member}/{size}"
-        self.times = collections.defaultdict(lambda: collections.defaultdict(lambda: collections.defaultdict(list)))
+        self.times = {}
+
+    def add(self, tier, who, turn, time):
+        self.times.setdefault(tier, {}).setdefault(who, {}).setdefault(turn, []).append(time)
 
     def order(self):
         return self.room, self.member, [int(number) for number in re.findall(r"\d+", self.size)]
@@ -29,7 +31,7 @@ class Row:
         return statistics.median(time for times in self.times[tier][who].values() for time in times)
 
     def others(self, tier):
-        return [who for who in self.times[tier] if who != "orbs"]
+        return [who for who in self.times.get(tier, {}) if who != "orbs"]
 
     def ratio(self, tier, who):
         """The time of orbs over that of another, which ran in the same process."""
@@ -45,7 +47,7 @@ class Row:
 
     def tier_ratios(self, tier, other):
         """The time in one tier over that in another, round by round."""
-        rounds, others = self.times[tier]["orbs"], self.times[other]["orbs"]
+        rounds, others = (self.times.get(name, {}).get("orbs", {}) for name in (tier, other))
         return [statistics.median(rounds[n]) / statistics.median(others[n]) for n in sorted(rounds) if n in others]
 
 
@@ -65,8 +67,12 @@ def read(folder):
                 raise SystemExit(f"{path}: {run['name']}: {run['error_message']}")
             member, who, size = run["run_name"].split("/repeats:")[0].split("/")
             row = rows.setdefault((member, size), Row(room, member, size))
-            row.times[tier][who][turn].append(run["cpu_time"] * NANOSECONDS[run["time_unit"]])
+            row.add(tier, who, turn, run["cpu_time"] * NANOSECONDS[run["time_unit"]])
             tiers.add(tier)
+    for row in rows.values():
+        lonely = [tier for tier, times in row.times.items() if "orbs" not in times]
+        if lonely:
+            raise SystemExit(f"{row.name} has no time of orbs in {', '.join(lonely)}")
     if not rows:
         raise SystemExit(f"{folder} holds no results: scripts/bench.sh measures")
     return sorted(rows.values(), key=Row.order), [tier for tier in TIERS if tier in tiers], context

@@ -15,7 +15,7 @@ SLOWER = 1.05  # what a wider tier may take in a row, for the noise of a machine
 def beside_others(rows, tier, machine):
     yield f"Tier {tier}, {machine}. Time of orbs / time of the other: below 1.00 orbs is faster.\n"
     for room, members in itertools.groupby(rows, lambda row: row.room):
-        members = [row for row in members if "orbs" in row.times[tier]]
+        members = [row for row in members if tier in row.times]
         others = sorted({who for row in members for who in row.others(tier)})
         yield f"\n### {room}\n"
         yield results.table(["row", "orbs, ns", *others],
