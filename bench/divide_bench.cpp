@@ -17,7 +17,7 @@ using vectors::add;
 using vectors::buffer;
 using vectors::positive;
 
-constexpr int s = -3; // every scale factor here: quotients times 8
+constexpr int times8 = -3; // the scale factor of all quotients of integers
 
 template <class R, class Wide>
 R nearestQuotient(Wide a, Wide b) {
@@ -36,8 +36,9 @@ void addQuotients(const char* name, OrbStatus (*member)(const T*, const T*, T*, 
     T* dst = buffer<T>(2);
     addBinary(
         name, b, member,
-        [](T divisor, T x) { return divisor == 0 ? extreme(x) : nearestQuotient<T, Wide>(Wide{x} * 8, divisor); }, s);
-    add(with(name, s), "rint", [=](int len) {
+        [](T divisor, T x) { return divisor == 0 ? extreme(x) : nearestQuotient<T, Wide>(Wide{x} * 8, divisor); },
+        times8);
+    add(with(name, times8), "rint", [=](int len) {
         for (int n = 0; n < len; ++n) {
             const Real quotient = static_cast<Real>(a[n]) * 8 / static_cast<Real>(b[n]);
             dst[n] = b[n] == 0 ? extreme(a[n]) : loops::nearest<T>(quotient);
@@ -51,8 +52,8 @@ void addConstantQuotients(const char* name, OrbStatus (*member)(const T*, T, T*,
     T val = 7;
     benchmark::DoNotOptimize(val); // no constant that the compiler knows
     addConstant(
-        name, member, val, [](T x, T divisor) { return nearestQuotient<T, Orb32s>(x * 8, divisor); }, s);
-    add(with(name, s), "rint", [=](int len) {
+        name, member, val, [](T x, T divisor) { return nearestQuotient<T, Orb32s>(x * 8, divisor); }, times8);
+    add(with(name, times8), "rint", [=](int len) {
         for (int n = 0; n < len; ++n)
             dst[n] = loops::nearest<T>(static_cast<Real>(a[n]) * (Real{8} / static_cast<Real>(val)));
     });
@@ -76,8 +77,9 @@ void addComplexQuotients() {
         return loops::nearest<Orb16s>(static_cast<double>(x) / static_cast<double>(y));
     };
     addBinary(
-        "Div_16sc_Sfs", b, orbsDiv_16sc_Sfs, [=](Orb16sc y, Orb16sc x) { return complexQuotient(x, y, integers); }, s);
-    add(with("Div_16sc_Sfs", s), "rint", [=](int len) {
+        "Div_16sc_Sfs", b, orbsDiv_16sc_Sfs, [=](Orb16sc y, Orb16sc x) { return complexQuotient(x, y, integers); },
+        times8);
+    add(with("Div_16sc_Sfs", times8), "rint", [=](int len) {
         for (int n = 0; n < len; ++n) dst[n] = complexQuotient(a[n], b[n], doubles);
     });
     addConstant(
@@ -87,7 +89,7 @@ void addComplexQuotients() {
             return Orb16sc{nearestQuotient<Orb16s, Orb32s>((x.re * val.re + x.im * val.im) * 8, d),
                            nearestQuotient<Orb16s, Orb32s>((x.im * val.re - x.re * val.im) * 8, d)};
         },
-        s);
+        times8);
 }
 
 template <class T>

@@ -58,6 +58,7 @@ void fill(T* values, std::size_t count) {
 
 template <class Call>
 void measure(benchmark::State& run, Call call) {
+    call();
     for (auto _ : run) {
         call();
         benchmark::ClobberMemory();

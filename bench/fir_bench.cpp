@@ -40,6 +40,7 @@ struct Job {
 
     template <class Body>
     void measure(benchmark::State& run, Body body) {
+        body();
         for (auto _ : run) {
             body();
             benchmark::DoNotOptimize(y.data());

@@ -25,12 +25,13 @@ struct Row {
     std::span<const int> lens = usual;
 };
 
-// Times body(len) at each length.
+// Times body(len) at each length, behind a first call in which a library may choose its kernels.
 template <class Body>
 void add(const Row& row, const std::string& who, Body body) {
     for (const int len : row.lens) {
         benchmark::RegisterBenchmark((row.name + "/" + who + "/" + std::to_string(len)).c_str(),
                                      [=](benchmark::State& run) {
+                                         body(len);
                                          for (auto _ : run) {
                                              body(len);
                                              benchmark::ClobberMemory();

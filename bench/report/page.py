@@ -16,7 +16,6 @@ import results
 from picture import draw
 
 HERE = pathlib.Path(__file__).parent
-BEHIND = 1.05  # from this ratio on
 SHOWN = 15
 
 
@@ -67,14 +66,14 @@ def behind(rows, tier):
     for row in rows:
         members[row.member].append((next(iter(row.peers(tier).items())), row))
     for member, found in members.items():
-        beaten = [(ratio, peer, row) for (peer, ratio), row in found if ratio > BEHIND]
+        beaten = [(ratio, peer, row) for (peer, ratio), row in found if ratio > results.SLOWER]
         if beaten:
             ratio, peer, row = max(beaten, key=lambda item: item[0])
             worse.append((ratio, [member, f"{ratio:.2f}", peer, number(row.size), f"{len(beaten)} of {len(found)}"]))
     worse.sort(key=lambda item: -item[0])
     ratios = [next(iter(row.peers(tier).values())) for row in rows]
     text = (f"Of {len(rows)} rows in tier {tier}, {sum(ratio < 1 for ratio in ratios)} are faster than every peer, and "
-            f"{sum(ratio > BEHIND for ratio in ratios)} take more than {BEHIND} times as long as the fastest one")
+            f"{sum(ratio > results.SLOWER for ratio in ratios)} take more than {results.SLOWER} times as long as the fastest one")
     text += f"; those of {len(worse)} members" if worse else ""
     text += f", of which the {SHOWN} worst are:" if len(worse) > SHOWN else ":" if worse else "."
     text = textwrap.fill(text, 120) + "\n\n"
@@ -87,23 +86,24 @@ def behind(rows, tier):
 def beside_each_other(rows, tiers):
     cells = []
     for tier, below in zip(tiers, tiers[1:]):
-        rounds = [ratios for row in rows if (ratios := row.tier_ratios(tier, below))]
-        ratios = sorted(map(statistics.median, rounds))
-        cells.append([f"{tier}/{below}", f"{results.mean(ratios):.2f}", f"{ratios[0]:.2f}", f"{ratios[-1]:.2f}",
-                      f"{sum(min(ratios) > BEHIND for ratios in rounds)} of {len(rounds)}"])
-    return ("Time of orbs in a tier over that in the tier below, whose vectors are half as wide, over all rows:\n\n" +
-            results.table(["tiers", "mean", "least", "greatest", f"rows above {BEHIND} in every round"], cells))
+        ratios = sorted(statistics.median(rounds) for row in rows if (rounds := row.tier_ratios(tier, below)))
+        found = results.slower(rows, tier, below)
+        worst = ", ".join(f"{row.name} {ratio:.2f}" for ratio, row in found[:3])
+        cells.append([f"{tier}/{below}", f"{results.mean(ratios):.2f}", f"{ratios[0]:.2f} to {ratios[-1]:.2f}",
+                      f"{len(found)} of {len(ratios)}", worst])
+    return results.table(["tiers", "mean", "range", f"above {results.SLOWER} in every round", "the worst of these"], cells)
 
 
 def main(folder, target):
     rows, tiers, context = results.read(folder)
-    rows = [row for row in rows if all(row.others(tier) for tier in tiers)]
+    rows = [row for row in rows if all(row.peers(tier) for tier in tiers)]
     target = pathlib.Path(target)
-    draw(families(rows, tiers[0]), f"Time of orbs (tier {tiers[0]}) / time of the other library", target / "benchmarks.svg")
+    best = tiers[0]
     count, table = chosen(rows, tiers)
     template = string.Template((HERE / "page.md").read_text(encoding="utf-8"))
-    page = template.substitute(tier=tiers[0], processor=context.get("processor", "unknown"), count=count, table=table,
-                               behind=behind(rows, tiers[0]), tiers=beside_each_other(rows, tiers))
+    page = template.substitute(tier=best, processor=context.get("processor", "unknown"), count=count, table=table,
+                               behind=behind(rows, best), tiers=beside_each_other(rows, tiers))
+    draw(families(rows, best), f"Time of orbs (tier {best}) / time of the other library", target / "benchmarks.svg")
     (target / "benchmarks.md").write_text(page, encoding="utf-8")
 
 

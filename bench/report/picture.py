@@ -46,8 +46,9 @@ def draw(families, title, path):
             color, shape = MARKS[peer]
             axes.plot([min(peers[peer]), max(peers[peer])], [at, at], color=color, linewidth=2, alpha=0.45, zorder=3,
                       solid_capstyle="round")
-            handles[peer], = axes.plot(max(results.mean(peers[peer]), LEAST * 1.05), at, color=color, marker=shape, markersize=6,
-                                       markeredgecolor="white", markeredgewidth=0.5, linestyle="none", zorder=4)
+            mean = max(results.mean(peers[peer]), LEAST * 1.05)
+            handles[peer], = axes.plot(mean, at, color=color, marker=shape, markersize=6, markeredgecolor="white",
+                                       markeredgewidth=0.5, linestyle="none", zorder=4)
 
     axes.xaxis.set_major_locator(FixedLocator([tick for tick in TICKS if LEAST < tick < greatest]))
     axes.xaxis.set_minor_locator(NullLocator())

@@ -5,6 +5,7 @@ import pathlib
 import re
 import statistics
 
+SLOWER = 1.05  # a ratio above this one is worth a look; up to it, it may be the noise of a machine
 TIERS = ["v4", "v3", "v8"]  # from the widest vectors to the narrowest
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
@@ -76,6 +77,13 @@ def read(folder):
     if not rows:
         raise SystemExit(f"{folder} holds no results: scripts/bench.sh measures")
     return sorted(rows.values(), key=Row.order), [tier for tier in TIERS if tier in tiers], context
+
+
+def slower(rows, tier, below):
+    """[(ratio, row)] where a tier takes longer than the one below in every round, the worst first."""
+    found = [(statistics.median(ratios), row) for row in rows
+             if (ratios := row.tier_ratios(tier, below)) and min(ratios) > SLOWER]
+    return sorted(found, key=lambda item: -item[0])
 
 
 def mean(ratios):

@@ -9,8 +9,6 @@ import sys
 
 import results
 
-SLOWER = 1.05  # what a wider tier may take in a row, for the noise of a machine
-
 
 def beside_others(rows, tier, machine):
     yield f"Tier {tier}, {machine}. Time of orbs / time of the other: below 1.00 orbs is faster.\n"
@@ -26,15 +24,17 @@ def beside_others(rows, tier, machine):
 
 def beside_each_other(rows, tiers, machine):
     pairs = list(zip(tiers, tiers[1:]))
-    yield (f"Time of orbs in a tier / time in the tier below, {machine}: the median of the rounds, and their range. A row "
-           f"with * took more than {SLOWER} times as long in the wider tier in every round.\n")
+    yield f"Time of orbs in a tier / time in the tier below, {machine}: the median of the rounds, and their range.\n"
+    for tier, below in pairs:
+        found = results.slower(rows, tier, below)
+        yield f"\n### {tier}/{below} above {results.SLOWER} in every round: {len(found)} rows\n"
+        yield results.table(["row", f"{tier}/{below}"], [[row.name, f"{ratio:.2f}"] for ratio, row in found])
 
     def cells(row, tier, below):
         ratios = row.tier_ratios(tier, below)
         if not ratios:
             return ["", ""]
-        return [f"{statistics.median(ratios):.2f}{' *' if min(ratios) > SLOWER else ''}",
-                f"{min(ratios):.2f} to {max(ratios):.2f}"]
+        return [f"{statistics.median(ratios):.2f}", f"{min(ratios):.2f} to {max(ratios):.2f}"]
 
     for room, members in itertools.groupby(rows, lambda row: row.room):
         yield f"\n### {room}\n"
