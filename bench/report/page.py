@@ -73,7 +73,8 @@ def behind(rows, tier):
     worse.sort(key=lambda item: -item[0])
     ratios = [next(iter(row.peers(tier).values())) for row in rows]
     text = (f"Of {len(rows)} rows in tier {tier}, {sum(ratio < 1 for ratio in ratios)} are faster than every peer, and "
-            f"{sum(ratio > results.SLOWER for ratio in ratios)} take more than {results.SLOWER} times as long as the fastest one")
+            f"{sum(ratio > results.SLOWER for ratio in ratios)} take more than {results.SLOWER} times as long as the "
+            "fastest one")
     text += f"; those of {len(worse)} members" if worse else ""
     text += f", of which the {SHOWN} worst are:" if len(worse) > SHOWN else ":" if worse else "."
     text = textwrap.fill(text, 120) + "\n\n"
@@ -91,7 +92,8 @@ def beside_each_other(rows, tiers):
         worst = ", ".join(f"{row.name} {ratio:.2f}" for ratio, row in found[:3])
         cells.append([f"{tier}/{below}", f"{results.mean(ratios):.2f}", f"{ratios[0]:.2f} to {ratios[-1]:.2f}",
                       f"{len(found)} of {len(ratios)}", worst])
-    return results.table(["tiers", "mean", "range", f"above {results.SLOWER} in every round", "the worst of these"], cells)
+    return results.table(["tiers", "mean", "range", f"above {results.SLOWER} in every round", "the worst of these"],
+                         cells)
 
 
 def main(folder, target):
