@@ -135,7 +135,7 @@ struct Member {
     std::string_view name, family, arguments;
     Function function;
     const Signature* signature;
-    bool anyAlignment; // the header promises that vectors may lie on any byte
+    bool anyAlignment; // the family promises that vectors may lie on any byte
 };
 
 template <class F>
