@@ -54,15 +54,4 @@ TEST(CopyBits, OnlyTheLowThreeBitsOfAnOffsetCount) {
     expectCopied(std::numeric_limits<int>::max(), std::numeric_limits<int>::max() - 3, 500, Edge::end);
 }
 
-TEST(CopyBits, OrderOfTheTests) {
-    Orb8u src = 0xff, dst = 0;
-    EXPECT_EQ(orbsCopy_1u(nullptr, -1, &dst, 0, 0), orbStsNullPtrErr);
-    EXPECT_EQ(orbsCopy_1u(&src, 0, nullptr, -1, 0), orbStsNullPtrErr);
-    EXPECT_EQ(orbsCopy_1u(&src, 0, &dst, 0, 0), orbStsSizeErr);
-    EXPECT_EQ(orbsCopy_1u(&src, 0, &dst, 0, -8), orbStsSizeErr);
-    EXPECT_EQ(orbsCopy_1u(&src, -1, &dst, 0, 4), orbStsSizeErr);
-    EXPECT_EQ(orbsCopy_1u(&src, 0, &dst, -8, 4), orbStsSizeErr);
-    EXPECT_EQ(dst, 0);
-}
-
 } // namespace

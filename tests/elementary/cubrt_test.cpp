@@ -1,5 +1,7 @@
 #include "support/unary_member.h"
 
+#include <climits>
+
 namespace {
 
 using namespace unary_member;
@@ -25,28 +27,8 @@ TEST(Cubrt, Integers) {
         for (int near = -1; near <= 1; ++near) x.push_back(root * root * root + near);
     const auto random = support::randomVector<Orb32s>(20000);
     x.insert(x.end(), random.begin(), random.end());
-    for (const int s : {-1000,
-                        -129,
-                        -128,
-                        -127,
-                        -64,
-                        -20,
-                        -15,
-                        -5,
-                        -4,
-                        -1,
-                        0,
-                        1,
-                        2,
-                        10,
-                        11,
-                        12,
-                        127,
-                        128,
-                        129,
-                        1000,
-                        std::numeric_limits<int>::min(),
-                        std::numeric_limits<int>::max()}) {
+    for (const int s : {-1000, -129, -128, -127, -64, -20, -15, -5,  -4,   -1,      0,
+                        1,     2,    10,   11,   12,  127, 128, 129, 1000, INT_MIN, INT_MAX}) {
         const auto got = call(&orbsCubrt_32s16s_Sfs, x, s);
         EXPECT_EQ(got.status, orbStsNoErr);
         const long long magnitude = std::llabs(static_cast<long long>(s)) % 128;

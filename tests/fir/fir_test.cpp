@@ -269,30 +269,4 @@ TYPED_TEST(Fir, TeamsShareDirectBlocksOfAnyRest) {
     }
 }
 
-// ---- Arguments ----
-
-TYPED_TEST(Fir, ArgumentsAreTestedInOrder) {
-    using T = TypeParam;
-    using M = Members<T>;
-    using Other = std::conditional_t<std::is_same_v<T, Orb64f>, Orb32f, Orb64f>;
-    Filter<T> filter(Filter<T>::caller, randomVector<T>(3));
-    Filter<Other> other(Filter<Other>::caller, randomVector<Other>(3));
-    auto* const state = filter.state();
-    auto* const foreign = reinterpret_cast<typename M::State*>(other.state());
-    T x[2] = {}, y[2] = {};
-    EXPECT_EQ(M::filter(nullptr, y, 0, foreign), orbStsNullPtrErr);
-    EXPECT_EQ(M::filter(x, nullptr, 0, foreign), orbStsNullPtrErr);
-    EXPECT_EQ(M::filter(x, y, 0, nullptr), orbStsNullPtrErr);
-    EXPECT_EQ(M::filter(x, y, 0, foreign), orbStsSizeErr);
-    EXPECT_EQ(M::filter(x, y, -1, state), orbStsSizeErr);
-    EXPECT_EQ(M::filter(x, y, 1, foreign), orbStsContextMatchErr);
-    EXPECT_EQ(M::filterInPlace(nullptr, 0, foreign), orbStsNullPtrErr);
-    EXPECT_EQ(M::filterInPlace(x, 0, nullptr), orbStsNullPtrErr);
-    EXPECT_EQ(M::filterInPlace(x, 0, foreign), orbStsSizeErr);
-    EXPECT_EQ(M::filterInPlace(x, 1, foreign), orbStsContextMatchErr);
-    EXPECT_EQ(M::one(x[0], nullptr, foreign), orbStsNullPtrErr);
-    EXPECT_EQ(M::one(x[0], y, nullptr), orbStsNullPtrErr);
-    EXPECT_EQ(M::one(x[0], y, foreign), orbStsContextMatchErr);
-}
-
 } // namespace

@@ -30,14 +30,14 @@ std::vector<Chunk> runsInTwo(int len) {
     return runsOf([&](auto kernel) { spread(len, {1}, kernel); });
 }
 
-void expectCovers(const std::vector<Chunk>& runs, int len) {
+void expectCovers(const char* way, const std::vector<Chunk>& runs, int len) {
     std::size_t next = 0;
     for (const Chunk& run : runs) {
-        EXPECT_EQ(run.first, next);
-        EXPECT_GT(run.second, 0u);
+        EXPECT_EQ(run.first, next) << way << ": a chunk is lost, or run twice";
+        EXPECT_GT(run.second, 0u) << way;
         next += run.second;
     }
-    EXPECT_EQ(next, static_cast<std::size_t>(len));
+    EXPECT_EQ(next, static_cast<std::size_t>(len)) << way << ": the last chunks are run by nobody";
 }
 
 TEST(Threads, EqualRunsWithTheRemainderInTheLast) {
@@ -59,8 +59,8 @@ TEST(Threads, EveryElementIsRunOnceAtEveryThreadCount) {
         const support::ThreadCount count(threads);
         for (int len : {1, 2, 3, 7, 8, 9, 10, 63, 64, 65, 1000}) {
             SCOPED_TRACE(std::to_string(threads) + " threads, " + std::to_string(len) + " elements");
-            expectCovers(runsOverThreads(len), len);
-            expectCovers(runsInTwo(len), len);
+            expectCovers("over threads", runsOverThreads(len), len);
+            expectCovers("in two", runsInTwo(len), len);
         }
     }
     const support::ThreadCount one(1);
@@ -85,8 +85,8 @@ TEST(Threads, InsideAParallelRegionTheWholeRangeIsRun) {
     runTeam(2, noPlan, region);
     omp_set_max_active_levels(levels);
     for (int caller : {0, 1}) {
-        expectCovers(overThreads[caller], 100);
-        expectCovers(inTwo[caller], 100);
+        expectCovers("over threads", overThreads[caller], 100);
+        expectCovers("in two", inTwo[caller], 100);
         EXPECT_EQ(teams[caller], 1);
     }
 }
@@ -125,8 +125,8 @@ TEST(Threads, ACountBelowOneIsATeamOfOne) {
         int team = 0;
         spreadOverTeam([&](int size) { team = size; }, [](int, int) { return orbStsNoErr; });
         EXPECT_EQ(team, 1);
-        expectCovers(runsOverThreads(100), 100);
-        expectCovers(runsInTwo(100), 100);
+        expectCovers("over threads", runsOverThreads(100), 100);
+        expectCovers("in two", runsInTwo(100), 100);
     }
 }
 
