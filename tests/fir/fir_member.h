@@ -183,9 +183,10 @@ long double epsilon() {
 }
 
 template <class T>
-std::string outputOf(std::size_t n, T got, const Exact& want, std::size_t tapsLen) {
-    return nameOf(Members<T>::filter) + " with " + shown(tapsLen) + " taps: output " + shown(n) + " is " + shown(got) +
-           ", not " + (isComplex<T> ? "(" + shown(want.re) + ", " + shown(want.im) + ")" : shown(want.re));
+testing::Message outputOf(std::size_t n, T got, const Exact& want, std::size_t tapsLen) {
+    return testing::Message() << nameOf(Members<T>::filter) << " with " << tapsLen << " taps: output " << n << " is "
+                              << shown(got) << ", not " << want.re << (isComplex<T> ? " and " : "")
+                              << (isComplex<T> ? shown(want.im) : "");
 }
 
 // A sum of count products in any order is off by at most count epsilons of the magnitudes.
