@@ -30,14 +30,14 @@ std::vector<Chunk> runsInTwo(int len) {
     return runsOf([&](auto kernel) { spread(len, {1}, kernel); });
 }
 
-void expectCovers(const std::vector<Chunk>& runs, int len) {
+void expectCovers(const char* way, const std::vector<Chunk>& runs, int len) {
     std::size_t next = 0;
     for (const Chunk& run : runs) {
-        EXPECT_EQ(run.first, next);
-        EXPECT_GT(run.second, 0u);
+        EXPECT_EQ(run.first, next) << way << ": a chunk is lost, or run twice";
+        EXPECT_GT(run.second, 0u) << way;
         next += run.second;
     }
-    EXPECT_EQ(next, static_cast<std::size_t>(len));
+    EXPECT_EQ(next, static_cast<std::size_t>(len)) << way << ": the last chunks are run by nobody";
 }
 
 TEST(Threads, EqualRunsWithTheRemainderInTheLast) {
@@ -59,8 +59,8 @@ TEST(Threads, EveryElementIsRunOnceAtEveryThreadCount) {
         const support::ThreadCount count(threads);
         for (int len : {1, 2, 3, 7, 8, 9, 10, 63, 64, 65, 1000}) {
             SCOPED_TRACE(std::to_string(threads) + " threads, " + std::to_string(len) + " elements");
-            expectCovers(runsOverThreads(len), len);
-            expectCovers(runsInTwo(len), len);
+            expectCovers("over threads", runsOverThreads(len), len);
+            expectCovers("in two", runsInTwo(len), len);
         }
     }
     const support::ThreadCount one(1);
@@ -85,8 +85,8 @@ TEST(Threads, InsideAParallelRegionTheWholeRangeIsRun) {
     runTeam(2, noPlan, region);
     omp_set_max_active_levels(levels);
     for (int caller : {0, 1}) {
-        expectCovers(overThreads[caller], 100);
-        expectCovers(inTwo[caller], 100);
+        expectCovers("over threads", overThreads[caller], 100);
+        expectCovers("in two", inTwo[caller], 100);
         EXPECT_EQ(teams[caller], 1);
     }
 }
@@ -125,8 +125,8 @@ TEST(Threads, ACountBelowOneIsATeamOfOne) {
         int team = 0;
         spreadOverTeam([&](int size) { team = size; }, [](int, int) { return orbStsNoErr; });
         EXPECT_EQ(team, 1);
-        expectCovers(runsOverThreads(100), 100);
-        expectCovers(runsInTwo(100), 100);
+        expectCovers("over threads", runsOverThreads(100), 100);
+        expectCovers("in two", runsInTwo(100), 100);
     }
 }
 
@@ -145,31 +145,36 @@ TEST(Threads, AWarningOfAnyChunkIsTold) {
 }
 
 // Rounding, flush-to-zero and denormals-are-zero reach every thread, what it raises comes back, and its own register is
-// as it was.
+// as it was; in each way of spreading.
 TEST(Threads, AllComputeUnderTheCallersControlRegister) {
     const support::ThreadCount four(4);
     const Orb32u callers = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
-    std::vector<Orb32u> seen(4);
-    auto noPlan = [](int) {};
-    const auto control = [&](Orb32u raised) {
-        std::fill(seen.begin(), seen.end(), 0u);
-        auto work = [&](int thread, int team) -> OrbStatus {
-            seen[thread] = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
-            if (thread == team - 1) _mm_setcsr(_mm_getcsr() | raised);
-            return orbStsNoErr;
-        };
-        runTeam(4, noPlan, work);
-    };
     const Orb32u special = (callers & ~Orb32u{_MM_ROUND_MASK}) | _MM_ROUND_UP | _MM_FLUSH_ZERO_ON | 0x0040;
-    _mm_setcsr(special);
-    control(_MM_EXCEPT_OVERFLOW);
-    const Orb32u after = _mm_getcsr();
-    _mm_setcsr(callers);
-    EXPECT_EQ(seen, std::vector<Orb32u>(4, special));
-    EXPECT_EQ(after, special | _MM_EXCEPT_OVERFLOW);
-    control(0);
-    EXPECT_EQ(seen, std::vector<Orb32u>(4, callers));
-    EXPECT_EQ(_mm_getcsr() & _MM_EXCEPT_MASK, 0u);
+    // Calls way(see), which calls see on each thread; the last one raises a flag.
+    const auto expectUnder = [&](Orb32u control, Orb32u raised, const char* name, std::size_t threads, auto way) {
+        std::vector<Orb32u> seen(4);
+        std::atomic<std::size_t> used = 0;
+        _mm_setcsr(control);
+        way([&] {
+            const std::size_t n = used++;
+            seen[n] = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
+            if (n + 1 == threads) _mm_setcsr(_mm_getcsr() | raised);
+        });
+        const Orb32u after = _mm_getcsr();
+        _mm_setcsr(callers);
+        seen.resize(used);
+        EXPECT_EQ(seen, std::vector<Orb32u>(threads, control)) << name;
+        EXPECT_EQ(after, control | raised) << name;
+    };
+    for (const auto& [control, raised] : {std::pair{special, Orb32u{_MM_EXCEPT_OVERFLOW}}, std::pair{callers, 0u}}) {
+        const auto spreadAs = [](Spread how) {
+            return [=](auto see) { spread(100, how, [=](std::size_t, std::size_t) { see(); }); };
+        };
+        expectUnder(control, raised, "in two", 2, spreadAs({1}));
+        expectUnder(control, raised, "over threads", 4, spreadAs({1, Spread::overThreads}));
+        expectUnder(control, raised, "over a team", 4,
+                    [](auto see) { spreadOverTeam([](int) {}, [=](int, int) { return see(), orbStsNoErr; }); });
+    }
 }
 
 } // namespace

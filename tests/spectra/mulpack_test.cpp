@@ -1,5 +1,6 @@
 #include "support/member.h"
 
+#include <climits>
 #include <cmath>
 
 namespace {
@@ -126,7 +127,8 @@ TEST(MulPack, ProductIsTheSpectrumOfTheCircularConvolution) {
             // Bins are at most N in magnitude. Half an epsilon each: two factors, their product, the sum, the wanted
             // bin; the sixth is for the long double sums.
             const T tolerance = 3 * std::numeric_limits<T>::epsilon() * static_cast<T>(N * N);
-            for (std::size_t n = 0; n < N; ++n) EXPECT_NEAR(got[n], want[n], tolerance) << "N " << N << ", place " << n;
+            for (std::size_t n = 0; n < N; ++n)
+                EXPECT_NEAR(got[n], want[n], tolerance) << callOf(function) << ", N " << N << ", place " << n;
         }
     });
 }
@@ -155,18 +157,8 @@ std::vector<Orb16s> products(const std::vector<Orb16s>& x, const std::vector<Orb
 }
 
 TEST(MulPack, SixteenBitsAreCutOffNotRounded) {
-    const int scaleFactors[] = {0,     1,
-                                2,     7,
-                                15,    16,
-                                29,    30,
-                                31,    32,
-                                33,    40,
-                                1000,  std::numeric_limits<int>::max(),
-                                -1,    -2,
-                                -8,    -15,
-                                -16,   -31,
-                                -32,   -33,
-                                -1000, std::numeric_limits<int>::min()};
+    const int scaleFactors[] = {0,    1,       2,  7,  15, 16,  29,  30,  31,  32,  33,    40,
+                                1000, INT_MAX, -1, -2, -8, -15, -16, -31, -32, -33, -1000, INT_MIN};
     const auto test = [&](auto function, Layout layout) {
         for (const int s : scaleFactors) {
             for (const std::size_t len : {1, 2, 3, 8, 33, 70, 501}) {
