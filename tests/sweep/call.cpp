@@ -1,5 +1,6 @@
 #include "sweep/call.h"
 
+#include <cpuid.h>
 #include <csignal>
 #include <cstdio>
 #include <stdexcept>
@@ -8,6 +9,18 @@ namespace sweep {
 namespace {
 
 char currentCall[256];
+
+// Those of the vector registers. Where the processor does not tell, none are.
+bool upperHalvesInUse() {
+    static const bool tells = [] {
+        unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
+        return __get_cpuid_count(0xd, 1, &eax, &ebx, &ecx, &edx) && (eax & 4);
+    }();
+    if (!tells) return false;
+    unsigned inUse, upper;
+    asm volatile("xgetbv" : "=a"(inUse), "=d"(upper) : "c"(1));
+    return inUse & 4;
+}
 
 } // namespace
 
@@ -47,7 +60,7 @@ void Call::place(std::size_t k) {
 unsigned char* Call::placeVector(std::size_t k) {
     const Argument& a = plan_.arguments[k];
     const std::size_t count = a.count ? a.count(case_, plan_.family.kind) : 1;
-    const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 32;
+    const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 64;
     const std::size_t step = plan_.member->anyAlignment ? 1 : a.type.alignment;
     areas_[k].push_back(std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step));
     Area& area = *areas_[k].back();
@@ -109,6 +122,7 @@ OrbStatus Call::run() {
                   case_.n, case_.order, case_.taps, case_.turn, placement_.shift,
                   placement_.edge == support::Edge::end ? "end" : "begin");
     const OrbStatus status = plan_.member->signature->call(plan_.member->function, values_.data());
+    leftUpperHalvesInUse_ = upperHalvesInUse();
     if (status >= 0 && isStep("InitAlloc")) holdsObject_ = true;
     if (status >= 0 && isStep("Free")) maker_->holdsObject_ = false;
     return status;
