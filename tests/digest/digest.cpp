@@ -76,7 +76,7 @@ bool hasResults(const Plan& plan) {
     return false;
 }
 
-// Vectors lie on multiples of their elements' parts, all those within 32 bytes in turn and each argument at another
+// Vectors lie on multiples of their elements' parts, all those within 64 bytes in turn and each argument at another
 // one: a contract may let bits depend on that.
 std::uint64_t hashOf(const Plan& plan) {
     Hash hash;
@@ -85,7 +85,7 @@ std::uint64_t hashOf(const Plan& plan) {
         if (allocated && plan.family.verb.empty()) break;
         std::size_t place = 0;
         for (const Case& c : plan.digest) {
-            Call call(plan, c, {.shift = place++ * 5 % 32, .staggered = true, .natural = true, .allocated = allocated});
+            Call call(plan, c, {.shift = place++ * 5 % 64, .staggered = true, .natural = true, .allocated = allocated});
             for (int time = 0; time < (changes ? 2 : 1); ++time) {
                 hash.add(static_cast<std::uint64_t>(call.run()));
                 addResults(hash, call);

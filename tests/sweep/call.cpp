@@ -1,5 +1,6 @@
 #include "sweep/call.h"
 
+#include <cpuid.h>
 #include <csignal>
 #include <cstdio>
 #include <stdexcept>
@@ -8,6 +9,23 @@ namespace sweep {
 namespace {
 
 char currentCall[256];
+
+// Those of the vector registers. Where the processor does not tell, or not exactly, none are.
+bool upperHalvesInUse() {
+    const auto told = [] {
+        unsigned inUse, upper;
+        asm volatile("xgetbv" : "=a"(inUse), "=d"(upper) : "c"(1));
+        return (inUse & 4) != 0;
+    };
+    static const bool tells = [=] {
+        unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
+        if (!__builtin_cpu_supports("avx") || !__get_cpuid_count(0xd, 1, &eax, &ebx, &ecx, &edx) || !(eax & 4))
+            return false;
+        asm volatile("vzeroupper");
+        return !told();
+    }();
+    return tells && told();
+}
 
 } // namespace
 
@@ -52,7 +70,7 @@ void Call::place(std::size_t k) {
 unsigned char* Call::placeVector(std::size_t k) {
     const Argument& a = plan_.arguments[k];
     const std::size_t count = a.count ? a.count(case_) : 1;
-    const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 32;
+    const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 64;
     const std::size_t step = placement_.natural ? a.type.alignment : leastAlignment(plan_, a);
     areas_[k].push_back(std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step));
     Area& area = *areas_[k].back();
@@ -114,6 +132,7 @@ OrbStatus Call::run() {
                   case_.n, case_.order, case_.taps, case_.turn, placement_.shift,
                   placement_.edge == support::Edge::end ? "end" : "begin");
     const OrbStatus status = plan_.member->signature->call(plan_.member->function, values_.data());
+    leftUpperHalvesInUse_ = upperHalvesInUse();
     if (status >= 0 && isStep("InitAlloc")) holdsObject_ = true;
     if (status >= 0 && isStep("Free")) maker_->holdsObject_ = false;
     return status;

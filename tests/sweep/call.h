@@ -33,6 +33,8 @@ public:
     void spoil(const Fault& fault);
     void setNull(std::size_t argument) { values_[argument] = static_cast<void*>(nullptr); }
     OrbStatus run();
+    // Whether the last run did, which slows down the caller's SSE code.
+    bool leftUpperHalvesInUse() const { return leftUpperHalvesInUse_; }
 
     using Image = std::vector<unsigned char>;
     // The vectors that the call is there to write.
@@ -69,7 +71,8 @@ private:
     std::vector<void*> array_;                              // of pointers to vectors
     std::unique_ptr<Call> maker_;                           // of the object among the arguments
     std::optional<Orb32s> tag_;                             // of that object, while it is spoiled
-    bool holdsObject_ = false;                              // that must be freed
+    bool leftUpperHalvesInUse_ = false;
+    bool holdsObject_ = false; // that must be freed
 };
 
 // The address where the process faults is of little use; the call that did it is printed instead.

@@ -32,7 +32,7 @@ OrbStatus realByComplex(const Real* pSrc1, const C* pSrc2, C* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc1, pSrc2, pDst)) return status;
     const Real* const src2 = asReal(pSrc2);
     Real* const dst = asReal(pDst);
-    forEachComplex<Real>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
+    forEachComplex(static_cast<std::size_t>(len), dst, [=](auto d, std::size_t n) HWY_ATTR {
         const hn::Repartition<std::uint64_t, decltype(d)> element;
         const hn::Rebind<Orb32u, decltype(element)> half;
         const auto bits = hn::LoadU(half, reinterpret_cast<const Orb32u*>(pSrc1 + n / 2));

@@ -120,10 +120,8 @@ OrbStatus decode(const Orb8u* pSrc, Dst* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
     static constexpr Lines<Law> lines;
     const auto count = static_cast<std::size_t>(len);
-    const hn::ScalableTag<Orb8u> d;
-    const hn::RepartitionToWide<hn::RebindToSigned<decltype(d)>> wide;
-    std::size_t n = 0;
-    for (; n + hn::MaxLanes(d) <= count; n += hn::MaxLanes(d)) {
+    std::size_t rest = forWholeVectors<Orb8u>(0, count, [=](auto d, std::size_t n) HWY_ATTR {
+        const hn::RepartitionToWide<hn::RebindToSigned<decltype(d)>> wide;
         const auto code = toInterleave(hn::LoadU(d, pSrc + n)), upper = hn::ShiftRight<4>(code);
         const auto step = hn::And(hn::Xor(code, hn::Set(d, Law::inverted)), hn::Set(d, 15));
         const auto onLine = [=](auto interleave) HWY_ATTR {
@@ -135,8 +133,8 @@ OrbStatus decode(const Orb8u* pSrc, Dst* pDst, int len) {
         store(pDst + n, wide, onLine([=](auto a, auto b) HWY_ATTR { return hn::InterleaveLower(d, a, b); }));
         store(pDst + n + hn::MaxLanes(wide), wide,
               onLine([=](auto a, auto b) HWY_ATTR { return hn::InterleaveUpper(d, a, b); }));
-    }
-    for (; n < count; ++n) store(pDst + n, Law::linear(pSrc[n]));
+    });
+    for (; rest < count; ++rest) store(pDst + rest, Law::linear(pSrc[rest]));
     return orbStsNoErr;
 }
 
@@ -237,9 +235,7 @@ constexpr Transcoding muLawToALaw(aLawRanks, rankOfMuLaw, rankOfALaw);
 OrbStatus transcode(const Transcoding& table, const Orb8u* pSrc, Orb8u* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
     const auto count = static_cast<std::size_t>(len);
-    const hn::ScalableTag<Orb8u> d;
-    std::size_t n = 0;
-    for (; n + hn::MaxLanes(d) <= count; n += hn::MaxLanes(d)) {
+    std::size_t rest = forWholeVectors<Orb8u>(0, count, [=, &table](auto d, std::size_t n) HWY_ATTR {
         const auto source = hn::LoadU(d, pSrc + n), signBit = hn::Set(d, 0x80);
         auto index = hn::AndNot(signBit, source), code = hn::And(source, signBit);
         for (const auto& row : table.row) {
@@ -247,8 +243,8 @@ OrbStatus transcode(const Transcoding& table, const Orb8u* pSrc, Orb8u* pDst, in
             index = hn::Sub(index, hn::Set(d, 16)); // below 0 behind its own row, which gives 0
         }
         hn::StoreU(code, d, pDst + n);
-    }
-    for (; n < count; ++n) pDst[n] = static_cast<Orb8u>(table.code[pSrc[n] & 0x7f] | (pSrc[n] & 0x80));
+    });
+    for (; rest < count; ++rest) pDst[rest] = static_cast<Orb8u>(table.code[pSrc[rest] & 0x7f] | (pSrc[rest] & 0x80));
     return orbStsNoErr;
 }
 

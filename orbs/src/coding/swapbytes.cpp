@@ -37,6 +37,10 @@ OrbStatus swapBytes(const T* pSrc, T* pDst, int len) {
     if constexpr (step == 16) {
         const hn::ScalableTag<Orb8u> full;
         constexpr std::size_t lanes = hn::MaxLanes(full);
+        if (beginsHalfway(dst) && bytes >= 8 * lanes) {
+            swap(RestTag<Orb8u>(), n);
+            n = hn::MaxLanes(RestTag<Orb8u>());
+        }
         for (; n + 4 * lanes <= bytes; n += 4 * lanes) {
             swap(full, n);
             swap(full, n + lanes);

@@ -37,7 +37,8 @@ template <class Src, class Dst>
 OrbStatus convert(const Src* pSrc, Dst* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
     using Wider = std::conditional_t<(sizeof(Src) > sizeof(Dst)), Src, Dst>;
-    forEachVector<Wider>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
+    const Wider* const aligned = std::is_same_v<Wider, Dst> ? reinterpret_cast<const Wider*>(pDst) : nullptr;
+    forEachVector<Wider>(static_cast<std::size_t>(len), aligned, [=](auto d, std::size_t n) HWY_ATTR {
         const hn::Rebind<Src, decltype(d)> from;
         const hn::Rebind<Dst, decltype(d)> to;
         hn::StoreU(valuesIn(to, hn::LoadU(from, pSrc + n)), to, pDst + n);
@@ -70,7 +71,7 @@ OrbStatus scaledToFloat(const Src* pSrc, Dst* pDst, int len, int scaleFactor) {
     if (scaleFactor == 0) return convert(pSrc, pDst, len);
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
     const Dst m = exactScale<Src, Dst>(scaleFactor);
-    forEachVector<Dst>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
+    forEachVector<Dst>(static_cast<std::size_t>(len), pDst, [=](auto d, std::size_t n) HWY_ATTR {
         const auto v = hn::LoadU(hn::Rebind<Src, decltype(d)>(), pSrc + n);
         hn::StoreU(hn::Mul(valuesIn(d, v), hn::Set(d, m)), d, pDst + n);
     });

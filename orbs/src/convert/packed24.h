@@ -16,18 +16,26 @@ alignas(16) inline constexpr Orb8u unpackedPlaces24[16] = {0x80, 0, 1, 2, 0x80, 
 alignas(16) inline constexpr Orb8u packedPlaces24[16] = {0,  1,  2,  4,  5,    6,    8,    9,
                                                          10, 12, 13, 14, 0x80, 0x80, 0x80, 0x80};
 
-// Calls body(d, n) as forEachVector does, but with full vectors only where two more elements lie behind those of the
-// vector: a 16-byte access to four elements touches four bytes more.
+#if HWY_TARGET <= HWY_AVX3
+// Sixteen elements are twelve words: these three for each block of four lanes, and back.
+template <class D>
+HWY_INLINE auto wordsOfBlocks(D words) {
+    alignas(64) static constexpr Orb32s order[16] = {0, 1, 2, 2, 3, 4, 5, 5, 6, 7, 8, 8, 9, 10, 11, 11};
+    return hn::SetTableIndices(words, order);
+}
+template <class D>
+HWY_INLINE auto wordsInARow(D words) {
+    alignas(64) static constexpr Orb32s order[16] = {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 15, 15, 15, 15};
+    return hn::SetTableIndices(words, order);
+}
+constexpr std::size_t wordsOfSixteen = 12;
+#endif
+
+// Calls body(d, n) as forEachVector does, but with more than one lane only where two more elements lie behind those of
+// the vector: a 16-byte access to four elements touches four bytes more.
 template <class Lane, class Body>
 HWY_INLINE void forEachVector24(std::size_t len, Body body) {
-    const hn::ScalableTag<Lane> full;
-    constexpr std::size_t lanes = hn::MaxLanes(full);
-    std::size_t n = 0;
-    for (; n + 2 * lanes + 2 <= len; n += 2 * lanes) {
-        body(full, n);
-        body(full, n + lanes);
-    }
-    for (; n + lanes + 2 <= len; n += lanes) body(full, n);
+    std::size_t n = forWholeVectorsByFour<Lane>(0, len < 2 ? 0 : len - 2, body);
     for (; n < len; ++n) body(hn::CappedTag<Lane, 1>(), n);
 }
 
@@ -38,6 +46,16 @@ HWY_INLINE hn::Vec<D> load24(D d, const T24* pSrc) {
     if constexpr (hn::MaxLanes(D()) == 1) {
         const Orb32u upper = Orb32u{pSrc->b[0]} << 8 | Orb32u{pSrc->b[1]} << 16 | Orb32u{pSrc->b[2]} << 24;
         return hn::Set(d, static_cast<Lane>(upper) >> 8);
+#if HWY_TARGET <= HWY_AVX3
+    } else if constexpr (hn::MaxLanes(D()) == 16) {
+        const hn::RebindToUnsigned<D> words;
+        const hn::Repartition<Orb8u, D> bytes;
+        const auto loaded =
+            hn::MaskedLoad(hn::FirstN(words, wordsOfSixteen), words, reinterpret_cast<const Orb32u*>(pSrc->b));
+        const auto elements = hn::BitCast(bytes, hn::TableLookupLanes(loaded, wordsOfBlocks(words)));
+        const auto places = hn::LoadDup128(bytes, unpackedPlaces24);
+        return hn::ShiftRight<8>(hn::BitCast(d, hn::TableLookupBytes(elements, places)));
+#endif
     } else if constexpr (hn::MaxLanes(D()) > 4) {
         const hn::Half<D> half;
         return hn::Combine(d, load24(half, pSrc + hn::MaxLanes(half)), load24(half, pSrc));
@@ -54,6 +72,14 @@ HWY_INLINE void store24(hn::Vec<D> v, D, T24* pDst) {
     if constexpr (hn::MaxLanes(D()) == 1) {
         const auto word = static_cast<Orb32u>(hn::GetLane(v));
         *pDst = {{static_cast<Orb8u>(word), static_cast<Orb8u>(word >> 8), static_cast<Orb8u>(word >> 16)}};
+#if HWY_TARGET <= HWY_AVX3
+    } else if constexpr (hn::MaxLanes(D()) == 16) {
+        const hn::RebindToUnsigned<D> words;
+        const hn::Repartition<Orb8u, D> bytes;
+        const auto elements = hn::TableLookupBytes(hn::BitCast(bytes, v), hn::LoadDup128(bytes, packedPlaces24));
+        const auto inARow = hn::TableLookupLanes(hn::BitCast(words, elements), wordsInARow(words));
+        hn::BlendedStore(inARow, hn::FirstN(words, wordsOfSixteen), words, reinterpret_cast<Orb32u*>(pDst->b));
+#endif
     } else if constexpr (hn::MaxLanes(D()) > 4) {
         const hn::Half<D> half;
         store24(hn::LowerHalf(half, v), half, pDst);

@@ -36,18 +36,19 @@ template <class T>
 OrbStatus set(T val, T* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pDst)) return status;
     const std::size_t bytes = static_cast<std::size_t>(len) * sizeof(T);
-    const hn::ScalableTag<Orb8u> d;
-    const std::size_t step = hn::Lanes(d);
-    if (bytes < step) {
-        for (int n = 0; n < len; ++n) std::memcpy(pDst + n, &val, sizeof val);
-        return orbStsNoErr;
-    }
+    Orb8u* const dst = reinterpret_cast<Orb8u*>(pDst);
     alignas(16) Orb8u pattern[16];
     for (std::size_t n = 0; n < sizeof pattern; n += sizeof val) std::memcpy(pattern + n, &val, sizeof val);
-    const auto v = hn::LoadDup128(d, pattern);
-    Orb8u* const dst = reinterpret_cast<Orb8u*>(pDst);
-    for (std::size_t n = 0; n + step <= bytes; n += step) hn::StoreU(v, d, dst + n);
-    hn::StoreU(v, d, dst + bytes - step);
+    const auto fill = [=, &pattern](auto d) HWY_ATTR {
+        constexpr std::size_t step = hn::MaxLanes(d);
+        if (bytes < step) return false;
+        const auto v = hn::LoadDup128(d, pattern);
+        for (std::size_t n = 0; n + step <= bytes; n += step) hn::StoreU(v, d, dst + n);
+        hn::StoreU(v, d, dst + bytes - step);
+        return true;
+    };
+    if (!fill(hn::ScalableTag<Orb8u>()) && !fill(RestTag<Orb8u>()))
+        for (int n = 0; n < len; ++n) std::memcpy(pDst + n, &val, sizeof val);
     return orbStsNoErr;
 }
 

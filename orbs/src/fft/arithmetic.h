@@ -92,12 +92,13 @@ struct AsIs {
         return x;
     }
 };
-template <class V>
+template <class T>
 struct Times {
-    V scale;
-    template <class X>
-    HWY_INLINE X operator()(X x) const {
-        return x * scale;
+    T scale;
+    HWY_INLINE Cx<T> operator()(Cx<T> x) const { return x * scale; }
+    template <class V>
+    HWY_INLINE Cx<V> operator()(Cx<V> x) const {
+        return x * hn::Set(hn::DFromV<V>(), scale);
     }
 };
 
@@ -255,7 +256,7 @@ struct GroupedPlanes {
     }
 
 private:
-    static constexpr bool inHalves = hn::MaxLanes(hn::ScalableTag<T>()) < columnGroup<T>;
+    static constexpr bool inHalves = hn::MaxLanes(GroupTag<T>()) < columnGroup<T>;
 
     template <class D>
     HWY_INLINE static hn::Vec<D> loadPlanePart(D d, const T* from, std::size_t h) {

@@ -58,14 +58,15 @@ void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> f
             for (int n = 0; n < 2 << order; ++n) to.base[n] *= spec.scale;
         return;
     }
-    withScale(isScaled<Inverse>(spec), spec.scale, [&](auto makeLast) {
+    const auto transform = [&](auto last) __attribute__((always_inline)) {
         if (order > Plan<T>::directLimit) {
-            transformBlocked<Inverse>(spec, from, Grouped<T>{to.base}, to, order, inPlace, buffer, makeLast);
+            transformBlocked<Inverse>(spec, from, Grouped<T>{to.base}, to, order, inPlace, buffer, last);
         } else {
             const Grouped<T> work{inPlace ? reinterpret_cast<T*>(buffer) : to.base};
-            transformDirect<Inverse>(from, work, to, order, static_cast<const T*>(spec.twiddles), makeLast);
+            transformDirect<Inverse>(from, work, to, order, static_cast<const T*>(spec.twiddles), last);
         }
-    });
+    };
+    withScale(isScaled<Inverse>(spec), spec.scale, transform);
 }
 
 template <bool Inverse, class T>
@@ -97,7 +98,7 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
     const bool shared = pDstRe == pSrcRe || pDstIm == pSrcIm || pDstRe == pSrcIm || pDstIm == pSrcRe;
     const WorkArea work(pBuffer, pSpec->workSize, shared || blocked);
     if (work.failed()) return orbStsMemAllocErr;
-    withScale(isScaled<Inverse>(*pSpec), pSpec->scale, [&](auto makeLast) {
+    const auto transform = [&](auto last) __attribute__((always_inline)) {
         const T* twiddles = pSpec->twiddles;
         if (blocked) {
             // Each plane may be in place by itself.
@@ -105,13 +106,14 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
             if (shared && pDstRe != pSrcRe) std::memcpy(pDstRe, pSrcRe, bytes);
             if (shared && pDstIm != pSrcIm) std::memcpy(pDstIm, pSrcIm, bytes);
             transformBlocked<Inverse>(*pSpec, from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, shared, work.bytes(),
-                                      makeLast);
+                                      last);
         } else if (shared) {
-            transformDirect<Inverse>(from, Grouped<T>{work.as<T>()}, to, order, twiddles, makeLast);
+            transformDirect<Inverse>(from, Grouped<T>{work.as<T>()}, to, order, twiddles, last);
         } else {
-            transformDirect<Inverse>(from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, twiddles, makeLast);
+            transformDirect<Inverse>(from, GroupedPlanes<T>{pDstRe, pDstIm}, to, order, twiddles, last);
         }
-    });
+    };
+    withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
     return orbStsNoErr;
 }
 

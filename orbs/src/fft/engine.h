@@ -51,15 +51,18 @@ void transform16(D d, From from, To to, Last last) {
 // the radix.
 template <bool Inverse, class T, class From, class Work>
 void firstPasses(From from, Work work, int order, int inner) {
-    const hn::ScalableTag<T> full;
+    const GroupTag<T> full;
     const hn::CappedTag<T, 16 / sizeof(T)> block;
-    constexpr std::size_t lanes = packedLanes<hn::ScalableTag<T>>;
+    constexpr std::size_t lanes = packedLanes<GroupTag<T>>;
+    // In single precision with 32 registers the loads of two vectors come all at once: one at a time is as fast then,
+    // and faster by a fifth where the destination begins in the middle of a cache line.
+    constexpr int together = HWY_TARGET <= HWY_AVX3 && sizeof(T) == sizeof(Orb32f) ? 1 : 2;
     const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
         if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
     }
     if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
-        firstPass<16, 2, Inverse>(full, from, work, order);
+        firstPass<16, together, Inverse>(full, from, work, order);
     } else if (points >= 16 * lanes) {
         firstPass<16, 1, Inverse>(full, from, work, order);
     } else {
@@ -70,7 +73,7 @@ void firstPasses(From from, Work work, int order, int inner) {
 // The same in place on data in bit-reversed order.
 template <bool Inverse, class T, class From, class Work>
 void firstPassesInRuns(From from, Work work, int order, int inner) {
-    const hn::ScalableTag<T> full;
+    const GroupTag<T> full;
     const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
         if (firstPassOrder<T>(inner) == 3) return firstPassInRuns<8, Inverse>(full, from, work, points);
@@ -79,13 +82,13 @@ void firstPassesInRuns(From from, Work work, int order, int inner) {
 }
 
 // From `from` to `to` by way of `work`, which may be `to` itself but not `from`.
-template <bool Inverse, class T, class From, class Work, class To, class MakeLast>
-void transformDirect(From from, Work work, To to, int order, const T* twiddles, MakeLast makeLast) {
-    const hn::ScalableTag<T> full;
+template <bool Inverse, class T, class From, class Work, class To, class Last>
+void transformDirect(From from, Work work, To to, int order, const T* twiddles, Last last) {
+    const GroupTag<T> full;
     const ShortTag<T> four;
-    if (order == 4) return transform16<Inverse>(four, from, to, makeLast(four));
+    if (order == 4) return transform16<Inverse>(four, from, to, last);
     firstPasses<Inverse, T>(from, work, order, order);
-    passesTo<Inverse>(full, work, to, order, twiddles, makeLast(full));
+    passesTo<Inverse>(full, work, to, order, twiddles, last);
 }
 
 // ---- Blocked orders ----
@@ -200,10 +203,10 @@ void blockedLevels(D d, const hn::TFromD<D>* twiddles, const RelativePtr<hn::TFr
 }
 
 // `inPlace`: from and to are the same memory.
-template <bool Inverse, class T, class From, class Work, class To, class MakeLast>
+template <bool Inverse, class T, class From, class Work, class To, class Last>
 void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int order, bool inPlace, Orb8u* buffer,
-                      MakeLast makeLast) {
-    const hn::ScalableTag<T> d;
+                      Last last) {
+    const GroupTag<T> d;
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
     if (inPlace) {
@@ -212,18 +215,19 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     } else {
         firstPasses<Inverse, T>(from, work, order, inner);
     }
-    blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, makeLast(d));
+    blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, last);
 }
 
 // ---- A transform with its scale ----
 
-// Calls run(makeLast) with what the last pass does to its results: nothing, or the multiplication by the scale.
+// Calls run(last) with what the last pass does to its results: nothing, or the multiplication by the scale. Inlined, as
+// `run` should be: what it captures stays in registers, and short transforms do not wait for it.
 template <class T, class Run>
-void withScale(bool scaled, T scale, Run run) {
+HWY_INLINE void withScale(bool scaled, T scale, Run run) {
     if (scaled) {
-        run([=](auto d) HWY_ATTR { return Times<hn::Vec<decltype(d)>>{hn::Set(d, scale)}; });
+        run(Times<T>{scale});
     } else {
-        run([](auto) { return AsIs{}; });
+        run(AsIs());
     }
 }
 

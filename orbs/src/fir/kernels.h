@@ -110,14 +110,14 @@ HWY_INLINE void convolveRest(D d, TapRun<T, step> taps, const Part<T>* x, Part<T
     convolveVectors<most>(d, taps, x, y, count - lanes);
 }
 
-// Fewer outputs than a vector has lanes: half a vector, and halves of that.
+// Fewer than 2 * lanes outputs: one or two vectors of so many lanes, or of half as many.
 template <std::size_t lanes, class Sum, class T, std::ptrdiff_t step>
 HWY_INLINE void convolveFew(TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t count) {
     if (count >= lanes) {
-        convolveVectors<1>(hn::CappedTag<Sum, lanes>(), taps, x, y, 0);
-        x += lanes, y += lanes, count -= lanes;
+        convolveRest<2>(hn::CappedTag<Sum, lanes>(), taps, x, y, count);
+    } else if constexpr (lanes > partCount<T>) {
+        convolveFew<lanes / 2, Sum>(taps, x, y, count);
     }
-    if constexpr (lanes > partCount<T>) convolveFew<lanes / 2, Sum>(taps, x, y, count);
 }
 
 // pDst[n] = sum over k of tap[k] * pSrc[n + k], k upwards, for n = 0 to count - 1: reads count + taps.count - 1

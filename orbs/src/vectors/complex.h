@@ -10,28 +10,23 @@
 namespace orbs {
 
 // Calls body(d, n) for runs of whole elements among `len` of them, n being the real lane where the run starts: full
-// vectors of Real, and vectors of one element in front of them until dst + n is aligned, and behind them. The bins of a
-// packed spectrum start in the middle of a vector, and stores across cache lines cost more than a few short ones.
+// vectors of Real, and shorter ones, down to one element, in front of them until dst + n is aligned, and behind them.
+// The bins of a packed spectrum start in the middle of a vector, and stores across cache lines cost more than a few
+// short ones.
 template <class Real, class Body>
 HWY_INLINE void forEachComplex(std::size_t len, const Real* dst, Body body) {
-    const hn::ScalableTag<Real> full;
+    const RestTag<Real> some;
     const hn::CappedTag<Real, 2> one;
-    constexpr std::size_t lanes = hn::MaxLanes(full);
-    std::size_t head = 0;
-    if (2 * len >= 8 * lanes) {
-        const std::size_t past = reinterpret_cast<std::uintptr_t>(dst) / sizeof(Real) % lanes;
-        for (; past % 2 == 0 && (past + head) % lanes != 0; head += 2) body(one, head);
-    }
-    const std::size_t rest = 2 * len - head;
+    constexpr std::size_t lanes = hn::MaxLanes(hn::ScalableTag<Real>()), someLanes = hn::MaxLanes(some);
+    const std::size_t end = 2 * len, past = reinterpret_cast<std::uintptr_t>(dst) / sizeof(Real) % lanes;
     std::size_t n = 0;
-    for (; n + 4 * lanes <= rest; n += 4 * lanes) {
-        body(full, head + n);
-        body(full, head + n + lanes);
-        body(full, head + n + 2 * lanes);
-        body(full, head + n + 3 * lanes);
+    if (end >= 8 * lanes && past % 2 == 0) {
+        for (; (past + n) % someLanes != 0; n += 2) body(one, n);
+        if constexpr (someLanes < lanes)
+            for (; (past + n) % lanes != 0; n += someLanes) body(some, n);
     }
-    for (; n + lanes <= rest; n += lanes) body(full, head + n);
-    for (; n < rest; n += 2) body(one, head + n);
+    n = forWholeVectorsByFour<Real>(n, end, body);
+    for (; n < end; n += 2) body(one, n);
 }
 // The same for memory that is aligned as it is.
 template <class Real, class Body>
@@ -64,6 +59,18 @@ inline hn::Vec256<Orb32f> subAdd(hn::Vec256<Orb32f> a, hn::Vec256<Orb32f> b) {
 }
 inline hn::Vec256<Orb64f> subAdd(hn::Vec256<Orb64f> a, hn::Vec256<Orb64f> b) {
     return hn::Vec256<Orb64f>{_mm256_addsub_pd(a.raw, b.raw)};
+}
+#endif
+#if HWY_TARGET <= HWY_AVX3
+// There is no such instruction of 64 bytes. Each half is computed in its own lanes only, so that the others raise no
+// flag; b with turned signs would be another NaN where b is one.
+inline hn::Vec512<Orb32f> subAdd(hn::Vec512<Orb32f> a, hn::Vec512<Orb32f> b) {
+    const __m512 sums = _mm512_maskz_add_ps(0xaaaa, a.raw, b.raw);
+    return hn::Vec512<Orb32f>{_mm512_mask_sub_ps(sums, 0x5555, a.raw, b.raw)};
+}
+inline hn::Vec512<Orb64f> subAdd(hn::Vec512<Orb64f> a, hn::Vec512<Orb64f> b) {
+    const __m512d sums = _mm512_maskz_add_pd(0xaa, a.raw, b.raw);
+    return hn::Vec512<Orb64f>{_mm512_mask_sub_pd(sums, 0x55, a.raw, b.raw)};
 }
 #endif
 

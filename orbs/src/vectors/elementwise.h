@@ -14,37 +14,70 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace orbs {
 
 // ---- Loops ----
 
-// dst[n] = f(d, src[n]...) on vectors. What is left behind the last full vector is computed in one more, filled up
-// with copies, so that no flag is raised that the elements themselves do not raise.
+// The first `count` lanes at p, and copies of them in the others, pairs staying pairs as complex elements are, so that
+// no flag is raised that the elements themselves do not raise.
+template <class D, class T = hn::TFromD<D>>
+HWY_INLINE hn::Vec<D> loadFilledUp(D d, const T* p, std::size_t count) {
+#if HWY_TARGET <= HWY_AVX3
+    T even, odd;
+    std::memcpy(&even, p, sizeof even);
+    std::memcpy(&odd, p + (count > 1), sizeof odd);
+    const auto wanted = hn::FirstN(d, count);
+    const auto copies = hn::OddEven(hn::Set(d, odd), hn::Set(d, even));
+    return hn::IfThenElse(wanted, hn::MaskedLoad(wanted, d, p), copies);
+#else
+    constexpr std::size_t lanes = hn::MaxLanes(D());
+    std::array<T, lanes> full;
+    std::memcpy(full.data(), p, count * sizeof(T));
+    for (std::size_t filled = count; filled < lanes; filled *= 2)
+        std::memcpy(full.data() + filled, full.data(), std::min(filled, lanes - filled) * sizeof(T));
+    return hn::LoadU(d, full.data());
+#endif
+}
+template <class D, class T = hn::TFromD<D>>
+HWY_INLINE void storeFirst(D d, hn::Vec<D> v, T* p, std::size_t count) {
+#if HWY_TARGET <= HWY_AVX3
+    hn::BlendedStore(v, hn::FirstN(d, count), d, p);
+#else
+    T all[hn::MaxLanes(D())];
+    hn::StoreU(v, d, all);
+    std::memcpy(p, all, count * sizeof(T));
+#endif
+}
+
+// dst[n] = f(d, src[n]...) on vectors.
 template <int unroll, class F, class R, class... S>
 HWY_INLINE void mapVectors(std::size_t len, F f, R* dst, const S*... src) {
     const hn::ScalableTag<R> d;
     constexpr std::size_t lanes = hn::MaxLanes(d);
     const auto map = [=](R* to, const S*... from)
                          HWY_ATTR { hn::StoreU(f(d, hn::LoadU(hn::Rebind<S, decltype(d)>(), from)...), d, to); };
+    const auto mapFirst = [=](std::size_t count, R* to, const S*... from) HWY_ATTR {
+        storeFirst(d, f(d, loadFilledUp(hn::Rebind<S, decltype(d)>(), from, count)...), to, count);
+    };
     std::size_t n = 0;
+    if constexpr (lanes * sizeof(R) == 64) {
+        // A store of 64 bytes that is not aligned takes two cache lines every time. Pairs, which may be complex
+        // elements, stay together.
+        const std::size_t past = reinterpret_cast<std::uintptr_t>(dst) % 64;
+        if (past != 0 && past % (2 * sizeof(R)) == 0 && len >= 8 * lanes) {
+            n = lanes - past / sizeof(R);
+            mapFirst(n, dst, src...);
+        }
+    }
     for (; n + unroll * lanes <= len; n += unroll * lanes) {
 #pragma GCC unroll 4
         for (std::size_t k = 0; k < unroll; ++k) map(dst + n + k * lanes, src + n + k * lanes...);
     }
     for (; n + lanes <= len; n += lanes) map(dst + n, src + n...);
-    if (n == len) return;
-    const auto filledUp = [=](const auto* from) {
-        std::array<std::remove_cvref_t<decltype(*from)>, lanes> full;
-        std::memcpy(full.data(), from, (len - n) * sizeof *from);
-        for (std::size_t filled = len - n; filled < lanes; filled *= 2)
-            std::memcpy(full.data() + filled, full.data(), std::min(filled, lanes - filled) * sizeof *from);
-        return full;
-    };
-    R last[lanes];
-    map(last, filledUp(src + n).data()...);
-    std::memcpy(dst + n, last, (len - n) * sizeof(R));
+    if (n != len) mapFirst(len - n, dst + n, src + n...);
 }
 
 template <class Op, class R, class... S>
@@ -151,30 +184,35 @@ OrbStatus filled(int byte, T* pDst, int len) {
     return orbStsNoErr;
 }
 
-// Op(val, v...): the constant is the first operand.
-template <class Op, class Real>
+// Op(val, v...): the constant is the first operand. It is kept as a number, not as a vector: a kernel that takes a
+// vector in a register leaves its upper half in use when it returns, which slows down the callers' SSE code.
+template <class Op, class T>
 struct WithConstant {
-    hn::Vec<hn::ScalableTag<Real>> val;
+    T val;
 
     template <class D, class... V>
     auto result(D d, V... v) const {
-        return Op::result(d, val, v...);
+        return Op::result(d, inAllLanes(), v...);
     }
     template <class D, class... V>
     auto exact(D d, V... v) const {
-        return Op::exact(d, val, v...);
+        return Op::exact(d, inAllLanes(), v...);
+    }
+
+private:
+    auto inAllLanes() const {
+        if constexpr (isComplex<T>) {
+            const hn::ScalableTag<RealOf<T>> d;
+            return hn::OddEven(hn::Set(d, val.im), hn::Set(d, val.re));
+        } else {
+            return hn::Set(hn::ScalableTag<T>(), val);
+        }
     }
 };
 
 template <class Op, class T>
 auto withConstant(T val) {
-    if constexpr (isComplex<T>) {
-        using Real = RealOf<T>;
-        const hn::ScalableTag<Real> d;
-        return WithConstant<Op, Real>{hn::OddEven(hn::Set(d, val.im), hn::Set(d, val.re))};
-    } else {
-        return WithConstant<Op, T>{hn::Set(hn::ScalableTag<T>(), val)};
-    }
+    return WithConstant<Op, T>{val};
 }
 
 } // namespace orbs

@@ -5,16 +5,27 @@
 
 namespace orbs {
 
-// Block by block of 16 bytes: the order that InterleaveLower and InterleaveUpper undo. Of a, then of b, in each.
-HWY_INLINE hn::Vec128<Orb16s> packPair(hn::Full128<Orb16s>, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
-    return hn::Vec128<Orb16s>{_mm_packs_epi32(a.raw, b.raw)};
-}
-HWY_INLINE hn::Vec128<Orb8s> packPair(hn::Full128<Orb8s>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
-    return hn::Vec128<Orb8s>{_mm_packs_epi16(a.raw, b.raw)};
-}
-HWY_INLINE hn::Vec128<Orb8u> packPair(hn::Full128<Orb8u>, hn::Vec128<Orb16s> a, hn::Vec128<Orb16s> b) {
-    return hn::Vec128<Orb8u>{_mm_packus_epi16(a.raw, b.raw)};
-}
+// Block by block of 16 bytes: the order that InterleaveLower and InterleaveUpper undo. Of a, then of b, in each. The
+// instructions of the widths differ in their prefix.
+#define ORBS_PACK(bits, To, From, instruction)                                                                         \
+    HWY_INLINE hn::Vec##bits<To> packPair(hn::Full##bits<To>, hn::Vec##bits<From> a, hn::Vec##bits<From> b) {          \
+        return hn::Vec##bits<To>{instruction(a.raw, b.raw)};                                                           \
+    }
+#define ORBS_PACK_PAIRS(bits, prefix)                                                                                  \
+    ORBS_PACK(bits, Orb16s, Orb32s, prefix##_packs_epi32)                                                              \
+    ORBS_PACK(bits, Orb8s, Orb16s, prefix##_packs_epi16)                                                               \
+    ORBS_PACK(bits, Orb8u, Orb16s, prefix##_packus_epi16)
+ORBS_PACK_PAIRS(128, _mm)
+#if HWY_TARGET <= HWY_AVX2
+ORBS_PACK_PAIRS(256, _mm256)
+ORBS_PACK(256, Orb16u, Orb32s, _mm256_packus_epi32)
+#endif
+#if HWY_TARGET <= HWY_AVX3
+ORBS_PACK_PAIRS(512, _mm512)
+ORBS_PACK(512, Orb16u, Orb32s, _mm512_packus_epi32)
+#endif
+#undef ORBS_PACK_PAIRS
+#undef ORBS_PACK
 // Moved around 0, for which SSSE3 has the instruction.
 HWY_INLINE hn::Vec128<Orb16u> packPair(hn::Full128<Orb16u> d, hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) {
     const auto middle = hn::Set(hn::Full128<Orb32s>(), 0x8000);
@@ -28,25 +39,23 @@ HWY_INLINE hn::Vec128<Orb8u> toInterleave(hn::Vec128<Orb8u> v) {
 }
 
 #if HWY_TARGET <= HWY_AVX2
-HWY_INLINE hn::Vec256<Orb16s> packPair(hn::Full256<Orb16s>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
-    return hn::Vec256<Orb16s>{_mm256_packs_epi32(a.raw, b.raw)};
-}
-HWY_INLINE hn::Vec256<Orb8s> packPair(hn::Full256<Orb8s>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
-    return hn::Vec256<Orb8s>{_mm256_packs_epi16(a.raw, b.raw)};
-}
-HWY_INLINE hn::Vec256<Orb8u> packPair(hn::Full256<Orb8u>, hn::Vec256<Orb16s> a, hn::Vec256<Orb16s> b) {
-    return hn::Vec256<Orb8u>{_mm256_packus_epi16(a.raw, b.raw)};
-}
-HWY_INLINE hn::Vec256<Orb16u> packPair(hn::Full256<Orb16u>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
-    return hn::Vec256<Orb16u>{_mm256_packus_epi32(a.raw, b.raw)};
-}
-// The two blocks' halves in the order of the elements, and back.
+// The blocks' halves in the order of the elements, and back.
 template <class T>
 HWY_INLINE hn::Vec256<T> halvesInOrder(hn::Vec256<T> v) {
     return hn::Vec256<T>{_mm256_permute4x64_epi64(v.raw, _MM_SHUFFLE(3, 1, 2, 0))};
 }
 HWY_INLINE hn::Vec256<Orb8u> toInterleave(hn::Vec256<Orb8u> v) {
     return halvesInOrder(v);
+}
+#endif
+
+#if HWY_TARGET <= HWY_AVX3
+template <class T>
+HWY_INLINE hn::Vec512<T> halvesInOrder(hn::Vec512<T> v) {
+    return hn::Vec512<T>{_mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), v.raw)};
+}
+HWY_INLINE hn::Vec512<Orb8u> toInterleave(hn::Vec512<Orb8u> v) {
+    return hn::Vec512<Orb8u>{_mm512_permutexvar_epi64(_mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7), v.raw)};
 }
 #endif
 

@@ -38,6 +38,7 @@ struct Same {
 template <class Op, std::size_t parts, class T>
 void reverse(const T* pSrc, T* pDst, std::size_t len) {
     const hn::ScalableTag<T> full;
+    const RestTag<T> rest;
     const hn::CappedTag<T, parts> one;
     std::size_t head = 0, tail = parts * len;
     const auto exchange = [&](auto d) HWY_ATTR {
@@ -48,6 +49,8 @@ void reverse(const T* pSrc, T* pDst, std::size_t len) {
         head += hn::MaxLanes(d);
     };
     while (head + hn::MaxLanes(full) <= tail) exchange(full);
+    if constexpr (hn::MaxLanes(rest) < hn::MaxLanes(full))
+        while (head + hn::MaxLanes(rest) <= tail) exchange(rest);
     while (head < tail) exchange(one);
 }
 

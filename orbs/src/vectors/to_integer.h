@@ -29,19 +29,22 @@ HWY_INLINE hn::Vec128<Orb32s, N> truncatedInt32(hn::Vec128<Orb64f, N> v) {
     return hn::Vec128<Orb32s, N>{_mm_cvttpd_epi32(v.raw)};
 }
 
+// The instructions of the longer vectors differ in their prefix.
+#define ORBS_TO_INT32(name, bits, half, prefix, convert)                                                               \
+    HWY_INLINE hn::Vec##bits<Orb32s> name(hn::Vec##bits<Orb32f> v) {                                                   \
+        return hn::Vec##bits<Orb32s>{prefix##_##convert##ps_epi32(v.raw)};                                             \
+    }                                                                                                                  \
+    HWY_INLINE hn::Vec##half<Orb32s> name(hn::Vec##bits<Orb64f> v) {                                                   \
+        return hn::Vec##half<Orb32s>{prefix##_##convert##pd_epi32(v.raw)};                                             \
+    }
 #if HWY_TARGET <= HWY_AVX2
-HWY_INLINE hn::Vec256<Orb32s> nearestInt32(hn::Vec256<Orb32f> v) {
-    return hn::Vec256<Orb32s>{_mm256_cvtps_epi32(v.raw)};
-}
-HWY_INLINE hn::Vec128<Orb32s> nearestInt32(hn::Vec256<Orb64f> v) {
-    return hn::Vec128<Orb32s>{_mm256_cvtpd_epi32(v.raw)};
-}
-HWY_INLINE hn::Vec256<Orb32s> truncatedInt32(hn::Vec256<Orb32f> v) {
-    return hn::Vec256<Orb32s>{_mm256_cvttps_epi32(v.raw)};
-}
-HWY_INLINE hn::Vec128<Orb32s> truncatedInt32(hn::Vec256<Orb64f> v) {
-    return hn::Vec128<Orb32s>{_mm256_cvttpd_epi32(v.raw)};
-}
+ORBS_TO_INT32(nearestInt32, 256, 128, _mm256, cvt)
+ORBS_TO_INT32(truncatedInt32, 256, 128, _mm256, cvtt)
 #endif
+#if HWY_TARGET <= HWY_AVX3
+ORBS_TO_INT32(nearestInt32, 512, 256, _mm512, cvt)
+ORBS_TO_INT32(truncatedInt32, 512, 256, _mm512, cvtt)
+#endif
+#undef ORBS_TO_INT32
 
 } // namespace orbs
