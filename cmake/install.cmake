@@ -1,9 +1,9 @@
-# What `cmake --install` lays down: headers, both tiers of the library, orbs.pc and the CMake package. Everything finds
+# What `cmake --install` lays down: headers, every tier of the library, orbs.pc and the CMake package. Everything finds
 # everything else by relative paths, so an installed tree may be moved.
 include(CMakePackageConfigHelpers)
 
-if(NOT "v8" IN_LIST ORBS_TIERS)
-    install(CODE "message(FATAL_ERROR \"This build has the AVX2 tier only. Install from the release preset.\")")
+if(NOT orbs_first_tier STREQUAL v8)
+    install(CODE "message(FATAL_ERROR \"This build needs a processor of tier ${orbs_first_tier}. Install from the release preset.\")")
     return()
 endif()
 
@@ -13,12 +13,12 @@ set_target_properties(orbs orbcore PROPERTIES INSTALL_RPATH "\$ORIGIN")
 install(TARGETS orbs orbcore EXPORT orbs
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-if(TARGET orbs_v3)
-    # Not exported: a program links the library in lib/ and the loader takes this one where the processor has AVX2.
-    set_target_properties(orbs_v3 PROPERTIES INSTALL_RPATH "\$ORIGIN/../..")
-    install(TARGETS orbs_v3 LIBRARY NAMELINK_SKIP
-            DESTINATION ${CMAKE_INSTALL_LIBDIR}/glibc-hwcaps/x86-64-v3)
-endif()
+# Not exported: a program links the library in lib/, and the loader takes one of these where the processor can run it.
+foreach(tier IN LISTS orbs_other_tiers)
+    set_target_properties(orbs_${tier} PROPERTIES INSTALL_RPATH "\$ORIGIN/../..")
+    install(TARGETS orbs_${tier} LIBRARY NAMELINK_SKIP
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}/glibc-hwcaps/x86-64-${tier})
+endforeach()
 
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 

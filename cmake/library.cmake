@@ -18,7 +18,7 @@ if(ORBS_SANITIZE)
         PROPERTIES COMPILE_OPTIONS "-O1;-g1;-fno-var-tracking;--param;asan-stack=0")
 endif()
 
-function(orbs_add_tier target tier)
+function(orbs_add_tier target tier folder)
     add_library(${target} SHARED ${orbs_sources})
     target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
                                          PRIVATE ${PROJECT_SOURCE_DIR}/orbs/src)
@@ -29,25 +29,21 @@ function(orbs_add_tier target tier)
     target_link_options(${target} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbs.map)
     set_target_properties(${target} PROPERTIES
         OUTPUT_NAME orbsv8 VERSION 5.2 SOVERSION 5.2
-        LIBRARY_OUTPUT_DIRECTORY ${orbs_tier_dir_${tier}}
+        LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${folder}
         LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/orbs.map)
     # One folder a tier, with the core library beside it, for LD_LIBRARY_PATH: lib/ itself would let the loader choose.
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tiers/${tier})
     file(CREATE_LINK ${CMAKE_BINARY_DIR}/lib/liborbcore.so.5.2
          ${CMAKE_BINARY_DIR}/tiers/${tier}/liborbcore.so.5.2 SYMBOLIC)
-    file(CREATE_LINK ${orbs_tier_dir_${tier}}/liborbsv8.so.5.2
+    file(CREATE_LINK ${CMAKE_BINARY_DIR}/${folder}/liborbsv8.so.5.2
          ${CMAKE_BINARY_DIR}/tiers/${tier}/liborbsv8.so.5.2 SYMBOLIC)
 endfunction()
 
-if("v8" IN_LIST ORBS_TIERS)
-    orbs_add_tier(orbs v8)
-    if("v3" IN_LIST ORBS_TIERS)
-        orbs_add_tier(orbs_v3 v3)
-    endif()
-else()
-    orbs_add_tier(orbs v3)
-    set_target_properties(orbs PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-    file(CREATE_LINK ${CMAKE_BINARY_DIR}/lib/liborbsv8.so.5.2
-         ${CMAKE_BINARY_DIR}/tiers/v3/liborbsv8.so.5.2 SYMBOLIC)
-endif()
+# Programs link the first tier of the list; the loader replaces it by another where the processor can run that.
+set(orbs_other_tiers ${ORBS_TIERS})
+list(POP_FRONT orbs_other_tiers orbs_first_tier)
+orbs_add_tier(orbs ${orbs_first_tier} lib)
+foreach(tier IN LISTS orbs_other_tiers)
+    orbs_add_tier(orbs_${tier} ${tier} lib/glibc-hwcaps/x86-64-${tier})
+endforeach()
 add_library(orbs::orbs ALIAS orbs)

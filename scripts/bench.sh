@@ -13,8 +13,11 @@ if ! { cmake --preset bench && cmake --build --preset bench; } >"$log" 2>&1; the
     echo "bench.sh: the build failed; the whole log is $log" >&2
     exit 1
 fi
-tiers=(v8)
-if scripts/has-avx2-tier; then tiers=(v3 v8); else echo "This processor has no AVX2: tier v3 is not measured." >&2; fi
+tiers=()
+for tier in v4 v3; do
+    if scripts/has-tier "x86-64-$tier"; then tiers+=("$tier"); else echo "This processor lacks x86-64-$tier: tier $tier is not measured." >&2; fi
+done
+tiers+=(v8)
 for tier in "${tiers[@]}"; do
     results=()
     for program in build/bench/bin/*_bench; do

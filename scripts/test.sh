@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The whole suite: every test in both tiers and as 32-bit code, under the sanitizers, the same bits everywhere, the
+# The whole suite: every test in every tier and as 32-bit code, under the sanitizers, the same bits everywhere, the
 # rules of the source, and programs built against an installed copy. Logs go to build/logs. The last line is
 # "N passed, N failed"; the exit status is 0 only if nothing failed.
 set -uo pipefail
@@ -74,8 +74,8 @@ print(*(int(suite.get(key)) for key in ("tests", "failures", "skipped")))' "$res
 # The digests of every family: the same in each tier, ABI and thread count.
 same_bits() {
     local status=0 first="" output name
-    for build in release/v8 release/v3 i386/v8; do
-        [ "$build" = release/v3 ] && [ -z "$avx2" ] && continue
+    for build in release/v8 release/v3 release/v4 i386/v8; do
+        [[ "|$lacking|" != *"|${build#*/}|"* ]] || continue
         for threads in 1 2 3 8; do
             name=$logs/digest-${build/\//-}-$threads.txt
             LD_LIBRARY_PATH=build/${build%/*}/tiers/${build#*/} OMP_NUM_THREADS=$threads \
@@ -89,20 +89,22 @@ same_bits() {
 }
 
 check "setup" scripts/setup.sh || exit
-avx2="" launcher=() release_tests=() sanitizer_tier=()
-if scripts/has-avx2-tier; then
-    avx2=yes
-else
-    echo "note    this processor has no AVX2: the tests of tier v3 are not run"
-    release_tests=(-E '^v3\.')
-    sanitizer_tier=(-DORBS_TIERS=v8)
-fi
+lacking="" launcher=() release_tests=() sanitizer_tier=()
+for tier in v3 v4; do
+    if ! scripts/has-tier "x86-64-$tier"; then
+        echo "note    this processor lacks x86-64-$tier: the tests of tier $tier are not run"
+        lacking+=${lacking:+|}$tier
+    fi
+done
+[ -z "$lacking" ] || release_tests=(-E "^($lacking)\\.")
+[[ "|$lacking|" != *"|v3|"* ]] || sanitizer_tier=(-DORBS_TIERS=v8)
 
 check "layers" scripts/check-layers
 check "headers" scripts/check-headers
 if check "build release" configure_and_build release; then
     suite release "${release_tests[@]}"
     check "exports release" scripts/check-exports build/release
+    check "fused release" scripts/check-fused build/release
     check "packaging" tests/packaging/check build/release
 fi
 if check "build i386" configure_and_build i386; then

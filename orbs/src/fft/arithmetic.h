@@ -255,7 +255,7 @@ struct GroupedPlanes {
     }
 
 private:
-    static constexpr bool inHalves = hn::MaxLanes(hn::ScalableTag<T>()) < columnGroup<T>;
+    static constexpr bool inHalves = hn::MaxLanes(GroupTag<T>()) < columnGroup<T>;
 
     template <class D>
     HWY_INLINE static hn::Vec<D> loadPlanePart(D d, const T* from, std::size_t h) {

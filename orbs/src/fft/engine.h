@@ -51,9 +51,9 @@ void transform16(D d, From from, To to, Last last) {
 // the radix.
 template <bool Inverse, class T, class From, class Work>
 void firstPasses(From from, Work work, int order, int inner) {
-    const hn::ScalableTag<T> full;
+    const GroupTag<T> full;
     const hn::CappedTag<T, 16 / sizeof(T)> block;
-    constexpr std::size_t lanes = packedLanes<hn::ScalableTag<T>>;
+    constexpr std::size_t lanes = packedLanes<GroupTag<T>>;
     const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
         if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
@@ -70,7 +70,7 @@ void firstPasses(From from, Work work, int order, int inner) {
 // The same in place on data in bit-reversed order.
 template <bool Inverse, class T, class From, class Work>
 void firstPassesInRuns(From from, Work work, int order, int inner) {
-    const hn::ScalableTag<T> full;
+    const GroupTag<T> full;
     const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
         if (firstPassOrder<T>(inner) == 3) return firstPassInRuns<8, Inverse>(full, from, work, points);
@@ -81,7 +81,7 @@ void firstPassesInRuns(From from, Work work, int order, int inner) {
 // From `from` to `to` by way of `work`, which may be `to` itself but not `from`.
 template <bool Inverse, class T, class From, class Work, class To, class MakeLast>
 void transformDirect(From from, Work work, To to, int order, const T* twiddles, MakeLast makeLast) {
-    const hn::ScalableTag<T> full;
+    const GroupTag<T> full;
     const ShortTag<T> four;
     if (order == 4) return transform16<Inverse>(four, from, to, makeLast(four));
     firstPasses<Inverse, T>(from, work, order, order);
@@ -203,7 +203,7 @@ void blockedLevels(D d, const hn::TFromD<D>* twiddles, const RelativePtr<hn::TFr
 template <bool Inverse, class T, class From, class Work, class To, class MakeLast>
 void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int order, bool inPlace, Orb8u* buffer,
                       MakeLast makeLast) {
-    const hn::ScalableTag<T> d;
+    const GroupTag<T> d;
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
     if (inPlace) {

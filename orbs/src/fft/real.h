@@ -20,7 +20,7 @@ HWY_INLINE void forEachPair(std::size_t m, const T* table, Pair pair) {
             for (std::size_t h = 0; h < group; h += lanes)
                 pair(d, k + h, m - k - h - lanes + 1, hn::Load(d, values + h), hn::Load(d, values + h + group));
     };
-    const hn::ScalableTag<T> full;
+    const GroupTag<T> full;
     if (hn::MaxLanes(full) <= m / 2) {
         run(full);
     } else {

@@ -66,6 +66,18 @@ inline hn::Vec256<Orb64f> subAdd(hn::Vec256<Orb64f> a, hn::Vec256<Orb64f> b) {
     return hn::Vec256<Orb64f>{_mm256_addsub_pd(a.raw, b.raw)};
 }
 #endif
+#if HWY_TARGET <= HWY_AVX3
+// There is no such instruction of 64 bytes. Each half is computed in its own lanes only, so that the others raise no
+// flag; b with turned signs would be another NaN where b is one.
+inline hn::Vec512<Orb32f> subAdd(hn::Vec512<Orb32f> a, hn::Vec512<Orb32f> b) {
+    const __m512 sums = _mm512_maskz_add_ps(0xaaaa, a.raw, b.raw);
+    return hn::Vec512<Orb32f>{_mm512_mask_sub_ps(sums, 0x5555, a.raw, b.raw)};
+}
+inline hn::Vec512<Orb64f> subAdd(hn::Vec512<Orb64f> a, hn::Vec512<Orb64f> b) {
+    const __m512d sums = _mm512_maskz_add_pd(0xaa, a.raw, b.raw);
+    return hn::Vec512<Orb64f>{_mm512_mask_sub_pd(sums, 0x55, a.raw, b.raw)};
+}
+#endif
 
 // (re1*re2 - im1*im2, re1*im2 + im1*re2), each product rounded.
 struct ComplexProduct {

@@ -21,21 +21,24 @@ public:
     // Those numbers of the rows that stand at `column` and behind it.
     HWY_INLINE Columns<D> columns(const Orb64f* table, std::size_t column = 0) const {
         const D d;
-        const auto pair = [&](std::size_t lane) HWY_ATTR {
-            return hn::LoadU(hn::CappedTag<Orb64f, 2>(), table + static_cast<std::size_t>(row_[lane]) * width + column);
-        };
-        if constexpr (lanes == 2) {
-            return {hn::InterleaveLower(d, pair(0), pair(1)), hn::InterleaveUpper(d, pair(0), pair(1))};
-        } else {
-            static_assert(lanes == 4);
-            const auto even = hn::Combine(d, pair(2), pair(0)), odd = hn::Combine(d, pair(3), pair(1));
-            return {hn::InterleaveLower(d, even, odd), hn::InterleaveUpper(d, even, odd)};
-        }
+        const auto even = everyOther(d, table + column, 0), odd = everyOther(d, table + column, 1);
+        return {hn::InterleaveLower(d, even, odd), hn::InterleaveUpper(d, even, odd)};
     }
 
 private:
     static constexpr std::size_t lanes = hn::MaxLanes(D());
     alignas(lanes * sizeof(std::int64_t)) std::int64_t row_[lanes];
+
+    // Two numbers from the row of lane `first`, two from that of lane first + 2, and so on.
+    template <class Part>
+    HWY_INLINE hn::Vec<Part> everyOther(Part d, const Orb64f* table, std::size_t first) const {
+        if constexpr (hn::MaxLanes(Part()) == 2) {
+            return hn::LoadU(d, table + static_cast<std::size_t>(row_[first]) * width);
+        } else {
+            const hn::Half<Part> half;
+            return hn::Combine(d, everyOther(half, table, first + hn::MaxLanes(half)), everyOther(half, table, first));
+        }
+    }
 };
 
 } // namespace orbs

@@ -40,13 +40,35 @@ HWY_INLINE hn::Vec256<Orb8u> packPair(hn::Full256<Orb8u>, hn::Vec256<Orb16s> a, 
 HWY_INLINE hn::Vec256<Orb16u> packPair(hn::Full256<Orb16u>, hn::Vec256<Orb32s> a, hn::Vec256<Orb32s> b) {
     return hn::Vec256<Orb16u>{_mm256_packus_epi32(a.raw, b.raw)};
 }
-// The two blocks' halves in the order of the elements, and back.
+// The blocks' halves in the order of the elements, and back.
 template <class T>
 HWY_INLINE hn::Vec256<T> halvesInOrder(hn::Vec256<T> v) {
     return hn::Vec256<T>{_mm256_permute4x64_epi64(v.raw, _MM_SHUFFLE(3, 1, 2, 0))};
 }
 HWY_INLINE hn::Vec256<Orb8u> toInterleave(hn::Vec256<Orb8u> v) {
     return halvesInOrder(v);
+}
+#endif
+
+#if HWY_TARGET <= HWY_AVX3
+HWY_INLINE hn::Vec512<Orb16s> packPair(hn::Full512<Orb16s>, hn::Vec512<Orb32s> a, hn::Vec512<Orb32s> b) {
+    return hn::Vec512<Orb16s>{_mm512_packs_epi32(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec512<Orb8s> packPair(hn::Full512<Orb8s>, hn::Vec512<Orb16s> a, hn::Vec512<Orb16s> b) {
+    return hn::Vec512<Orb8s>{_mm512_packs_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec512<Orb8u> packPair(hn::Full512<Orb8u>, hn::Vec512<Orb16s> a, hn::Vec512<Orb16s> b) {
+    return hn::Vec512<Orb8u>{_mm512_packus_epi16(a.raw, b.raw)};
+}
+HWY_INLINE hn::Vec512<Orb16u> packPair(hn::Full512<Orb16u>, hn::Vec512<Orb32s> a, hn::Vec512<Orb32s> b) {
+    return hn::Vec512<Orb16u>{_mm512_packus_epi32(a.raw, b.raw)};
+}
+template <class T>
+HWY_INLINE hn::Vec512<T> halvesInOrder(hn::Vec512<T> v) {
+    return hn::Vec512<T>{_mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7), v.raw)};
+}
+HWY_INLINE hn::Vec512<Orb8u> toInterleave(hn::Vec512<Orb8u> v) {
+    return hn::Vec512<Orb8u>{_mm512_permutexvar_epi64(_mm512_setr_epi64(0, 4, 1, 5, 2, 6, 3, 7), v.raw)};
 }
 #endif
 

@@ -43,5 +43,19 @@ HWY_INLINE hn::Vec128<Orb32s> truncatedInt32(hn::Vec256<Orb64f> v) {
     return hn::Vec128<Orb32s>{_mm256_cvttpd_epi32(v.raw)};
 }
 #endif
+#if HWY_TARGET <= HWY_AVX3
+HWY_INLINE hn::Vec512<Orb32s> nearestInt32(hn::Vec512<Orb32f> v) {
+    return hn::Vec512<Orb32s>{_mm512_cvtps_epi32(v.raw)};
+}
+HWY_INLINE hn::Vec256<Orb32s> nearestInt32(hn::Vec512<Orb64f> v) {
+    return hn::Vec256<Orb32s>{_mm512_cvtpd_epi32(v.raw)};
+}
+HWY_INLINE hn::Vec512<Orb32s> truncatedInt32(hn::Vec512<Orb32f> v) {
+    return hn::Vec512<Orb32s>{_mm512_cvttps_epi32(v.raw)};
+}
+HWY_INLINE hn::Vec256<Orb32s> truncatedInt32(hn::Vec512<Orb64f> v) {
+    return hn::Vec256<Orb32s>{_mm512_cvttpd_epi32(v.raw)};
+}
+#endif
 
 } // namespace orbs
