@@ -11,6 +11,11 @@ char currentCall[256];
 
 } // namespace
 
+std::size_t leastAlignment(const Plan& plan, const Argument& a) {
+    // 32-bit code gives doubles and 64-bit integers that lie on 4 bytes only.
+    return plan.member->anyAlignment ? 1 : std::min(a.type.alignment, sizeof(void*));
+}
+
 Call::Call(const Plan& plan, const Case& sizes, const Placement& placement)
     : plan_(plan), case_(sizes), placement_(placement), values_(plan.arguments.size()), areas_(plan.arguments.size()) {
     for (std::size_t k = 0; k < values_.size(); ++k) {
@@ -48,7 +53,7 @@ unsigned char* Call::placeVector(std::size_t k) {
     const Argument& a = plan_.arguments[k];
     const std::size_t count = a.count ? a.count(case_, plan_.family.kind) : 1;
     const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 32;
-    const std::size_t step = plan_.member->anyAlignment ? 1 : a.type.alignment;
+    const std::size_t step = placement_.natural ? a.type.alignment : leastAlignment(plan_, a);
     areas_[k].push_back(std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step));
     Area& area = *areas_[k].back();
     unsigned char* bytes = area.data();

@@ -11,10 +11,14 @@
 
 namespace sweep {
 
+// What a caller's vectors lie on at least.
+std::size_t leastAlignment(const Plan& plan, const Argument& a);
+
 struct Placement {
     support::Edge edge = support::Edge::end;
     std::size_t shift = 0;       // bytes between the vectors and that edge
     bool staggered = false;      // another shift for each argument
+    bool natural = false;        // on multiples of the elements' parts only
     unsigned char before = 0x5a; // what destinations hold before the call
     bool allocated = false;      // objects by InitAlloc, not in a block of the caller
 };

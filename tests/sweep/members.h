@@ -67,6 +67,19 @@ void fillElements(void* to, std::size_t count, std::uint64_t seed) {
     }
 }
 
+// What an element's parts lie on by themselves.
+template <class T>
+constexpr std::size_t partAlignment() {
+    if constexpr (support::isComplex<T>) {
+        return sizeof(T::re);
+    } else {
+        return requires(T t) {
+            t.b;
+        }
+        ? 1 : sizeof(T);
+    }
+}
+
 template <class T>
 constexpr std::size_t floatSizeOf() {
     if constexpr (support::isComplex<T>) {
@@ -90,12 +103,10 @@ constexpr Type typeOf() {
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
         return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr};
     } else {
-        // 32-bit code gives doubles and 64-bit integers that lie on 4 bytes only.
-        constexpr std::size_t alignment = sizeof(void*) == 4 && alignof(T) > 4 ? 4 : alignof(T);
         return {std::is_pointer_v<A> ? Kind::vector : Kind::element,
                 std::is_const_v<std::remove_pointer_t<A>>,
                 sizeof(T),
-                alignment,
+                partAlignment<T>(),
                 floatSizeOf<T>(),
                 fillElements<T>};
     }

@@ -116,8 +116,15 @@ int oneOf(const Case& c) {
 }
 
 // Around every cut between kernels, and far beyond all of them.
-constexpr Number scaleFactor = oneOf<0, INT_MIN, -1000, -40, -33, -32, -31, -30, -17, -16, -15, -14, -9, -8, -7, -2, -1,
-                                     1, 2, 3, 7, 8, 9, 10, 14, 15, 16, 17, 18, 30, 31, 32, 33, 40, 1000, INT_MAX>;
+constexpr int scaleFactors[] = {0,  INT_MIN, -1000, -40, -33, -32, -31, -30, -17, -16, -15,  -14,
+                                -9, -8,      -7,    -2,  -1,  1,   2,   3,   7,   8,   9,    10,
+                                14, 15,      16,    17,  18,  30,  31,  32,  33,  40,  1000, INT_MAX};
+int scaleFactor(const Case& c) {
+    return scaleFactors[static_cast<std::size_t>(c.turn) % std::size(scaleFactors)];
+}
+int turnOfScaleFactor(int s) {
+    return static_cast<int>(std::ranges::find(scaleFactors, s) - scaleFactors);
+}
 
 struct NumberRule {
     Pattern pattern;
@@ -235,14 +242,17 @@ Cases operator+(Cases a, const Cases& b) {
     a.insert(a.end(), b.begin(), b.end());
     return a;
 }
-Cases lengthsUpTo(int last) {
+Cases lengthsFrom(int first, int last) {
     Cases cases;
-    for (int n = 1; n <= last; ++n) cases.push_back({.n = n});
+    for (int n = first; n <= last; ++n) cases.push_back({.n = n});
     return cases;
 }
-Cases lengths(std::initializer_list<int> list, int repeats = 1) {
+Cases lengthsUpTo(int last) {
+    return lengthsFrom(1, last);
+}
+Cases lengths(std::initializer_list<int> list) {
     Cases cases;
-    for (int n : list) cases.insert(cases.end(), static_cast<std::size_t>(repeats), {.n = n});
+    for (int n : list) cases.push_back({.n = n});
     return cases;
 }
 Cases orders(int first, int last, int repeats) {
@@ -257,26 +267,55 @@ Cases withTaps(Cases cases, std::initializer_list<int> taps) {
     return cases;
 }
 
+Cases everyPair(const Cases& cases, std::initializer_list<int> taps) {
+    Cases pairs;
+    for (Case c : cases)
+        for (int count : taps) pairs.push_back({.n = c.n, .taps = count});
+    return pairs;
+}
+Cases numbered(Cases cases) {
+    for (std::size_t k = 0; k < cases.size(); ++k) cases[k].turn = static_cast<int>(k);
+    return cases;
+}
+
+// The digest's lengths: all up to a vector of 64 bytes and more, those around the blocks that loops are unrolled by,
+// and one of each remainder to the longest from which a call spreads over threads.
+Cases digestLengths() {
+    Cases cases = lengthsUpTo(70);
+    for (int edge : {96, 128, 192, 256, 320, 512, 1024}) cases = cases + lengthsFrom(edge - 2, edge + 2);
+    return numbered(cases + lengths({4099, 32771}));
+}
+// Each scale factor as well, and on the long vectors one of each kind.
+Cases digestScales() {
+    Cases cases = digestLengths();
+    for (int s : scaleFactors) cases.push_back({.n = 261, .turn = turnOfScaleFactor(s)});
+    for (int n : {4099, 32771})
+        for (int s : {0, -1, 1, 7}) cases.push_back({.n = n, .turn = turnOfScaleFactor(s)});
+    return cases;
+}
+
 struct CaseRule {
     Pattern pattern;
     Cases small, large, faulty, digest;
 };
 const CaseRule caseRules[] = {
     // Each order with each flag, and those around the changes between the engines.
-    {{"FFT.*", ""}, orders(0, 7, 4), orders(8, 19, 1), orders(10, 11, 1), orders(0, 15, 4) + orders(18, 18, 2)},
+    {{"FFT.*", ""},
+     orders(0, 7, 4),
+     orders(8, 19, 1),
+     orders(10, 11, 1),
+     numbered(orders(0, 12, 4) + orders(13, 18, 1))},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
      withTaps(lengths({255, 256, 257, 511, 512, 513, 800, 801, 1600, 1601, 2049, 4096, 4607, 4608, 8200}),
               {1, 17, 64, 130}),
      withTaps(lengths({9, 1700}), {5, 70}),
-     withTaps(lengths({1, 2, 7, 70, 256, 511, 512, 801, 1600, 1601, 4097, 4608, 8200}, 4), {1, 17, 64, 130})},
+     numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
+              everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
     // The lengths from which calls spread over threads, each with several scale factors.
-    {{".*", ""},
-     lengthsUpTo(70),
-     lengths({4099, 40007}),
-     lengths({9, 9, 9, 40007}),
-     lengthsUpTo(70) + lengths({4095, 4096, 8191, 8192, 16383, 16384, 40007}, 5)},
+    {{".*_I?Sfs", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestScales()},
+    {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},
 };
 
 // ---- Families of objects ----
@@ -338,7 +377,7 @@ public:
         plan_.faulty = cases->faulty;
         plan_.digest = cases->digest;
         int turn = 0;
-        for (Cases* list : {&plan_.small, &plan_.large, &plan_.faulty, &plan_.digest})
+        for (Cases* list : {&plan_.small, &plan_.large, &plan_.faulty})
             for (Case& c : *list) c.turn = turn++;
     }
     Plan take() { return std::move(plan_); }

@@ -41,8 +41,7 @@ std::string told(const Plan& plan, const Fault& fault) {
 std::vector<Placement> placements(const Plan& plan, bool everyShift) {
     std::size_t step = 32;
     for (const Argument& a : plan.arguments)
-        if (a.type.kind == Kind::vector || a.type.kind == Kind::vectors)
-            step = std::min(step, plan.member->anyAlignment ? 1 : a.type.alignment);
+        if (a.type.kind == Kind::vector || a.type.kind == Kind::vectors) step = std::min(step, leastAlignment(plan, a));
     std::vector<Placement> all;
     for (bool staggered : {false, true}) {
         for (std::size_t shift = staggered ? step : 0; shift < (everyShift ? 32 : 1); shift += step) {
