@@ -10,12 +10,12 @@ ORBS_DECLARATIONS_BEGIN
  * with ties to even, then saturated to the result type. No scale factor is an error: where it is so large that every
  * result is 0, or so small that every result but 0 is an extreme of the type, that is what is written.
  *
- * Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. A destination may be one of the sources; other overlaps are not supported. Where two NaNs meet,
- * the result is a NaN, and which payload it has is not fixed. All members may be called from any number of threads on
- * different data. */
+ * Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr). A
+ * destination may be one of the sources; other overlaps are not supported. Where two NaNs meet, the result is a NaN,
+ * and which payload it has is not fixed. All members may be called from any number of threads on different data. */
 
 /* ---- Add, AddC -----------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Add: pDst[n] = pSrc1[n] + pSrc2[n]; the _I and _ISfs forms: pSrcDst[n] += pSrc[n]; n = 0 to len - 1.
  * AddC: pDst[n] = pSrc[n] + val; the _I and _ISfs forms: pSrcDst[n] += val.
  *
@@ -78,6 +78,7 @@ OrbStatus orbsAddC_64fc(const Orb64fc* pSrc, Orb64fc val, Orb64fc* pDst, int len
 OrbStatus orbsAddC_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
 
 /* ---- Sub, SubC, SubCRev --------------------------------------------------------------------------------------
+ * Alignment: any.
  * Sub: pDst[n] = pSrc2[n] - pSrc1[n], the second minus the first; the _I and _ISfs forms: pSrcDst[n] -= pSrc[n].
  * SubC: pDst[n] = pSrc[n] - val; the _I and _ISfs forms: pSrcDst[n] -= val.
  * SubCRev: pDst[n] = val - pSrc[n]; the _I and _ISfs forms: pSrcDst[n] = val - pSrcDst[n].
@@ -151,6 +152,7 @@ OrbStatus orbsSubCRev_64fc(const Orb64fc* pSrc, Orb64fc val, Orb64fc* pDst, int 
 OrbStatus orbsSubCRev_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
 
 /* ---- AddProduct, AddProductC ---------------------------------------------------------------------------------
+ * Alignment: any.
  * pSrcDst[n] += pSrc1[n] * pSrc2[n]; AddProductC: pSrcDst[n] += pSrc[n] * val; n = 0 to len - 1.
  *
  * Floats: the product is rounded, then the sum, never fused; complex products as in Mul. pSrcDst may overlap a source
@@ -170,6 +172,7 @@ OrbStatus orbsAddProduct_64fc(const Orb64fc* pSrc1, const Orb64fc* pSrc2, Orb64f
 OrbStatus orbsAddProductC_32f(const Orb32f* pSrc, Orb32f val, Orb32f* pSrcDst, int len);
 
 /* ---- Mul, MulC -----------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Mul: pDst[n] = pSrc1[n] * pSrc2[n]; the _I and _ISfs forms: pSrcDst[n] *= pSrc[n]; n = 0 to len - 1.
  * MulC: pDst[n] = pSrc[n] * val; the _I and _ISfs forms: pSrcDst[n] *= val.
  * A product of complex elements is (re1*re2 - im1*im2, re1*im2 + im1*re2); _32f32fc and _32s32sc multiply both parts by
@@ -244,6 +247,7 @@ OrbStatus orbsMulC_32f16s_Sfs(const Orb32f* pSrc, Orb32f val, Orb16s* pDst, int 
 OrbStatus orbsMulC_Low_32f16s(const Orb32f* pSrc, Orb32f val, Orb16s* pDst, int len);
 
 /* ---- Sqr -----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n]^2; the _I and _ISfs forms: pSrcDst[n] squared in place; n = 0 to len - 1.
  *
  * Integers: the exact square under the scale rule. Complex: (re*re - im*im, 2*re*im), in _16sc exact before each part is
@@ -266,6 +270,7 @@ OrbStatus orbsSqr_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len);
 OrbStatus orbsSqr_64fc_I(Orb64fc* pSrcDst, int len);
 
 /* ---- Abs -----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = |pSrc[n]|; the _I forms in place.
  *
  * Integers: the smallest of the type gives the largest. Floats: the sign bit is cleared, of -0 and of a NaN too. */

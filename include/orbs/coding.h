@@ -7,10 +7,11 @@
 ORBS_DECLARATIONS_BEGIN
 
 /* Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. Source and destination do not overlap, but may be the same vector where their elements have the
- * same size. All members may be called from any number of threads on different data. */
+ * Source and destination do not overlap, but may be the same vector where their elements have the same size. All
+ * members may be called from any number of threads on different data. */
 
 /* ---- ALawToLin, MuLawToLin, LinToALaw, LinToMuLaw --------------------------------------------------------------
+ * Alignment: any.
  * The codes of ITU-T G.711, n = 0 to len - 1.
  *
  * Decoding: _8u16s gives the linear value on a scale of 16 bits (A-law +-8 to +-32256, mu-law 0 to +-32124, whose
@@ -35,12 +36,14 @@ OrbStatus orbsLinToALaw_32f8u(const Orb32f* pSrc, Orb8u* pDst, int len);
 OrbStatus orbsLinToMuLaw_32f8u(const Orb32f* pSrc, Orb8u* pDst, int len);
 
 /* ---- ALawToMuLaw, MuLawToALaw ----------------------------------------------------------------------------------
+ * Alignment: any.
  * From the codes of one law to those of the other by the tables of ITU-T G.711; the sign bit stays. From A-law to mu-law
  * and back is exact at the code 0x1a, whose mu-law code is 0x2f, and its negative. pDst may be pSrc. */
 OrbStatus orbsALawToMuLaw_8u(const Orb8u* pSrc, Orb8u* pDst, int len);
 OrbStatus orbsMuLawToALaw_8u(const Orb8u* pSrc, Orb8u* pDst, int len);
 
 /* ---- SwapBytes -------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * The bytes of each element in reverse order: two, three (the first and the third change places), four or eight. The _I
  * forms work in place; the others take pDst = pSrc too. */
 OrbStatus orbsSwapBytes_16u(const Orb16u* pSrc, Orb16u* pDst, int len);
@@ -53,6 +56,7 @@ OrbStatus orbsSwapBytes_32u_I(Orb32u* pSrcDst, int len);
 OrbStatus orbsSwapBytes_64u_I(Orb64u* pSrcDst, int len);
 
 /* ---- PackBits --------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Appends the low pSrcBitsLen[n] bits of each pSrc[n], n = 0 to srcLen - 1, the highest of them first, to a stream whose
  * first bit is the most significant one of pDst[0]. The stream begins behind the top (dstBitOffset & 7) bits of pDst[0],
  * which stay; nothing is skipped for whole bytes of the offset. As many bytes are written as hold a bit of the stream;

@@ -10,11 +10,12 @@ ORBS_DECLARATIONS_BEGIN
  * ties to even, orbRndZero toward zero, and what other values do is told with each family. Saturation is not reported.
  *
  * Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. Source and destination do not overlap, but may be the same vector where their elements have the
- * same size. All members may be called from any number of threads on different data; where a member switches the
- * rounding mode, it does so for the calling thread and until it returns. */
+ * Source and destination do not overlap, but may be the same vector where their elements have the same size. All
+ * members may be called from any number of threads on different data; where a member switches the rounding mode, it
+ * does so for the calling thread and until it returns. */
 
 /* ---- Convert: widening and plain narrowing ---------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n], n = 0 to len - 1, exactly. Not every value has an exact result in _32s32f and _64f32f, which round in
  * the caller's mode, and in _32s16s, which saturates. A float too large for _64f32f becomes an infinity. NaNs stay NaNs. */
 OrbStatus orbsConvert_8s16s(const Orb8s* pSrc, Orb16s* pDst, int len);
@@ -34,6 +35,7 @@ OrbStatus orbsConvert_24s32f(const Orb24s* pSrc, Orb32f* pDst, int len);
 OrbStatus orbsConvert_24u32f(const Orb24u* pSrc, Orb32f* pDst, int len);
 
 /* ---- Convert: integers to floats with a scale ------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n] * 2^-scaleFactor, n = 0 to len - 1: the conversion, then one multiplication. The scale factor is
  * limited at its low end so that no result overflows: to -112 (_16s32f), -96 (_32s32f), -1008 (_16s64f) and -992
  * (_32s64f); at its high end to 126 and, with doubles, 1022, so that none underflows. Only the conversion of _32s32f
@@ -44,6 +46,7 @@ OrbStatus orbsConvert_32s32f_Sfs(const Orb32s* pSrc, Orb32f* pDst, int len, int 
 OrbStatus orbsConvert_32s64f_Sfs(const Orb32s* pSrc, Orb64f* pDst, int len, int scaleFactor);
 
 /* ---- Convert: integers to integers with a scale ----------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n] * 2^-scaleFactor, n = 0 to len - 1, of the exact value; rounded to nearest with ties to even, then
  * saturated to 16, 24 or 32 bits. _64s32s: rounded only if rndMode is orbRndNear, with every other rndMode the bits below
  * the point are cut off, which goes toward minus infinity.
@@ -56,6 +59,7 @@ OrbStatus orbsConvert_32u24u_Sfs(const Orb32u* pSrc, Orb24u* pDst, int len, int 
 OrbStatus orbsConvert_64s32s_Sfs(const Orb64s* pSrc, Orb32s* pDst, int len, int rndMode, int scaleFactor);
 
 /* ---- Convert: floats to integers with a scale ------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n] * m, n = 0 to len - 1, made an integer and saturated, infinities too. rndMode orbRndZero cuts off
  * toward zero; every other value rounds to nearest with ties to even, and where the caller's rounding mode is another it
  * is switched meanwhile, and the denormals-are-zero bit cleared with it. _32f24s and _32f24u always round to nearest.
@@ -76,6 +80,7 @@ OrbStatus orbsConvert_32f24s_Sfs(const Orb32f* pSrc, Orb24s* pDst, int len, int 
 OrbStatus orbsConvert_32f24u_Sfs(const Orb32f* pSrc, Orb24u* pDst, int len, int scaleFactor);
 
 /* ---- Convert: half floats --------------------------------------------------------------------------------------
+ * Alignment: any.
  * IEEE 754 binary16, n = 0 to len - 1.
  *
  * _16f32f is exact, denormals included; infinities and NaNs keep their mantissa.
@@ -92,6 +97,7 @@ OrbStatus orbsConvert_16s16f(const Orb16s* pSrc, Orb16f* pDst, int len, int rndM
 OrbStatus orbsConvert_16f16s_Sfs(const Orb16f* pSrc, Orb16s* pDst, int len, int rndMode, int scaleFactor);
 
 /* ---- Join, JoinScaled, SplitScaled -----------------------------------------------------------------------------
+ * Alignment: any.
  * nChannels vectors of chanLen samples each, and one vector of nChannels * chanLen in which sample n of channel c is
  * element n * nChannels + c. No two vectors overlap.
  *

@@ -7,10 +7,11 @@
 ORBS_DECLARATIONS_BEGIN
 
 /* Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. Values are moved as they are, bit for bit: a signalling NaN stays one. All members may be
- * called from any number of threads on different data. */
+ * Values are moved as they are, bit for bit: a signalling NaN stays one. All members may be called from any number of
+ * threads on different data. */
 
 /* ---- Copy, Move ----------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n], n = 0 to len - 1. Copy: the arrays do not overlap, or are the same. Move: they may overlap in
  * any way, and pDst receives what pSrc held before the call. */
 OrbStatus orbsCopy_8u(const Orb8u* pSrc, Orb8u* pDst, int len);
@@ -37,6 +38,7 @@ OrbStatus orbsMove_64f(const Orb64f* pSrc, Orb64f* pDst, int len);
 OrbStatus orbsMove_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len);
 
 /* ---- Copy of bits --------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Bit strings of len bits; bit 0 of a string is the most significant bit of its byte. The copy takes len bits from bit
  * srcBitOffset of pSrc on and puts them to bit dstBitOffset of pDst on. Offsets are meant to be 0 to 7: only their low
  * three bits count, and the pointers are not moved by whole bytes of an offset. Nothing but the bits named changes, and
@@ -45,6 +47,7 @@ OrbStatus orbsMove_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len);
 OrbStatus orbsCopy_1u(const Orb8u* pSrc, int srcBitOffset, Orb8u* pDst, int dstBitOffset, int len);
 
 /* ---- Set, Zero -----------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = val, or 0, n = 0 to len - 1. */
 OrbStatus orbsSet_8u(Orb8u val, Orb8u* pDst, int len);
 OrbStatus orbsSet_16s(Orb16s val, Orb16s* pDst, int len);
@@ -70,6 +73,7 @@ OrbStatus orbsZero_64f(Orb64f* pDst, int len);
 OrbStatus orbsZero_64fc(Orb64fc* pDst, int len);
 
 /* ---- Flip, ConjFlip ------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Flip: pDst[n] = pSrc[len - 1 - n]; the _I forms reverse pSrcDst. ConjFlip: the same with each element conjugated as
  * by Conj. pDst may be pSrc. */
 OrbStatus orbsFlip_8u(const Orb8u* pSrc, Orb8u* pDst, int len);
@@ -89,6 +93,7 @@ OrbStatus orbsConjFlip_32fc(const Orb32fc* pSrc, Orb32fc* pDst, int len);
 OrbStatus orbsConjFlip_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len);
 
 /* ---- Real, Imag, CplxToReal, RealToCplx ----------------------------------------------------------------------
+ * Alignment: any.
  * pDstRe[n] = re of pSrc[n], pDstIm[n] = im of pSrc[n]; and back, pDst[n] = (pSrcRe[n], pSrcIm[n]). The arrays do not
  * overlap.
  * RealToCplx: one of the sources may be null, and that part is 0 then. Tests: pDst, then len, then both sources null
@@ -107,6 +112,7 @@ OrbStatus orbsRealToCplx_32f(const Orb32f* pSrcRe, const Orb32f* pSrcIm, Orb32fc
 OrbStatus orbsRealToCplx_64f(const Orb64f* pSrcRe, const Orb64f* pSrcIm, Orb64fc* pDst, int len);
 
 /* ---- Conj ----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = (re, -im) of pSrc[n]. Floats change the sign bit, of a zero and of a NaN too; in _16sc an imaginary part
  * of -32768 becomes 32767. pDst may be pSrc. */
 OrbStatus orbsConj_16sc(const Orb16sc* pSrc, Orb16sc* pDst, int len);

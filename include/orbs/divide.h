@@ -6,13 +6,14 @@
 
 ORBS_DECLARATIONS_BEGIN
 
-/* Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. A destination may be one of the sources; other overlaps are not supported. No scale factor is
- * an error. Integer members compute the same whatever the caller's rounding mode is, and raise no floating-point
- * exception; float members are IEEE operations under that mode. All members may be called from any number of threads on
- * different data, and spread long vectors over threads themselves, with the same results. */
+/* Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr). A
+ * destination may be one of the sources; other overlaps are not supported. No scale factor is an error. Integer members
+ * compute the same whatever the caller's rounding mode is, and raise no floating-point exception; float members are
+ * IEEE operations under that mode. All members may be called from any number of threads on different data, and spread
+ * long vectors over threads themselves, with the same results. */
 
 /* ---- Div -----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc2[n] / pSrc1[n], the first vector being the divisor; the _I and _ISfs forms: pSrcDst[n] /= pSrc[n];
  * n = 0 to len - 1.
  *
@@ -52,6 +53,7 @@ OrbStatus orbsDiv_64fc(const Orb64fc* pSrc1, const Orb64fc* pSrc2, Orb64fc* pDst
 OrbStatus orbsDiv_64fc_I(const Orb64fc* pSrc, Orb64fc* pSrcDst, int len);
 
 /* ---- DivC ----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = pSrc[n] / val; the _I and _ISfs forms: pSrcDst[n] /= val.
  *
  * Tests: pointers, len, then val: orbStsDivByZeroErr for a val of 0. Floats are refused unless val (complex: the sum of
@@ -84,6 +86,7 @@ OrbStatus orbsDivC_64fc(const Orb64fc* pSrc, Orb64fc val, Orb64fc* pDst, int len
 OrbStatus orbsDivC_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
 
 /* ---- DivCRev -------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = val / pSrc[n]; the _I forms: pSrcDst[n] = val / pSrcDst[n].
  *
  * Warning orbStsDivByZero if an element is 0. _16u: as Div_16u_Sfs with scale factor 0; an element of 0 gives 65535, and

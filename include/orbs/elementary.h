@@ -6,14 +6,15 @@
 
 ORBS_DECLARATIONS_BEGIN
 
-/* Order of the tests of every member: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr). Any alignment will
- * do. A destination may be its source where the types are equal; other overlaps are not supported. No scale factor is an
- * error. All members may be called from any number of threads on different data.
+/* Order of the tests of every member: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr). A destination may
+ * be its source where the types are equal; other overlaps are not supported. No scale factor is an error. All members
+ * may be called from any number of threads on different data.
  *
  * Errors are given in ulp, the distance of the floats around the exact result; docs/accuracy.md tells how they were
  * measured, in the usual rounding mode. The results have the same bits in every build of the library. */
 
 /* ---- Exp -----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = e^pSrc[n]; the _I and _ISfs forms work on pSrcDst; n = 0 to len - 1. There are no warnings.
  *
  * Floats are rounded to nearest whatever the caller's rounding mode is, overflow to infinity, and pass through the
@@ -41,6 +42,7 @@ OrbStatus orbsExp_64f_I(Orb64f* pSrcDst, int len);
 OrbStatus orbsExp_32f64f(const Orb32f* pSrc, Orb64f* pDst, int len);
 
 /* ---- Ln ------------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Natural logarithms: pDst[n] = ln pSrc[n]; the _I and _ISfs forms work on pSrcDst; n = 0 to len - 1.
  *
  * An argument that is zero or negative has a result of its own, told below, and the call goes on and returns a warning:
@@ -71,6 +73,7 @@ OrbStatus orbsLn_64f_I(Orb64f* pSrcDst, int len);
 OrbStatus orbsLn_64f32f(const Orb64f* pSrc, Orb32f* pDst, int len);
 
 /* ---- 10Log10 -------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Decibels of a power: pDst[n] = 10 * log10 pSrc[n], with the warnings of Ln and its results for zero and for negative
  * arguments.
  *
@@ -81,6 +84,7 @@ OrbStatus orbs10Log10_32s_Sfs(const Orb32s* pSrc, Orb32s* pDst, int len, int sca
 OrbStatus orbs10Log10_32s_ISfs(Orb32s* pSrcDst, int len, int scaleFactor);
 
 /* ---- Arctan --------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = arctan pSrc[n], in -pi/2 to pi/2; the _I forms work on pSrcDst; n = 0 to len - 1. The sign is that of the
  * argument, that of zero included; infinities give the float nearest to pi/2 and a NaN a NaN.
  * Worst case: _32f, _32f_I 0.92 ulp; _64f, _64f_I 0.61 ulp. */
@@ -90,6 +94,7 @@ OrbStatus orbsArctan_64f(const Orb64f* pSrc, Orb64f* pDst, int len);
 OrbStatus orbsArctan_64f_I(Orb64f* pSrcDst, int len);
 
 /* ---- Sqrt ----------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * pDst[n] = square root of pSrc[n]; the _I and _ISfs forms in place. Integer members compute the same whatever the
  * caller's rounding mode is.
  *
@@ -129,6 +134,7 @@ OrbStatus orbsSqrt_64fc(const Orb64fc* pSrc, Orb64fc* pDst, int len);
 OrbStatus orbsSqrt_64fc_I(Orb64fc* pSrcDst, int len);
 
 /* ---- Cubrt ---------------------------------------------------------------------------------------------------
+ * Alignment: any.
  * Cube roots with the sign of the argument, n = 0 to len - 1. There are no warnings.
  *
  * _32f: pDst[n] = cubrt pSrc[n], worst case 0.53 ulp; zeros and infinities come back as they are, and a NaN gives a NaN.

@@ -10,6 +10,7 @@ ORBS_DECLARATIONS_BEGIN
  * the same with the sign of the exponent changed; neither is divided by N unless the flag of the object says so. */
 
 /* ---- FFT objects ---------------------------------------------------------------------------------------------
+ * Alignment: of the elements.
  * An object holds all tables of one order and one kind of data, so that a transform computes no sine.
  * Kinds: C_32fc and C_64fc complex interleaved; C_32f and C_64f complex in two planes; R_32f and R_64f real.
  *
@@ -78,6 +79,7 @@ OrbStatus orbsFFTFree_R_64f(OrbsFFTSpec_R_64f* pSpec);
 OrbStatus orbsFFTGetBufSize_R_64f(const OrbsFFTSpec_R_64f* pSpec, int* pSize);
 
 /* ---- Complex transforms --------------------------------------------------------------------------------------
+ * Alignment: of the elements.
  * _32fc and _64fc: N interleaved complex points from pSrc to pDst. _32f and _64f: a plane of N real parts and one of N
  * imaginary parts. The destination may be the source (the _I forms); each plane may be in place or not by itself.
  * Other overlaps are not supported.
@@ -112,6 +114,7 @@ OrbStatus orbsFFTFwd_CToC_64f_I(Orb64f* pSrcDstRe, Orb64f* pSrcDstIm, const Orbs
 OrbStatus orbsFFTInv_CToC_64f_I(Orb64f* pSrcDstRe, Orb64f* pSrcDstIm, const OrbsFFTSpec_C_64f* pSpec, Orb8u* pBuffer);
 
 /* ---- Real transforms -----------------------------------------------------------------------------------------
+ * Alignment: of the elements.
  * N real samples to the half of their spectrum that is enough, in the layouts CCS, Pack or Perm (orbs/spectra.h), and
  * back. CCS arrays have N + 2 elements (2 for N = 1), also in the _I forms; Pack and Perm have N. Perm is what the
  * transform makes by itself; CCS costs two more writes, Pack a move of the spectrum by one place. The inverse does not

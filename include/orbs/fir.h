@@ -7,6 +7,7 @@
 ORBS_DECLARATIONS_BEGIN
 
 /* ---- FIR filter states ---------------------------------------------------------------------------------------
+ * Alignment: of the elements.
  * A state holds the taps h[0 .. tapsLen-1] and the last tapsLen samples of one stream x, and the calls of the next
  * family give y[n] = sum over k of h[k] * x[n-k]. In the calls here a delay line is newest sample first:
  * pDlyLine[0] is x[n-1] for the next output y[n], pDlyLine[tapsLen-1] the oldest. Taps are in natural order.
@@ -72,6 +73,7 @@ OrbStatus orbsFIRSetDlyLine_64fc(OrbsFIRState_64fc* pState, const Orb64fc* pDlyL
 OrbStatus orbsFIRGetDlyLine_64fc(const OrbsFIRState_64fc* pState, Orb64fc* pDlyLine);
 
 /* ---- FIR -----------------------------------------------------------------------------------------------------
+ * Alignment: of the elements.
  * pDst[n] = sum over k = 0 .. tapsLen-1 of h[k] * x[n-k] for the next numIters samples x = pSrc of the stream of a
  * state, whose delay line is brought up to date. orbsFIR_.._I: pSrcDst is replaced. orbsFIROne: one sample. Blocks of
  * any lengths and single samples may be mixed. pSrc and pDst must not overlap; the state is no part of either.
@@ -108,6 +110,7 @@ OrbStatus orbsFIR_64fc_I(Orb64fc* pSrcDst, int numIters, OrbsFIRState_64fc* pSta
 OrbStatus orbsFIROne_64fc(Orb64fc src, Orb64fc* pDstVal, OrbsFIRState_64fc* pState);
 
 /* ---- FIR without a state -------------------------------------------------------------------------------------
+ * Alignment: of the elements.
  * The same filter over the caller's taps (natural order), delay line and position: pDlyLine has 2 * tapsLen elements,
  * the second half a copy of the first, zeros at the start of a stream; *pDlyLineIndex, 0 at the start, is the place of
  * the oldest sample. For each sample x: pDlyLine[index] = pDlyLine[index + tapsLen] = x; index = index + 1, at tapsLen

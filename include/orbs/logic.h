@@ -6,11 +6,12 @@
 
 ORBS_DECLARATIONS_BEGIN
 
-/* Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr).
- * Any alignment will do. A destination may be one of the sources; other overlaps are not supported. All members may be
- * called from any number of threads on different data. */
+/* Order of the tests, unless a family says otherwise: pointers (orbStsNullPtrErr), then len below 1 (orbStsSizeErr). A
+ * destination may be one of the sources; other overlaps are not supported. All members may be called from any number of
+ * threads on different data. */
 
 /* ---- And, AndC, Or, OrC, Xor, XorC, Not ----------------------------------------------------------------------
+ * Alignment: any.
  * Bit by bit: pDst[n] = pSrc1[n] & pSrc2[n], | and ^; the _I forms: pSrcDst[n] = pSrcDst[n] & pSrc[n] and so on; the
  * constant forms: pDst[n] = pSrc[n] & val and so on, _I: pSrcDst[n] &= val and so on; Not: pDst[n] = ~pSrc[n],
  * _I: pSrcDst[n] = ~pSrcDst[n]; n = 0 to len - 1. AndC with a val of 0 does not read pSrc, which may not be null even so.
@@ -60,6 +61,7 @@ OrbStatus orbsNot_32u(const Orb32u* pSrc, Orb32u* pDst, int len);
 OrbStatus orbsNot_32u_I(Orb32u* pSrcDst, int len);
 
 /* ---- LShiftC, RShiftC ----------------------------------------------------------------------------------------
+ * Alignment: any.
  * LShiftC: pDst[n] = pSrc[n] * 2^val without the bits that leave the element: no saturation, and no regard for a sign.
  * RShiftC: pDst[n] = pSrc[n] / 2^val rounded down: a logical shift for unsigned, an arithmetic one for signed elements.
  * The _I forms shift pSrcDst. A val of the element's width and more gives 0; -1 for a negative element of RShiftC_16s and

@@ -23,10 +23,11 @@ ORBS_DECLARATIONS_BEGIN
  * CCS is an array of M + 1 complex elements. Perm is what the real transforms work in; from Pack and CCS they move
  * values on the way in or out.
  *
- * Order of the tests: pointers (orbStsNullPtrErr), then len or lenDst below 1 (orbStsSizeErr). Any alignment will do. All
- * members may be called from any number of threads on different data. */
+ * Order of the tests: pointers (orbStsNullPtrErr), then len or lenDst below 1 (orbStsSizeErr). All members may be
+ * called from any number of threads on different data. */
 
 /* ---- ConjCcs, ConjPack, ConjPerm -----------------------------------------------------------------------------
+ * Alignment: any.
  * The whole spectrum of lenDst = N complex elements from a packed one: pDst[k] = X[k] for k = 0 to M, and
  * pDst[N-k] = conj X[k] for k = 1 to N-M-1.
  *
@@ -55,6 +56,7 @@ OrbStatus orbsConjPerm_16sc(const Orb16s* pSrc, Orb16sc* pDst, int lenDst);
 OrbStatus orbsConjPerm_16sc_I(Orb16sc* pSrcDst, int lenDst);
 
 /* ---- MulPack, MulPerm, MulPackConj ---------------------------------------------------------------------------
+ * Alignment: any.
  * The product, bin by bin, of two packed spectra of real signals of len samples: the spectrum of their circular
  * convolution. The _I forms: pSrcDst = pSrc * pSrcDst. MulPackConj takes the conjugate of pSrc, which gives the spectrum
  * of the circular correlation.

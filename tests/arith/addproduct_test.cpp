@@ -7,29 +7,28 @@ using namespace member;
 
 // Calls the member over a copy of `sum` and compares with rule(a, b, sum).
 template <class A, class D, class Call, class Rule>
-void expectSums(Call call, Rule rule, const std::vector<A>& a, const std::vector<A>& b, const std::vector<D>& sum) {
+void expectSums(const std::string& name, Call call, Rule rule, const std::vector<A>& a, const std::vector<A>& b,
+                const std::vector<D>& sum) {
     std::vector<D> want(sum.size());
     for (std::size_t n = 0; n < sum.size(); ++n) want[n] = rule(a[n], b[n], sum[n]);
     Guarded<D> dst(sum.size());
     std::copy(sum.begin(), sum.end(), dst.begin());
     ASSERT_EQ(call(a.data(), b.data(), dst.data(), static_cast<int>(sum.size())), orbStsNoErr);
-    EXPECT_EQ(firstDifference(dst, want), want.size()) << "len " << want.size();
-    EXPECT_TRUE(dst.intact());
+    EXPECT_TRUE(sameValues(dst, want, a, b, sum)) << name;
+    EXPECT_TRUE(dst.intact()) << name;
 }
 
 template <class A, class D, class Rule>
 void expectScaledSums(OrbStatus (*function)(const A*, const A*, D*, int, int), Rule rule, int lowest, int highest) {
-    std::vector<int> scaleFactors{1000, -1000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
-    for (int s = lowest - 1; s <= highest + 1; ++s) scaleFactors.push_back(s);
-    for (const int s : scaleFactors) {
-        SCOPED_TRACE(s);
+    for (const int s : support::scaleFactors(lowest - 1, highest + 1)) {
         for (const std::size_t len : {1, 7, 63, 800}) {
             const auto seed = static_cast<unsigned>(s) + len;
             auto sum = support::randomVector<D>(len, seed + 2);
             for (std::size_t n = 0; n < len; n += 3) sum[n] = static_cast<D>(sum[n] % 8); // beside small products, too
-            expectSums([=](const A* a, const A* b, D* dst, int n) { return function(a, b, dst, n, s); },
-                       [=](A a, A b, D d) { return rule(a, b, d, s); }, support::randomVector<A>(len, seed),
-                       support::randomVector<A>(len, seed + 1), sum);
+            expectSums(
+                callOf(function, s), [=](const A* a, const A* b, D* dst, int n) { return function(a, b, dst, n, s); },
+                [=](A a, A b, D d) { return rule(a, b, d, s); }, support::randomVector<A>(len, seed),
+                support::randomVector<A>(len, seed + 1), sum);
         }
     }
 }
@@ -68,7 +67,7 @@ TEST(AddProduct, Of32BitsIsComputedInDouble) {
 TEST(AddProduct, OfFloatsRoundsTheProductFirst) {
     const auto test = [](auto function, auto zero) {
         using T = decltype(zero);
-        using Part = typename PartOf<T>::Type;
+        using Part = support::Part<T>;
         const Part e = std::numeric_limits<Part>::epsilon();
         for (const std::size_t len : {1, 3, 8, 100}) {
             auto a = support::randomVector<T>(len, 1), b = support::randomVector<T>(len, 2);
@@ -81,7 +80,7 @@ TEST(AddProduct, OfFloatsRoundsTheProductFirst) {
                     return d + x * y;
                 }
             };
-            expectSums(function, rule, a, b, sum);
+            expectSums(callOf(function), function, rule, a, b, sum);
         }
     };
     test(&orbsAddProduct_32f, Orb32f{});
@@ -92,6 +91,7 @@ TEST(AddProduct, OfFloatsRoundsTheProductFirst) {
     const auto a = support::randomVector<Orb32f>(101, 1), sum = support::randomVector<Orb32f>(101, 2);
     for (const Orb32f val : {0.0f, 1.0f, 0.3f, std::numeric_limits<float>::quiet_NaN()})
         expectSums(
+            callOf(&orbsAddProductC_32f, val),
             [=](const Orb32f* x, const Orb32f*, Orb32f* dst, int n) { return orbsAddProductC_32f(x, val, dst, n); },
             [=](Orb32f x, Orb32f, Orb32f d) { return d + x * val; }, a, a, sum);
 }
@@ -105,7 +105,7 @@ TEST(AddProduct, OverlapIsThatOfAnAscendingLoop) {
             auto want = memory, got = memory;
             for (int n = 0; n < len; ++n) want[20 + n] += want[first + n] * want[second + n];
             ASSERT_EQ(orbsAddProduct_64f(got.data() + first, got.data() + second, got.data() + 20, len), orbStsNoErr);
-            EXPECT_EQ(firstDifference(got, want), want.size()) << first << ", " << second;
+            EXPECT_TRUE(sameValues(got, want)) << "AddProduct_64f from " << first << " and " << second << " to 20";
         }
     }
 }

@@ -18,7 +18,7 @@ T scaledTo(long double r, int s) {
 struct ScaledProduct {
     template <class R, class A, class B>
     static R of(A a, B b, int s) {
-        using Part = typename PartOf<R>::Type;
+        using Part = support::Part<R>;
         if constexpr (support::isComplex<A> && support::isComplex<B> && sizeof(Part) == 4 &&
                       !std::is_same_v<Part, float>) {
             using Wide = long double;
@@ -116,8 +116,8 @@ TEST(Mul, TiesGoToEven) {
 TEST(Mul, LargestImaginaryPart) {
     const auto test = [](auto function, auto rule) {
         using C = ResultOf<decltype(function)>;
-        constexpr auto least = std::numeric_limits<typename PartOf<C>::Type>::min();
-        constexpr auto most = std::numeric_limits<typename PartOf<C>::Type>::max();
+        constexpr auto least = std::numeric_limits<Part<C>>::min();
+        constexpr auto most = std::numeric_limits<Part<C>>::max();
         for (int s = -17; s <= 64; ++s) {
             for (const C val : {C{least, least}, C{most, least}, C{least, most}, C{0, least}}) {
                 std::vector<C> a(37, C{least, least}), b(37, val);

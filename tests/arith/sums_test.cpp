@@ -11,7 +11,7 @@ using namespace member;
 template <class R, class Combine, class A, class B>
 R each(Combine combine, A a, B b, int s) {
     if constexpr (support::isComplex<R>) {
-        using Part = typename PartOf<R>::Type;
+        using Part = support::Part<R>;
         return {each<Part>(combine, a.re, b.re, s), each<Part>(combine, a.im, b.im, s)};
     } else if constexpr (std::is_floating_point_v<A>) {
         return combine(a, b);
@@ -85,7 +85,7 @@ void forEachComplexSum(Test test) {
 TEST(Sums, FollowTheScaleRule) {
     forEachInteger([](auto function, auto rule) {
         using R = ResultOf<decltype(function)>;
-        const int bits = 8 * static_cast<int>(sizeof(typename PartOf<R>::Type));
+        const int bits = 8 * static_cast<int>(sizeof(Part<R>));
         expectScaled(function, rule, -bits, bits + 1);
     });
 }

@@ -23,8 +23,8 @@ void expectSwaps(OrbStatus (*swap)(const T*, T*, int), OrbStatus (*swapInPlace)(
         ASSERT_EQ(swap(ontoItself.data(), ontoItself.data(), len), orbStsNoErr);
         auto want = src;
         std::transform(want.begin(), want.begin() + len, want.begin(), reversed<T>);
-        ASSERT_TRUE(support::sameBits(inPlace, want)) << "len " << len;
-        ASSERT_TRUE(support::sameBits(ontoItself, want)) << "len " << len;
+        ASSERT_TRUE(support::sameBits(inPlace, want, src)) << support::callOf(swapInPlace) << ", len " << len;
+        ASSERT_TRUE(support::sameBits(ontoItself, want, src)) << support::callOf(swap) << " in place, len " << len;
     }
 }
 

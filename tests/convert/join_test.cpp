@@ -88,8 +88,8 @@ void expectJoins(OrbStatus (*join)(const Orb32f* const*, int, int, T*), Rule rul
         const Orb32u mode = support::roundingModes[channels % 4];
         ASSERT_EQ(support::inMode(mode, [&] { return join(src.pointers.data(), channels, len, dst.data()); }),
                   orbStsNoErr);
-        expectElements(dst.data(), want.data(), values.data(), count);
-        EXPECT_TRUE(dst.intact());
+        ASSERT_TRUE(sameValues(dst, want, values)) << callOf(join);
+        EXPECT_TRUE(dst.intact()) << callOf(join);
     });
 }
 
@@ -102,12 +102,13 @@ void expectSplits(OrbStatus (*split)(const T*, Orb32f* const*, int, int), Rule r
         std::copy(values.begin(), values.end(), src.begin());
         Channels<float> dst(channels, len);
         ASSERT_EQ(split(src.data(), dst.pointers.data(), channels, len), orbStsNoErr);
+        std::vector<float> got, want;
         for (std::size_t n = 0; n < count; ++n) {
-            const auto c = n % static_cast<std::size_t>(channels);
-            const float want = rule(values[n]);
-            expectElements(&dst.pointers[c][n / static_cast<std::size_t>(channels)], &want, &values[n], 1);
+            got.push_back(dst.pointers[n % static_cast<std::size_t>(channels)][n / static_cast<std::size_t>(channels)]);
+            want.push_back(rule(values[n]));
         }
-        for (const auto& channel : dst.each) EXPECT_TRUE(channel->intact());
+        ASSERT_TRUE(sameValues(got, want, values)) << callOf(split);
+        for (const auto& channel : dst.each) EXPECT_TRUE(channel->intact()) << callOf(split);
     });
 }
 

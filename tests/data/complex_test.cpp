@@ -9,6 +9,7 @@ using namespace complex_shape;
 template <class C, class R>
 void expectParts(OrbStatus (*real)(const C*, R*, int), OrbStatus (*imaginary)(const C*, R*, int),
                  OrbStatus (*both)(const C*, R*, R*, int)) {
+    SCOPED_TRACE(callOf(both));
     for (const std::size_t len : lengths()) {
         const auto src = elements<C>(len);
         std::vector<R> re(len), im(len);
@@ -19,15 +20,16 @@ void expectParts(OrbStatus (*real)(const C*, R*, int), OrbStatus (*imaginary)(co
         const auto toRe = [&](const C* pSrc, R* pDst, int count) { return both(pSrc, pDst, other.data(), count); };
         const auto toIm = [&](const C* pSrc, R* pDst, int count) { return both(pSrc, other.data(), pDst, count); };
         expectResult(toRe, src, re);
-        ASSERT_TRUE(support::sameBits(other.data(), im.data(), len));
+        ASSERT_TRUE(sameBits(other, im, src));
         expectResult(toIm, src, im);
-        ASSERT_TRUE(support::sameBits(other.data(), re.data(), len));
+        ASSERT_TRUE(sameBits(other, re, src));
         EXPECT_TRUE(other.intact());
     }
 }
 
 template <class C, class R>
 void expectJoins(OrbStatus (*join)(const R*, const R*, C*, int)) {
+    SCOPED_TRACE(callOf(join));
     for (const std::size_t len : lengths()) {
         const auto re = elements<R>(len, 1), im = elements<R>(len, 2);
         std::vector<C> both(len), onlyRe(len), onlyIm(len);

@@ -1,14 +1,15 @@
 #include "orbs.h"
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/guarded.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace {
 
+using support::callOf;
 using support::Edge;
 using support::Guarded;
+using support::sameBits;
 
 // Random bytes: every bit pattern is to arrive, that of a signalling NaN too.
 template <class T>
@@ -33,10 +34,10 @@ void expectCopies(OrbStatus (*copy)(const T*, T*, int)) {
         Guarded<T> src(len), dst(len);
         std::copy(values.begin(), values.end(), src.begin());
         ASSERT_EQ(copy(src.data(), dst.data(), static_cast<int>(len)), orbStsNoErr);
-        ASSERT_TRUE(support::sameBits(dst.data(), values.data(), len)) << "len " << len;
-        EXPECT_TRUE(dst.intact());
+        ASSERT_TRUE(sameBits(dst, values)) << callOf(copy);
+        EXPECT_TRUE(dst.intact()) << callOf(copy);
         ASSERT_EQ(copy(dst.data(), dst.data(), static_cast<int>(len)), orbStsNoErr);
-        ASSERT_TRUE(support::sameBits(dst.data(), values.data(), len)) << "onto itself, len " << len;
+        ASSERT_TRUE(sameBits(dst, values)) << callOf(copy) << " onto itself";
     }
 }
 
@@ -51,7 +52,7 @@ void expectMoves(OrbStatus (*move)(const T*, T*, int)) {
             const int from = 80, to = from + distance;
             std::copy_n(before.begin() + from, len, want.begin() + to);
             ASSERT_EQ(move(&block[from], &block[to], len), orbStsNoErr);
-            ASSERT_TRUE(support::sameBits(block, want)) << "distance " << distance << ", len " << len;
+            ASSERT_TRUE(sameBits(block, want)) << callOf(move) << " by " << distance << ", len " << len;
         }
     }
 }
@@ -64,9 +65,8 @@ void expectSets(OrbStatus (*set)(Value, T*, int)) {
         for (const Edge edge : {Edge::end, Edge::begin}) {
             Guarded<T> dst(len, edge);
             ASSERT_EQ(set(val, dst.data(), static_cast<int>(len)), orbStsNoErr);
-            ASSERT_TRUE(std::all_of(dst.begin(), dst.end(), [&](const T& t) { return support::sameBits(&t, &val, 1); }))
-                << "len " << len;
-            EXPECT_TRUE(dst.intact());
+            ASSERT_TRUE(sameBits(dst, std::vector<T>(len, val))) << callOf(set);
+            EXPECT_TRUE(dst.intact()) << callOf(set);
         }
     }
 }
@@ -76,9 +76,8 @@ void expectZeros(OrbStatus (*zero)(T*, int)) {
     for (const std::size_t len : lengths()) {
         Guarded<T> dst(len);
         ASSERT_EQ(zero(dst.data(), static_cast<int>(len)), orbStsNoErr);
-        const auto* bytes = reinterpret_cast<const Orb8u*>(dst.data());
-        ASSERT_TRUE(std::all_of(bytes, bytes + len * sizeof(T), [](Orb8u b) { return b == 0; })) << "len " << len;
-        EXPECT_TRUE(dst.intact());
+        ASSERT_TRUE(sameBits(dst, std::vector<T>(len))) << callOf(zero);
+        EXPECT_TRUE(dst.intact()) << callOf(zero);
     }
 }
 

@@ -1,8 +1,6 @@
 #include "orbs.h"
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/guarded.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -33,7 +31,7 @@ void expectCopied(int srcOffset, int dstOffset, int len, Edge edge) {
             << "offsets " << srcOffset << ", " << dstOffset << ", len " << len << ", bit " << n;
     }
     EXPECT_TRUE(dst.intact());
-    EXPECT_TRUE(support::sameBits(src.data(), source.data(), source.size()));
+    EXPECT_TRUE(support::sameBits(src, source));
 }
 
 TEST(CopyBits, EveryPairOfOffsetsAtEveryShortLength) {

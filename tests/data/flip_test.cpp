@@ -19,6 +19,7 @@ auto overItself(OutOfPlace<T> member) {
 
 template <class T>
 void expectFlips(OutOfPlace<T> flip, InPlace<T> flipInPlace) {
+    SCOPED_TRACE(callOf(flip));
     for (const std::size_t len : lengths()) {
         const auto src = elements<T>(len);
         const std::vector<T> want(src.rbegin(), src.rend());
@@ -30,6 +31,7 @@ void expectFlips(OutOfPlace<T> flip, InPlace<T> flipInPlace) {
 
 template <class T>
 void expectConjugateFlips(OutOfPlace<T> conjFlip) {
+    SCOPED_TRACE(callOf(conjFlip));
     for (const std::size_t len : lengths()) {
         const auto src = elements<T>(len);
         std::vector<T> want(src.rbegin(), src.rend());
@@ -41,6 +43,7 @@ void expectConjugateFlips(OutOfPlace<T> conjFlip) {
 
 template <class T>
 void expectConjugates(OutOfPlace<T> conj, InPlace<T> conjInPlace) {
+    SCOPED_TRACE(callOf(conj));
     for (const std::size_t len : lengths()) {
         const auto src = elements<T>(len);
         auto want = src;

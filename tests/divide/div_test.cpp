@@ -9,11 +9,6 @@ using namespace member;
 
 // ---- The formulas ----
 
-template <class R, class Real>
-R nearest(Real v) {
-    return static_cast<R>(
-        std::clamp<Real>(std::nearbyint(v), std::numeric_limits<R>::min(), std::numeric_limits<R>::max()));
-}
 template <class R>
 R extreme(std::int64_t sign) {
     return sign == 0 ? R{0} : sign > 0 ? std::numeric_limits<R>::max() : std::numeric_limits<R>::min();
@@ -154,7 +149,8 @@ TEST(Div, Of16BitsIsTheSeriesThatItSays) {
         ASSERT_EQ(orbsDiv_16u_Sfs(b.data(), a.data(), r.data(), static_cast<int>(r.size()), s), orbStsNoErr);
         for (std::size_t n = 0; n < r.size(); ++n) {
             const double exact = std::min(std::ldexp(double(a[n]), -s) / b[n], 65535.0);
-            ASSERT_LE(std::fabs(r[n] - exact), 0.5 + exact * 0x1p-22) << a[n] << " / " << b[n] << ", " << s;
+            ASSERT_LE(std::fabs(r[n] - exact), 0.5 + exact * 0x1p-22)
+                << "Div_16u_Sfs: " << a[n] << " / " << b[n] << ", scale factor " << s;
         }
     }
 }
@@ -217,7 +213,7 @@ TEST(Div, WarnsOfAZeroInEitherHalf) {
         using B = FirstOf<decltype(function)>;
         using A = SecondOf<decltype(function)>;
         const auto len = static_cast<std::size_t>(from) + 1;
-        const B one = element<B>(typename PartOf<B>::Type{1}, typename PartOf<B>::Type{0});
+        const B one = element<B>(Part<B>{1}, Part<B>{0});
         for (const int threads : {1, 2, 5}) {
             const support::ThreadCount count(threads);
             for (const std::size_t zero : {std::size_t{0}, len / 2 - 1, len / 2, len - 1, len}) {
@@ -227,7 +223,8 @@ TEST(Div, WarnsOfAZeroInEitherHalf) {
                 std::vector<A> a(len);
                 const OrbStatus status =
                     Shape<decltype(function)>::call(function, b.data(), a.data(), r.data(), from + 1, 0);
-                EXPECT_EQ(status, zero < len ? orbStsDivByZero : orbStsNoErr) << zero << " of " << len;
+                EXPECT_EQ(status, zero < len ? orbStsDivByZero : orbStsNoErr)
+                    << callOf(function) << ", zero " << zero << " of " << len << ", " << threads << " threads";
             }
         }
     };

@@ -7,12 +7,6 @@ using namespace member;
 
 // ---- The formulas ----
 
-template <class R, class Real>
-R nearest(Real v) {
-    return static_cast<R>(
-        std::clamp<Real>(std::nearbyint(v), std::numeric_limits<R>::min(), std::numeric_limits<R>::max()));
-}
-
 struct Refusal {
     template <class T>
     OrbStatus status(T, T val, int) const {
@@ -95,7 +89,9 @@ TEST(DivC, OfComplexIntegersIsAccurate) {
                     const long double exact = std::clamp((one + other) / square, -32768.0L, 32767.0L);
                     // Four roundings of single precision: two products, their sum, and the reciprocal; and the product.
                     const long double most = 5 * 0x1p-24L * (std::fabs(one) + std::fabs(other)) / square;
-                    ASSERT_LE(std::fabs(got - exact), 0.5L + std::min(most, 2.0L * 32768)) << s;
+                    ASSERT_LE(std::fabs(got - exact), 0.5L + std::min(most, 2.0L * 32768))
+                        << "DivC_16sc_Sfs: " << support::shown(x[n]) << " / " << support::shown(v) << ", scale factor "
+                        << s;
                 };
                 close(r[n].re, 1.0L * x[n].re * v.re, 1.0L * x[n].im * v.im);
                 close(r[n].im, 1.0L * x[n].im * v.re, -1.0L * x[n].re * v.im);

@@ -1,13 +1,13 @@
 // Sqrt.
-#include "support/float_member.h"
-#include "support/member.h"
+#include "support/threads.h"
+#include "support/unary_member.h"
 
+#include <cfenv>
 #include <xmmintrin.h>
 
 namespace {
 
-using elementary::call;
-using elementary::everyValue;
+using namespace unary_member;
 
 // ---- Integers: is y the nearest integer to the root of x * 4^-s? All in integers of 128 bits. ----
 
@@ -54,15 +54,13 @@ void expectRoots(Member function, const std::vector<S>& x, int s) {
     for (std::size_t n = 0; n < x.size(); ++n) {
         negative |= x[n] < 0;
         ASSERT_TRUE(x[n] < 0 ? got.y[n] == 0 : isNearestRoot(static_cast<Orb64u>(x[n]), s, got.y[n]))
-            << +got.y[n] << " is not the root of " << +x[n] << ", scale factor " << s;
+            << callOf(function, s) << ": element " << n << " is " << +got.y[n] << ", not the root of " << +x[n];
     }
-    EXPECT_EQ(got.status, negative ? orbStsSqrtNegArg : orbStsNoErr);
+    EXPECT_EQ(got.status, negative ? orbStsSqrtNegArg : orbStsNoErr) << callOf(function, s);
 }
 template <class S, class... Member>
 void expectRootsAtEveryScale(const std::vector<S>& x, int lowest, int highest, Member... function) {
-    std::vector<int> scaleFactors{1000, -1000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
-    for (int s = lowest - 2; s <= highest + 2; ++s) scaleFactors.push_back(s);
-    for (const int s : scaleFactors) (expectRoots(function, x, s), ...);
+    for (const int s : support::scaleFactors(lowest - 2, highest + 2)) (expectRoots(function, x, s), ...);
 }
 
 // Squares, squares of the middles between integers at every scale, and what lies beside them.
@@ -108,7 +106,9 @@ TEST(Sqrt, WarnsOfANegativeElementInEitherHalf) {
                         return call(function, x, 0);
                     }
                 }();
-                EXPECT_EQ(got.status, at < len ? orbStsSqrtNegArg : orbStsNoErr) << at << " of " << len;
+                EXPECT_EQ(got.status, at < len ? orbStsSqrtNegArg : orbStsNoErr)
+                    << callOf(function) << ", negative element " << at << " of " << len << ", " << threads
+                    << " threads";
             }
         }
     };
@@ -126,6 +126,7 @@ template <class T>
 void expectFloatRoots(OrbStatus (*function)(const T*, T*, int), OrbStatus (*inPlace)(T*, int)) {
     using Limits = std::numeric_limits<T>;
     const T nan = Limits::quiet_NaN();
+    const auto root = [](T x) { return std::sqrt(x); };
     struct {
         T x;
         OrbStatus status;
@@ -146,10 +147,10 @@ void expectFloatRoots(OrbStatus (*function)(const T*, T*, int), OrbStatus (*inPl
         for (const std::size_t at : {0, 16, 36}) {
             std::vector<T> x(37, T{2});
             x[at] = c.x;
-            for (const auto& got : {call(function, x), call(inPlace, x)}) {
-                EXPECT_EQ(got.status, c.status) << c.x;
-                for (std::size_t n = 0; n < x.size(); ++n) ASSERT_TRUE(member::same(got.y[n], std::sqrt(x[n]))) << x[n];
-            }
+            expectRule(function, x, root);
+            expectRule(inPlace, x, root);
+            EXPECT_EQ(call(function, x).status, c.status) << callOf(function) << " of " << c.x;
+            EXPECT_EQ(call(inPlace, x).status, c.status) << callOf(inPlace) << " of " << c.x;
         }
     }
     auto x = support::randomVector<T>(6000);
@@ -158,8 +159,7 @@ void expectFloatRoots(OrbStatus (*function)(const T*, T*, int), OrbStatus (*inPl
     for (const int threads : {1, 2}) {
         const support::ThreadCount count(threads);
         std::fesetround(FE_UPWARD);
-        const auto got = call(function, x);
-        for (std::size_t n = 0; n < x.size(); ++n) ASSERT_EQ(got.y[n], std::sqrt(x[n]));
+        expectRule(function, x, root);
         std::fesetround(mode);
     }
 }
@@ -197,7 +197,7 @@ TEST(Sqrt, LeavesTheStateOfTheProcessorAlone) {
     EXPECT_EQ(after, strict);
     EXPECT_EQ(x87After, x87Strict);
     EXPECT_EQ(status, orbStsSqrtNegArg);
-    EXPECT_TRUE(member::same(ri, nearest));
+    EXPECT_TRUE(support::identical(ri, nearest));
     EXPECT_EQ(root, nearestRoot);
 }
 
@@ -232,16 +232,13 @@ TEST(Sqrt, OfComplexIntegersScaledDownRoundsTheMagnitudeFirst) {
     z.push_back({-32768, -32768});
     for (Orb16s re = -150; re <= 150; ++re)
         for (Orb16s im = -90; im <= 90; ++im) z.push_back({re, im});
+    const auto rounded = [](Orb16sc w, int s) -> Orb16sc {
+        const int re = partOfRounded(w.re, w.im, 1, s), im = partOfRounded(w.re, w.im, -1, s);
+        return {static_cast<Orb16s>(re), static_cast<Orb16s>(w.im < 0 ? -im : im)};
+    };
     for (int s = 1; s <= 8; ++s) {
-        const auto got = call(&orbsSqrt_16sc_Sfs, z, s), inPlace = call(&orbsSqrt_16sc_ISfs, z, s);
-        EXPECT_EQ(got.status, orbStsNoErr);
-        ASSERT_TRUE(support::sameBits(got.y, inPlace.y));
-        for (std::size_t n = 0; n < z.size(); ++n) {
-            const auto [re, im] = z[n];
-            const int imaginary = partOfRounded(re, im, -1, s);
-            ASSERT_EQ(got.y[n].re, partOfRounded(re, im, 1, s)) << re << ", " << im << " at " << s;
-            ASSERT_EQ(got.y[n].im, im < 0 ? -imaginary : imaginary) << re << ", " << im << " at " << s;
-        }
+        expectRule(&orbsSqrt_16sc_Sfs, z, rounded, s);
+        expectRule(&orbsSqrt_16sc_ISfs, z, rounded, s);
     }
     EXPECT_EQ(call(&orbsSqrt_16sc_Sfs, std::vector<Orb16sc>{{25, 0}}, 1).y[0].re, 3);
 }
@@ -257,13 +254,11 @@ TEST(Sqrt, OfComplexIntegersIsTheNearestInteger) {
         for (int q = 0; q <= 180; q += 7)
             if (std::abs(p * p - q * q) < 32768 && 2 * p * q < 32768)
                 z.push_back({static_cast<Orb16s>(p * p - q * q), static_cast<Orb16s>(q % 2 ? -2 * p * q : 2 * p * q)});
-    std::vector<int> scaleFactors{1000, -1000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
-    for (int s = -26; s <= 0; ++s) scaleFactors.push_back(s);
-    for (const int s : {9, 10}) scaleFactors.push_back(s);
-    for (const int s : scaleFactors) {
+    for (const int s : support::scaleFactors(-26, 10)) {
+        if (s > 0 && s <= 8) continue;
         const auto got = call(&orbsSqrt_16sc_Sfs, z, s), inPlace = call(&orbsSqrt_16sc_ISfs, z, s);
         EXPECT_EQ(got.status, orbStsNoErr);
-        ASSERT_TRUE(support::sameBits(got.y, inPlace.y));
+        ASSERT_TRUE(sameBits(inPlace.y, got.y, z)) << "in place, scale factor " << s;
         for (std::size_t n = 0; n < z.size(); ++n) {
             const Root root = rootOf(z[n]);
             const auto expectPart = [&](Orb16s y, Exact part) {
@@ -299,13 +294,13 @@ void expectComplexRoots(OrbStatus (*function)(const C*, C*, int), OrbStatus (*in
     z.push_back({-Limits::denorm_min(), Limits::denorm_min()});
     const auto got = call(function, z), over = call(inPlace, z);
     ASSERT_EQ(got.status, orbStsNoErr);
-    ASSERT_TRUE(support::sameBits(got.y, over.y));
+    ASSERT_TRUE(sameBits(over.y, got.y, z)) << callOf(inPlace);
     for (std::size_t n = 0; n < z.size(); ++n) {
         const Root root = rootOf(z[n]);
         const auto expectPart = [&](Real y, Exact exact) {
             ASSERT_LE(std::fabs(y - exact), bound * std::fabs(exact) + Limits::denorm_min())
-                << z[n].re << ", " << z[n].im;
-            ASSERT_EQ(std::signbit(y), std::signbit(exact));
+                << callOf(function) << " of " << shown(z[n]);
+            ASSERT_EQ(std::signbit(y), std::signbit(exact)) << callOf(function) << " of " << shown(z[n]);
         };
         expectPart(got.y[n].re, root.re);
         expectPart(got.y[n].im, root.im);
@@ -314,8 +309,10 @@ void expectComplexRoots(OrbStatus (*function)(const C*, C*, int), OrbStatus (*in
     const C special[][2] = {{{zero, zero}, {zero, zero}}, {{-zero, -zero}, {zero, -zero}}, {{-4, -zero}, {zero, -2}},
                             {{inf, 3}, {inf, zero}},      {{-inf, -3}, {zero, -inf}},      {{1, -inf}, {inf, -inf}},
                             {{inf, inf}, {inf, inf}},     {{nan, 1}, {nan, nan}},          {{1, nan}, {nan, nan}}};
-    for (const auto& [x, y] : special)
-        EXPECT_TRUE(member::same(call(function, std::vector<C>{x}).y[0], y)) << x.re << ", " << x.im;
+    for (const auto& [x, y] : special) {
+        const std::vector<C> from{x}, want{y};
+        EXPECT_TRUE(sameValues(call(function, from).y, want, from)) << callOf(function);
+    }
 }
 TEST(Sqrt, OfComplexFloatsIsAccurateOverTheWholeRange) {
     expectComplexRoots(&orbsSqrt_32fc, &orbsSqrt_32fc_I, 0x1.00001p-24L);
@@ -335,8 +332,8 @@ TEST(Sqrt, IsTheSameForEveryThreadCountAndRoundingMode) {
             if (sizeof...(s) > 0) std::fesetround(FE_UPWARD);
             const auto got = call(function, x, s...);
             std::fesetround(mode);
-            EXPECT_EQ(got.status, want.status);
-            EXPECT_EQ(member::firstDifference(got.y, want.y), x.size()) << threads << " threads";
+            EXPECT_EQ(got.status, want.status) << callOf(function, s...) << ", " << threads << " threads";
+            EXPECT_TRUE(sameValues(got.y, want.y, x)) << callOf(function, s...) << ", " << threads << " threads";
         }
     };
     for (const int s : {-9, -2, 0, 3}) {

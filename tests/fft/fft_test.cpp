@@ -1,16 +1,16 @@
 // Power-of-two transforms against a long double reference, and every way of calling them against each other.
 #include "orbs.h"
 
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/fourier.h"
 #include "support/guarded.h"
 
-#include <gtest/gtest.h>
 #include <memory>
 
 namespace {
 
 using support::Complex;
+using support::nameOf;
 using support::randomVector;
 using support::sameBits;
 
@@ -131,7 +131,7 @@ void expectComplexAccurate(int order) {
                                           reinterpret_cast<typename P::Interleaved*>(y.data()), spec.get(), nullptr),
                       orbStsNoErr);
             EXPECT_LE(support::relativeError(y.data(), exact.data(), n, scaleOf(flag, inverse, n)), tolerance<T>(order))
-                << "order " << order << " flag " << flag << " inverse " << inverse;
+                << nameOf(P::complex[inverse]) << " of order " << order << ", flag " << flag;
         }
     }
 }
@@ -159,13 +159,14 @@ void expectRealAccurate(int order) {
             const auto half = bins(spectrum, n, layout);
             EXPECT_LE(support::relativeError(half.data(), exact.data(), n / 2 + 1, scaleOf(flag, false, n)),
                       tolerance<T>(order + 1))
-                << "order " << order << " flag " << flag << " layout " << layout;
+                << nameOf(P::forward[layout]) << " of order " << order << ", flag " << flag;
             ASSERT_EQ(P::inverse[layout](spectrum.data(), back.data(), spec.get(), nullptr), orbStsNoErr);
             const auto factor = scaleOf(flag, false, n) * scaleOf(flag, true, n) * static_cast<long double>(n);
             double worst = 0;
             for (std::size_t k = 0; k < n; ++k)
                 worst = std::max<double>(worst, std::abs(back[k] - static_cast<T>(x[k] * factor)));
-            EXPECT_LE(worst, 5 * 2 * tolerance<T>(order + 1) * static_cast<double>(factor)); // five sigma, two ways
+            EXPECT_LE(worst, 5 * 2 * tolerance<T>(order + 1) * static_cast<double>(factor)) // five sigma, two ways
+                << nameOf(P::inverse[layout]) << " of order " << order << ", flag " << flag;
         }
     }
 }
@@ -191,7 +192,7 @@ TYPED_TEST(Fft, ImpulseAndConstantAreExact) {
         std::vector<C> x(n, C{0, 0});
         x[0] = {1, -2};
         ASSERT_EQ(TypeParam::complexI[0](x.data(), spec.get(), nullptr), orbStsNoErr);
-        for (const C& bin : x) ASSERT_TRUE(bin.re == 1 && bin.im == -2);
+        ASSERT_TRUE(sameBits(x, std::vector<C>(n, C{1, -2}))) << nameOf(TypeParam::complexI[0]) << " of an impulse";
         std::fill(x.begin(), x.end(), C{3, 5});
         ASSERT_EQ(TypeParam::complexI[0](x.data(), spec.get(), nullptr), orbStsNoErr);
         EXPECT_TRUE(x[0].re == static_cast<T>(3 * n) && x[0].im == static_cast<T>(5 * n));
@@ -209,6 +210,7 @@ void expectSameBitsHoweverCalled(int order) {
     const auto asComplex = [](T* p) { return reinterpret_cast<C*>(p); };
     for (int inverse = 0; inverse < 2; ++inverse) {
         for (int flag : {ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE}) {
+            SCOPED_TRACE(testing::Message() << nameOf(P::complex[inverse]) << " of order " << order);
             const auto spec = make(P::initC, P::freeC, order, flag);
             const auto planeSpec = make(P::initP, P::freeP, order, flag);
             std::vector<T> expected(2 * n);
@@ -226,14 +228,14 @@ void expectSameBitsHoweverCalled(int order) {
                 support::Guarded<T> out(2 * n, support::Edge::end, shift * sizeof(T));
                 std::copy(x.begin(), x.end(), in.begin());
                 P::complex[inverse](asComplex(in.data()), asComplex(out.data()), spec.get(), buffer.data());
-                EXPECT_TRUE(sameBits(out.data(), expected.data(), 2 * n)) << order << " shift " << shift;
+                EXPECT_TRUE(sameBits(out, expected)) << "shift " << shift;
                 P::complexI[inverse](asComplex(in.data()), spec.get(), buffer.data());
-                EXPECT_TRUE(sameBits(in.data(), expected.data(), 2 * n)) << order << " in place, shift " << shift;
+                EXPECT_TRUE(sameBits(in, expected)) << "in place, shift " << shift;
                 EXPECT_TRUE(in.intact() && out.intact() && buffer.intact());
             }
             std::vector<T> inPlace = x;
             P::complexI[inverse](asComplex(inPlace.data()), spec.get(), nullptr);
-            EXPECT_TRUE(sameBits(inPlace, expected)) << order << " in place, no buffer";
+            EXPECT_TRUE(sameBits(inPlace, expected)) << "in place, no buffer";
 
             std::vector<T> re(n), im(n), wantedRe(n), wantedIm(n), outRe(n), outIm(n);
             for (std::size_t k = 0; k < n; ++k) {
@@ -241,12 +243,15 @@ void expectSameBitsHoweverCalled(int order) {
                 wantedRe[k] = expected[2 * k], wantedIm[k] = expected[2 * k + 1];
             }
             P::planes[inverse](re.data(), im.data(), outRe.data(), outIm.data(), planeSpec.get(), nullptr);
-            EXPECT_TRUE(sameBits(outRe, wantedRe) && sameBits(outIm, wantedIm)) << order << " planes";
+            EXPECT_TRUE(sameBits(outRe, wantedRe)) << "planes";
+            EXPECT_TRUE(sameBits(outIm, wantedIm)) << "planes";
             auto mixed = re;
             P::planes[inverse](mixed.data(), im.data(), mixed.data(), outIm.data(), planeSpec.get(), nullptr);
-            EXPECT_TRUE(sameBits(mixed, wantedRe) && sameBits(outIm, wantedIm)) << order << " one plane in place";
+            EXPECT_TRUE(sameBits(mixed, wantedRe)) << "one plane in place";
+            EXPECT_TRUE(sameBits(outIm, wantedIm)) << "one plane in place";
             P::planesI[inverse](re.data(), im.data(), planeSpec.get(), nullptr);
-            EXPECT_TRUE(sameBits(re, wantedRe) && sameBits(im, wantedIm)) << order << " planes in place";
+            EXPECT_TRUE(sameBits(re, wantedRe)) << "planes in place";
+            EXPECT_TRUE(sameBits(im, wantedIm)) << "planes in place";
         }
     }
 }
@@ -261,20 +266,21 @@ void expectSameRealBitsHoweverCalled(int order) {
     ASSERT_EQ(P::bufferR(spec.get(), &bufferSize), orbStsNoErr);
     std::vector<T> timeDomain;
     for (Layout layout : {ccs, pack, perm}) {
+        SCOPED_TRACE(testing::Message() << nameOf(P::forward[layout]) << " of order " << order);
         const std::size_t size = layout != ccs ? n : n == 1 ? 2 : n + 2;
         std::vector<T> spectrum(size), back(n);
         P::forward[layout](x.data(), spectrum.data(), spec.get(), nullptr);
         P::inverse[layout](spectrum.data(), back.data(), spec.get(), nullptr);
         if (layout == ccs) timeDomain = back;
-        EXPECT_TRUE(sameBits(back, timeDomain)) << "layouts differ, order " << order;
+        EXPECT_TRUE(sameBits(back, timeDomain)) << "layouts differ";
 
         support::Guarded<T> block(size, support::Edge::end);
         support::Guarded<Orb8u> buffer(static_cast<std::size_t>(bufferSize), support::Edge::end, 5);
         std::copy(x.begin(), x.end(), block.begin());
         P::forwardI[layout](block.data(), spec.get(), buffer.data());
-        EXPECT_TRUE(sameBits(block.data(), spectrum.data(), size)) << order << " in place, layout " << layout;
+        EXPECT_TRUE(sameBits(block, spectrum)) << "in place";
         P::inverseI[layout](block.data(), spec.get(), buffer.data());
-        EXPECT_TRUE(sameBits(block.data(), back.data(), n)) << order << " back in place, layout " << layout;
+        EXPECT_TRUE(sameBits(block.data(), back.data(), n)) << "back, in place";
     }
 }
 
@@ -325,7 +331,8 @@ void expectImpulsesTransformed(int order) {
             exact += Complex(i.re, i.im) * Complex(std::cos(turn), std::sin(turn));
         }
         const Complex got(x[k].re, x[k].im);
-        ASSERT_LE(std::abs(got - exact), 4 * tolerance<typename P::Real>(order)) << "bin " << k;
+        ASSERT_LE(std::abs(got - exact), 4 * tolerance<typename P::Real>(order))
+            << nameOf(P::complexI[0]) << ", bin " << k;
     }
 }
 TEST(FftLarge, SubTransformsThatAreBlockedThemselves) {

@@ -1,11 +1,10 @@
 // FFT objects: sizes, order of the checks, the caller's memory, freed and foreign objects.
 #include "orbs.h"
 
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/guarded.h"
 
 #include <cstring>
-#include <gtest/gtest.h>
 
 namespace {
 

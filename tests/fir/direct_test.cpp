@@ -9,7 +9,7 @@ using support::Edge;
 using support::Guarded;
 
 template <class T>
-class FirDirect : public testing::Test {};
+class FirDirect : public fir::Test<T> {};
 TYPED_TEST_SUITE(FirDirect, Types);
 
 // One step, as it is documented.
@@ -74,8 +74,12 @@ TYPED_TEST(FirDirect, BlocksAndSinglesTakeTheSameSteps) {
                         EXPECT_EQ(M::oneDirectInPlace(&y[at], taps.data(), tapsLen, D, &index), orbStsNoErr);
                     }
                 }
-                EXPECT_TRUE(sameBits(y.data(), wanted.data(), wanted.size())) << tapsLen << " " << start << " " << how;
-                EXPECT_TRUE(sameBits(D, wantedLine.data(), line.size())) << tapsLen << " " << start << " " << how;
+                const auto called = [=] {
+                    static constexpr const char* ways[] = {"blocks", "blocks in place", "singles", "singles in place"};
+                    return testing::Message() << tapsLen << " taps from index " << start << ", by " << ways[how];
+                };
+                EXPECT_TRUE(sameBits(y, wanted, x)) << called();
+                EXPECT_TRUE(sameBits(got, wantedLine)) << "the line, " << called();
                 EXPECT_EQ(index, wantedIndex);
                 EXPECT_TRUE(got.intact() && y.intact());
             }

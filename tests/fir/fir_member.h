@@ -2,19 +2,23 @@
 #pragma once
 
 #include "orbs.h"
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/guarded.h"
+#include "support/threads.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 #include <memory>
 #include <vector>
 
 namespace fir {
 
 using support::isComplex;
+using support::nameOf;
+using support::Part;
 using support::randomVector;
 using support::sameBits;
+using support::shown;
+using support::ThreadCount;
 
 template <class T>
 struct Members;
@@ -47,17 +51,12 @@ FIR_MEMBERS(64fc);
 
 using Types = testing::Types<Orb32f, Orb32fc, Orb64f, Orb64fc>;
 
+// Whatever fails tells of which type the members were.
 template <class T>
-struct PartOf {
-    using type = T;
+class Test : public testing::Test {
+    testing::ScopedTrace trace_{"members of the type of", 0, nameOf(Members<T>::filter)};
 };
-template <class T>
-requires isComplex<T>
-struct PartOf<T> {
-    using type = decltype(T::re);
-};
-template <class T>
-using Part = typename PartOf<T>::type;
+
 template <class T>
 constexpr std::size_t parts = sizeof(T) / sizeof(Part<T>);
 
@@ -76,16 +75,6 @@ inline int fftLength(int tapsLen) {
     while (length / 2 <= tapsLen) length *= 2;
     return length;
 }
-
-// Sets the thread count for its life.
-class Threads {
-public:
-    explicit Threads(int count) : earlier_(orbGetNumThreads()) { orbSetNumThreads(count); }
-    ~Threads() { orbSetNumThreads(earlier_); }
-
-private:
-    int earlier_;
-};
 
 // A state, and the calls on whole vectors.
 template <class T>
@@ -115,7 +104,7 @@ public:
 
     Vector block(const Vector& x) {
         Vector y(x.size());
-        EXPECT_EQ(M::filter(x.data(), y.data(), static_cast<int>(x.size()), state_), orbStsNoErr);
+        EXPECT_EQ(M::filter(x.data(), y.data(), static_cast<int>(x.size()), state_), orbStsNoErr) << nameOf(M::filter);
         return y;
     }
     Vector inPlace(Vector x) {
@@ -193,13 +182,19 @@ long double epsilon() {
     return std::numeric_limits<Part<T>>::epsilon();
 }
 
+template <class T>
+std::string outputOf(std::size_t n, T got, const Exact& want, std::size_t tapsLen) {
+    return nameOf(Members<T>::filter) + " with " + shown(tapsLen) + " taps: output " + shown(n) + " is " + shown(got) +
+           ", not " + (isComplex<T> ? "(" + shown(want.re) + ", " + shown(want.im) + ")" : shown(want.re));
+}
+
 // A sum of count products in any order is off by at most count epsilons of the magnitudes.
 template <class T>
 void expectSums(const std::vector<T>& got, const std::vector<Exact>& want, std::size_t tapsLen) {
     ASSERT_EQ(got.size(), want.size());
     for (std::size_t n = 0; n < got.size(); ++n) {
         const long double tolerance = static_cast<long double>(tapsLen + 1) * epsilon<T>() * want[n].magnitude;
-        ASSERT_LE(distance(got[n], want[n]), tolerance) << "output " << n;
+        ASSERT_LE(distance(got[n], want[n]), tolerance) << outputOf<T>(n, got[n], want[n], tapsLen);
     }
 }
 
@@ -213,7 +208,8 @@ void expectTransformed(const std::vector<T>& got, const std::vector<Exact>& want
     for (T h : taps) energy.add(h, h);
     const long double tolerance = 3 * std::log2(static_cast<long double>(length)) * epsilon<T>() *
                                   std::sqrt(energy.magnitude * static_cast<long double>(length * parts<T>));
-    for (std::size_t n = 0; n < got.size(); ++n) ASSERT_LE(distance(got[n], want[n]), tolerance) << "output " << n;
+    for (std::size_t n = 0; n < got.size(); ++n)
+        ASSERT_LE(distance(got[n], want[n]), tolerance) << outputOf<T>(n, got[n], want[n], taps.size());
 }
 
 } // namespace fir

@@ -8,7 +8,7 @@ namespace {
 using namespace fir;
 
 template <class T>
-class Fir : public testing::Test {};
+class Fir : public fir::Test<T> {};
 TYPED_TEST_SUITE(Fir, Types);
 
 TYPED_TEST(Fir, BlocksOfAllShortLengthsMatchTheSum) {
@@ -21,9 +21,9 @@ TYPED_TEST(Fir, BlocksOfAllShortLengthsMatchTheSum) {
             F filter(F::caller, taps, line);
             const auto y = filter.block(x);
             expectSums(y, exactOutputs(taps, line, x), tapsLen);
-            EXPECT_TRUE(sameBits(filter.line(), lineAfter(line, x)));
+            EXPECT_TRUE(sameBits(filter.line(), lineAfter(line, x))) << tapsLen << " taps, " << count << " samples";
             F inPlace(F::caller, taps, line);
-            EXPECT_TRUE(sameBits(inPlace.inPlace(x), y));
+            EXPECT_TRUE(sameBits(inPlace.inPlace(x), y)) << tapsLen << " taps";
         }
     }
 }
@@ -43,10 +43,10 @@ TYPED_TEST(Fir, AStreamMayBeCutAnywhere) {
             const auto part = slice(x, n, count);
             switch (random() % 3) {
             case 0:
-                ASSERT_TRUE(sameBits(cut.block(part), slice(y, n, count))) << n;
+                ASSERT_TRUE(sameBits(cut.block(part), slice(y, n, count))) << tapsLen << " taps, from sample " << n;
                 break;
             case 1:
-                ASSERT_TRUE(sameBits(cut.inPlace(part), slice(y, n, count))) << n;
+                ASSERT_TRUE(sameBits(cut.inPlace(part), slice(y, n, count))) << tapsLen << " taps, from sample " << n;
                 break;
             default: {
                 const auto wanted = slice(exact, n, count);
@@ -54,7 +54,7 @@ TYPED_TEST(Fir, AStreamMayBeCutAnywhere) {
             }
             }
         }
-        EXPECT_TRUE(sameBits(cut.line(), whole.line()));
+        EXPECT_TRUE(sameBits(cut.line(), whole.line())) << tapsLen << " taps";
     }
 }
 
@@ -111,8 +111,8 @@ TYPED_TEST(Fir, OrdersOfSummationAreFixed) {
             single.push_back(tapsLen < 12 ? block[n] : inLanes(reversed.data(), &stream[n + 1], tapsLen));
         }
         F filter(F::caller, taps), singly(F::caller, taps);
-        EXPECT_TRUE(sameBits(filter.block(x), block)) << tapsLen;
-        EXPECT_TRUE(sameBits(singly.singly(x), single)) << tapsLen;
+        EXPECT_TRUE(sameBits(filter.block(x), block)) << tapsLen << " taps";
+        EXPECT_TRUE(sameBits(singly.singly(x), single)) << tapsLen << " taps";
     }
 }
 
@@ -145,7 +145,7 @@ bool wentDirect(int tapsLen, int numIters) {
     const auto taps = randomVector<T>(static_cast<std::size_t>(tapsLen), 1);
     const auto x = randomVector<T>(static_cast<std::size_t>(numIters), 2);
     Filter<T> direct(Filter<T>::caller, taps), filter(Filter<T>::allocated, taps);
-    return sameBits(filter.block(x), direct.block(x));
+    return bool(sameBits(filter.block(x), direct.block(x)));
 }
 
 TYPED_TEST(Fir, LongBlocksGoThroughTheFftOfAnAllocatedState) {
@@ -176,8 +176,8 @@ TYPED_TEST(Fir, ChunksOfAnInPlaceCallGoByWhatIsLeftBehindThem) {
             EXPECT_FALSE(sameBits(chunk.data(), &wanted[static_cast<std::size_t>(n)], 4096));
             std::copy(chunk.begin(), chunk.end(), wanted.begin() + n);
         }
-        EXPECT_TRUE(sameBits(y, wanted)) << count;
-        EXPECT_TRUE(sameBits(filter.line(), direct.line())) << count;
+        EXPECT_TRUE(sameBits(y, wanted)) << count << " samples";
+        EXPECT_TRUE(sameBits(filter.line(), direct.line())) << count << " samples";
     }
 }
 
@@ -198,11 +198,31 @@ TYPED_TEST(Fir, TransformedBlocksMatchTheSum) {
             const auto x = randomVector<T>(static_cast<std::size_t>(count), 3);
             expectTransformed(filter.block(x), exactOutputs(taps, line, x), taps);
             line = lineAfter(line, x);
-            EXPECT_TRUE(sameBits(filter.line(), line));
+            EXPECT_TRUE(sameBits(filter.line(), line)) << tapsLen << " taps, " << count << " samples";
             const auto few = randomVector<T>(5, 4);
             expectSums(filter.singly(few), exactOutputs(taps, line, few), taps.size());
             line = lineAfter(line, few);
         }
+    }
+}
+
+// A NaN among the samples spoils the outputs of its run and no other, which shows how long the transforms are.
+TYPED_TEST(Fir, ANanSpoilsExactlyItsRun) {
+    using T = TypeParam;
+    const auto isSpoiled = [](const T& y) {
+        const auto* const part = reinterpret_cast<const Part<T>*>(&y);
+        return std::any_of(part, part + parts<T>, [](Part<T> value) { return value != value; });
+    };
+    for (const int tapsLen : {fftFrom<T>, 64, 65, 100, 127, 128, 129, 256}) {
+        const int run = fftLength(tapsLen) - tapsLen + 1;
+        std::vector<T> x(static_cast<std::size_t>(std::max(3 * run, fftAbove<T> + 1)));
+        reinterpret_cast<Part<T>&>(x[static_cast<std::size_t>(run)]) = std::numeric_limits<Part<T>>::quiet_NaN();
+        Filter<T> filter(Filter<T>::allocated, randomVector<T>(static_cast<std::size_t>(tapsLen)));
+        const auto y = filter.block(x);
+        const auto first = std::ranges::find_if(y, isSpoiled), last = std::find_if_not(first, y.end(), isSpoiled);
+        EXPECT_TRUE(first - y.begin() == run && last - first == run && std::none_of(last, y.end(), isSpoiled))
+            << tapsLen << " taps: sample " << run << " spoils outputs from " << first - y.begin() << " to "
+            << last - y.begin() - 1 << "; a transform of " << fftLength(tapsLen) << " points has runs of " << run;
     }
 }
 
@@ -215,14 +235,15 @@ TYPED_TEST(Fir, TheThreadCountChangesNothing) {
     std::vector<T> filtered, inPlace, direct;
     for (const int built : {1, 2, 3, 8}) {
         for (const int used : {1, 2, 3, 8}) {
-            Threads before(built);
+            ThreadCount before(built);
             F allocated(F::allocated, taps, line), again(F::allocated, taps, line), caller(F::caller, taps, line);
-            Threads now(used);
+            ThreadCount now(used);
             const auto y = allocated.block(x), z = again.inPlace(x), d = caller.block(x);
             if (filtered.empty()) filtered = y, inPlace = z, direct = d;
-            EXPECT_TRUE(sameBits(y, filtered)) << built << used;
-            EXPECT_TRUE(sameBits(z, inPlace)) << built << used;
-            EXPECT_TRUE(sameBits(d, direct)) << built << used;
+            SCOPED_TRACE(testing::Message() << "made with " << built << " threads, run with " << used);
+            EXPECT_TRUE(sameBits(y, filtered));
+            EXPECT_TRUE(sameBits(z, inPlace));
+            EXPECT_TRUE(sameBits(d, direct));
         }
     }
 }
@@ -231,7 +252,7 @@ TYPED_TEST(Fir, TheThreadCountChangesNothing) {
 TYPED_TEST(Fir, TeamsShareDirectBlocksOfAnyRest) {
     using T = TypeParam;
     using F = Filter<T>;
-    Threads eight(8);
+    ThreadCount eight(8);
     const int team = teamAbove<T>;
     for (const int tapsLen : {3, team - 8, team - 3, team, team + 1}) {
         const auto taps = randomVector<T>(static_cast<std::size_t>(tapsLen), 1);
@@ -241,8 +262,9 @@ TYPED_TEST(Fir, TeamsShareDirectBlocksOfAnyRest) {
         for (const int count : {team, team + 1, team + 9}) {
             F filter(F::caller, taps);
             const auto y = filter.block(slice(x, 0, static_cast<std::size_t>(count)));
-            EXPECT_TRUE(sameBits(y.data(), first.data(), 700));
-            EXPECT_TRUE(sameBits(y.data() + 700, second.data(), y.size() - 700)) << tapsLen << " " << count;
+            EXPECT_TRUE(sameBits(slice(y, 0, 700), first)) << tapsLen << " taps, " << count << " samples";
+            EXPECT_TRUE(sameBits(slice(y, 700, y.size() - 700), slice(second, 0, y.size() - 700)))
+                << tapsLen << " taps, " << count << " samples";
         }
     }
 }

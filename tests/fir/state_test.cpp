@@ -9,12 +9,12 @@ using namespace fir;
 using support::Guarded;
 
 template <class T>
-class FirState : public testing::Test {};
+class FirState : public fir::Test<T> {};
 TYPED_TEST_SUITE(FirState, Types);
 
 template <class T>
 int stateSize(int tapsLen, int threads) {
-    Threads count(threads);
+    ThreadCount count(threads);
     int size = 0;
     EXPECT_EQ(Members<T>::getStateSize(tapsLen, &size), orbStsNoErr);
     return size;
@@ -42,7 +42,7 @@ TEST(FirStateSize, IsTheOneAgreedUponAndWrapsIn32Bits) {
 TYPED_TEST(FirState, TooManyTapsAreRefused) {
     using T = TypeParam;
     using M = Members<T>;
-    Threads one(1);
+    ThreadCount one(1);
     const int first = std::is_same_v<T, Orb32f>    ? 67108346
                       : std::is_same_v<T, Orb32fc> ? 16776958
                       : std::is_same_v<T, Orb64f>  ? 44738557
@@ -72,7 +72,7 @@ TYPED_TEST(FirState, StaysWithinTheReportedSize) {
         for (const int shift : {0, 1 + tapsLen % 15, 15}) {
             Guarded<Orb8u> buffer(static_cast<std::size_t>(stateSize<T>(tapsLen, sized)), support::Edge::end,
                                   static_cast<std::size_t>(shift));
-            Threads now(tapsLen % 32 == 0 ? 8 : 1);
+            ThreadCount now(tapsLen % 32 == 0 ? 8 : 1);
             typename M::State* state = nullptr;
             ASSERT_EQ(M::init(&state, taps.data(), tapsLen, taps.data(), buffer.data()), orbStsNoErr);
             ASSERT_GE(reinterpret_cast<Orb8u*>(state), buffer.data());
@@ -113,6 +113,7 @@ TYPED_TEST(FirState, TapsAndLineComeBackBitForBit) {
     using T = TypeParam;
     using M = Members<T>;
     for (const std::size_t tapsLen : {1, 2, 5, 64, 300}) {
+        SCOPED_TRACE(testing::Message() << tapsLen << " taps");
         auto taps = randomVector<T>(tapsLen, 1), line = randomVector<T>(tapsLen, 2);
         const Part<T> special[] = {std::numeric_limits<Part<T>>::quiet_NaN(), Part<T>(-0.0),
                                    std::numeric_limits<Part<T>>::denorm_min(),
@@ -144,6 +145,7 @@ TYPED_TEST(FirState, ReplacedTapsTakeEffectEverywhere) {
     using F = Filter<T>;
     const auto before = randomVector<T>(90, 1), after = randomVector<T>(90, 2), x = randomVector<T>(6000, 3);
     for (const auto where : {F::caller, F::allocated}) {
+        SCOPED_TRACE(where == F::caller ? "in the caller's block" : "allocated");
         F changed(where, before);
         changed.block(x);
         EXPECT_EQ(Members<T>::setTaps(after.data(), changed.state()), orbStsNoErr);

@@ -145,31 +145,36 @@ TEST(Threads, AWarningOfAnyChunkIsTold) {
 }
 
 // Rounding, flush-to-zero and denormals-are-zero reach every thread, what it raises comes back, and its own register is
-// as it was.
+// as it was; in each way of spreading.
 TEST(Threads, AllComputeUnderTheCallersControlRegister) {
     const support::ThreadCount four(4);
     const Orb32u callers = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
-    std::vector<Orb32u> seen(4);
-    auto noPlan = [](int) {};
-    const auto control = [&](Orb32u raised) {
-        std::fill(seen.begin(), seen.end(), 0u);
-        auto work = [&](int thread, int team) -> OrbStatus {
-            seen[thread] = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
-            if (thread == team - 1) _mm_setcsr(_mm_getcsr() | raised);
-            return orbStsNoErr;
-        };
-        runTeam(4, noPlan, work);
-    };
     const Orb32u special = (callers & ~Orb32u{_MM_ROUND_MASK}) | _MM_ROUND_UP | _MM_FLUSH_ZERO_ON | 0x0040;
-    _mm_setcsr(special);
-    control(_MM_EXCEPT_OVERFLOW);
-    const Orb32u after = _mm_getcsr();
-    _mm_setcsr(callers);
-    EXPECT_EQ(seen, std::vector<Orb32u>(4, special));
-    EXPECT_EQ(after, special | _MM_EXCEPT_OVERFLOW);
-    control(0);
-    EXPECT_EQ(seen, std::vector<Orb32u>(4, callers));
-    EXPECT_EQ(_mm_getcsr() & _MM_EXCEPT_MASK, 0u);
+    // Calls way(see), which calls see on each thread; the last one raises a flag.
+    const auto expectUnder = [&](Orb32u control, Orb32u raised, const char* name, std::size_t threads, auto way) {
+        std::vector<Orb32u> seen(4);
+        std::atomic<std::size_t> used = 0;
+        _mm_setcsr(control);
+        way([&] {
+            const std::size_t n = used++;
+            seen[n] = _mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK};
+            if (n + 1 == threads) _mm_setcsr(_mm_getcsr() | raised);
+        });
+        const Orb32u after = _mm_getcsr();
+        _mm_setcsr(callers);
+        seen.resize(used);
+        EXPECT_EQ(seen, std::vector<Orb32u>(threads, control)) << name;
+        EXPECT_EQ(after, control | raised) << name;
+    };
+    for (const auto& [control, raised] : {std::pair{special, Orb32u{_MM_EXCEPT_OVERFLOW}}, std::pair{callers, 0u}}) {
+        const auto spreadAs = [](Spread how) {
+            return [=](auto see) { spread(100, how, [=](std::size_t, std::size_t) { see(); }); };
+        };
+        expectUnder(control, raised, "in two", 2, spreadAs({1}));
+        expectUnder(control, raised, "over threads", 4, spreadAs({1, Spread::overThreads}));
+        expectUnder(control, raised, "over a team", 4,
+                    [](auto see) { spreadOverTeam([](int) {}, [=](int, int) { return see(), orbStsNoErr; }); });
+    }
 }
 
 } // namespace

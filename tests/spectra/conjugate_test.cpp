@@ -44,13 +44,13 @@ void expectExpands(OrbStatus (*expand)(const S*, C*, int), OrbStatus (*expandInP
             Guarded<C> dst(N, edge);
             std::memcpy(static_cast<void*>(src.data()), packed.data(), values * sizeof(R));
             ASSERT_EQ(expand(src.data(), dst.data(), static_cast<int>(N)), orbStsNoErr);
-            ASSERT_TRUE(support::sameBits(dst.data(), want.data(), N)) << "N " << N;
-            EXPECT_TRUE(dst.intact());
+            ASSERT_TRUE(sameBits(dst, want)) << callOf(expand);
+            EXPECT_TRUE(dst.intact()) << callOf(expand);
 
             std::memcpy(static_cast<void*>(dst.data()), packed.data(), values * sizeof(R));
             ASSERT_EQ(expandInPlace(dst.data(), static_cast<int>(N)), orbStsNoErr);
-            ASSERT_TRUE(support::sameBits(dst.data(), want.data(), N)) << "in place, N " << N;
-            EXPECT_TRUE(dst.intact());
+            ASSERT_TRUE(sameBits(dst, want)) << callOf(expandInPlace);
+            EXPECT_TRUE(dst.intact()) << callOf(expandInPlace);
         }
     }
 }

@@ -126,7 +126,8 @@ TEST(MulPack, ProductIsTheSpectrumOfTheCircularConvolution) {
             // Bins are at most N in magnitude. Half an epsilon each: two factors, their product, the sum, the wanted
             // bin; the sixth is for the long double sums.
             const T tolerance = 3 * std::numeric_limits<T>::epsilon() * static_cast<T>(N * N);
-            for (std::size_t n = 0; n < N; ++n) EXPECT_NEAR(got[n], want[n], tolerance) << "N " << N << ", place " << n;
+            for (std::size_t n = 0; n < N; ++n)
+                EXPECT_NEAR(got[n], want[n], tolerance) << callOf(function) << ", N " << N << ", place " << n;
         }
     });
 }

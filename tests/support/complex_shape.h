@@ -2,16 +2,17 @@
 #pragma once
 
 #include "orbs.h"
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/guarded.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace complex_shape {
 
+using support::callOf;
 using support::Edge;
 using support::Guarded;
+using support::sameBits;
 
 template <class T>
 T conjugate(T z) {
@@ -44,8 +45,8 @@ void expectResult(Call call, const std::vector<S>& src, const std::vector<D>& wa
         Guarded<D> to(want.size(), edge);
         std::copy(src.begin(), src.end(), from.begin());
         ASSERT_EQ(call(from.data(), to.data(), static_cast<int>(want.size())), orbStsNoErr);
-        ASSERT_TRUE(support::sameBits(to.data(), want.data(), want.size())) << "len " << want.size();
-        EXPECT_TRUE(to.intact());
+        ASSERT_TRUE(sameBits(to, want)) << callOf(call);
+        EXPECT_TRUE(to.intact()) << callOf(call);
     }
 }
 
@@ -55,8 +56,8 @@ void expectInPlace(Call call, const std::vector<T>& src, const std::vector<T>& w
     Guarded<T> block(src.size());
     std::copy(src.begin(), src.end(), block.begin());
     ASSERT_EQ(call(block.data(), static_cast<int>(src.size())), orbStsNoErr);
-    ASSERT_TRUE(support::sameBits(block.data(), want.data(), want.size())) << "in place, len " << src.size();
-    EXPECT_TRUE(block.intact());
+    ASSERT_TRUE(sameBits(block, want)) << callOf(call) << " in place";
+    EXPECT_TRUE(block.intact()) << callOf(call) << " in place";
 }
 
 inline std::vector<std::size_t> lengths() {

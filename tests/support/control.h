@@ -1,4 +1,4 @@
-// The SSE rounding mode of a caller.
+// The SSE control register as a caller may have set it.
 #pragma once
 
 #include "orbdefs.h"
@@ -9,7 +9,7 @@
 namespace support {
 
 inline constexpr Orb32u roundingModes[] = {_MM_ROUND_NEAREST, _MM_ROUND_DOWN, _MM_ROUND_UP, _MM_ROUND_TOWARD_ZERO};
-inline constexpr Orb32u denormalsAreZero = 0x0040;
+inline constexpr Orb32u flushToZero = 0x8000, denormalsAreZero = 0x0040;
 
 // f() with these bits set in the control register, which it must hand back as it was.
 template <class F>

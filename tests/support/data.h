@@ -18,15 +18,27 @@ constexpr bool isComplex = requires(T t) {
     t.im;
 };
 
+// The type of an element's parts; that of a real element itself.
+template <class T>
+struct PartOf {
+    using Type = T;
+};
+template <class T>
+requires isComplex<T>
+struct PartOf<T> {
+    using Type = decltype(T::re);
+};
+template <class T>
+using Part = typename PartOf<T>::Type;
+
 using Random = std::mt19937_64;
 
 // Integers over the whole range, one in eight an extreme or next to 0; floats in -1 to 1.
 template <class T>
 T randomElement(Random& random) {
     if constexpr (isComplex<T>) {
-        using Real = decltype(T::re);
-        const Real re = randomElement<Real>(random);
-        return {re, randomElement<Real>(random)};
+        const Part<T> re = randomElement<Part<T>>(random);
+        return {re, randomElement<Part<T>>(random)};
     } else if constexpr (requires(T t) { t.b; }) { // 24 bits: the upper ones of 32, which keep the extremes
         const auto v = static_cast<Orb32u>(randomElement<Orb32s>(random));
         return {{static_cast<Orb8u>(v >> 8), static_cast<Orb8u>(v >> 16), static_cast<Orb8u>(v >> 24)}};
@@ -47,13 +59,11 @@ std::vector<T> randomVector(std::size_t count, std::uint64_t seed = 1) {
     return v;
 }
 
-template <class T>
-bool sameBits(const T* a, const T* b, std::size_t count) {
-    return std::memcmp(a, b, count * sizeof(T)) == 0;
-}
-template <class T>
-bool sameBits(const std::vector<T>& a, const std::vector<T>& b) {
-    return a.size() == b.size() && sameBits(a.data(), b.data(), a.size());
+// All of them from the lowest to the highest, and some far beyond.
+inline std::vector<int> scaleFactors(int lowest, int highest) {
+    std::vector<int> all{1000, -1000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+    for (int s = lowest; s <= highest; ++s) all.push_back(s);
+    return all;
 }
 
 } // namespace support

@@ -3,19 +3,22 @@
 #pragma once
 
 #include "orbs.h"
-#include "support/data.h"
+#include "support/compare.h"
 #include "support/guarded.h"
 #include "support/threads.h"
 
 #include <algorithm>
 #include <cfenv>
 #include <cmath>
-#include <gtest/gtest.h>
+#include <span>
 #include <vector>
 
 namespace member {
 
+using support::callOf;
 using support::Guarded;
+using support::Part;
+using support::sameValues;
 
 // ---- Shapes ----
 
@@ -80,19 +83,9 @@ using SecondOf = typename Shape<Member>::Second;
 template <class Member>
 using ResultOf = typename Shape<Member>::Result;
 
-template <class T>
-struct PartOf {
-    using Type = T;
-};
-template <class T>
-requires support::isComplex<T>
-struct PartOf<T> {
-    using Type = decltype(T::re);
-};
-
 // An element of T with the parts x and y, or x alone.
-template <class T, class Part>
-T element(Part x, Part y) {
+template <class T, class Real>
+T element(Real x, Real y) {
     if constexpr (support::isComplex<T>) {
         return {x, y};
     } else {
@@ -119,23 +112,14 @@ T scaledTo(std::int64_t r, int s) {
     return static_cast<T>(std::clamp(floor + up, least, most));
 }
 
-// ---- Comparison ----
+// v to the nearest integer in the mode of the moment, limited to R.
+template <class R, class Real>
+R nearest(Real v) {
+    return static_cast<R>(
+        std::clamp<Real>(std::nearbyint(v), std::numeric_limits<R>::min(), std::numeric_limits<R>::max()));
+}
 
-// The same bits, where a NaN equals any NaN: which payload a sum or product of two NaNs has is left to the processor.
-template <class T>
-bool same(const T& x, const T& y) {
-    if constexpr (support::isComplex<T>) {
-        return same(x.re, y.re) && same(x.im, y.im);
-    } else {
-        return support::sameBits(&x, &y, 1) || (x != x && y != y);
-    }
-}
-template <class T, class Range>
-std::size_t firstDifference(const Range& got, const std::vector<T>& want) {
-    return static_cast<std::size_t>(
-        std::mismatch(want.begin(), want.end(), got.begin(), [](const T& x, const T& y) { return same(x, y); }).first -
-        want.begin());
-}
+// ---- Comparison ----
 
 // The member gives `want`, with that status; of a refusal only the status counts. Out of place the destination is also
 // each of the sources.
@@ -145,25 +129,27 @@ void expectResults(Member function, const std::vector<ResultOf<Member>>& want, c
     using S = Shape<Member>;
     using R = ResultOf<Member>;
     const std::size_t len = want.size();
-    const auto run = [&](const FirstOf<Member>* first, const SecondOf<Member>* second, R* dst) {
-        ASSERT_EQ(S::call(function, first, second, dst, static_cast<int>(len), s), status);
+    const std::span second = std::span(b).first(S::constant ? 1 : len);
+    const auto called = [=] { return S::scaled ? callOf(function, s) : callOf(function); };
+    const auto run = [&](const FirstOf<Member>* pSrc1, const SecondOf<Member>* pSrc2, R* dst, const char* where = "") {
+        ASSERT_EQ(S::call(function, pSrc1, pSrc2, dst, static_cast<int>(len), s), status)
+            << called() << where << ", len " << len;
         if (status < 0) return;
-        const std::size_t at = firstDifference(std::vector<R>(dst, dst + len), want);
-        ASSERT_EQ(at, len) << "len " << len << ", scale factor " << s;
+        ASSERT_TRUE(sameValues(dst, want.data(), len, a, second)) << called() << where;
     };
     const auto copy = [](const auto& from, auto& to) { std::copy(from.begin(), from.end(), to.begin()); };
     Guarded<R> dst(len);
     if constexpr (S::inPlace && !S::constant) copy(b, dst);
     if constexpr (S::inPlace && S::constant) copy(a, dst);
     run(a.data(), b.data(), dst.data());
-    EXPECT_TRUE(dst.intact());
+    EXPECT_TRUE(dst.intact()) << called();
     if constexpr (!S::inPlace && std::is_same_v<FirstOf<Member>, R>) {
         copy(a, dst);
-        run(dst.data(), b.data(), dst.data());
+        run(dst.data(), b.data(), dst.data(), " over its first source");
     }
     if constexpr (!S::inPlace && !S::constant && std::is_same_v<SecondOf<Member>, R>) {
         copy(b, dst);
-        run(a.data(), dst.data(), dst.data());
+        run(a.data(), dst.data(), dst.data(), " over its second source");
     }
 }
 
@@ -196,7 +182,7 @@ void random(std::vector<FirstOf<Member>>& a, std::vector<SecondOf<Member>>& b, s
 // Constants worth a call each: extremes, small and random ones.
 template <class T>
 std::vector<T> constants() {
-    using Part = typename PartOf<T>::Type;
+    using Part = support::Part<T>;
     std::vector<T> all = support::randomVector<T>(4);
     const Part special[] = {
         0, 1, 2, std::numeric_limits<Part>::lowest(), std::numeric_limits<Part>::max(), static_cast<Part>(-1)};
@@ -233,12 +219,7 @@ void expectForEveryValue(Member function, Rule rule, int s) {
 template <class Member, class Rule>
 void expectScaled(Member function, Rule rule, int lowest, int highest) {
     using S = Shape<Member>;
-    std::vector<int> scaleFactors{0};
-    if (S::scaled) {
-        scaleFactors = {1000, -1000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
-        for (int s = lowest - 1; s <= highest + 1; ++s) scaleFactors.push_back(s);
-    }
-    for (const int s : scaleFactors) {
+    for (const int s : S::scaled ? support::scaleFactors(lowest - 1, highest + 1) : std::vector{0}) {
         std::vector<FirstOf<Member>> a;
         std::vector<SecondOf<Member>> b;
         for (const std::size_t len : {1, 5, 63, 400}) {
@@ -258,7 +239,7 @@ template <class Member, class Rule>
 void expectAsTheProcessor(Member function, Rule rule) {
     using A = FirstOf<Member>;
     using B = SecondOf<Member>;
-    using Part = typename PartOf<B>::Type;
+    using Part = support::Part<B>;
     using Limits = std::numeric_limits<Part>;
     const Part special[] = {0,
                             Part{-0.0},

@@ -1,46 +1,68 @@
-// Calls of members of the shape (pSrc, pDst, len, more...), element by element compared with a rule.
+// Members over one vector, driven by what their own type tells: element types, in place or not, and what more arguments
+// follow the length.
 #pragma once
 
 #include "orbs.h"
+#include "support/compare.h"
 #include "support/control.h"
-#include "support/data.h"
 #include "support/guarded.h"
+#include "support/ulps.h"
 
-#include <gtest/gtest.h>
-#include <ios>
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace unary_member {
 
+using support::asBits;
+using support::callOf;
+using support::fromBits;
+using support::patterns;
+using support::sameBits;
+using support::sameValues;
+using support::shown;
+using support::ulps;
+
 inline constexpr int roundingArguments[] = {orbRndZero, orbRndNear, 2, -1};
 
-template <class T>
-std::string shown(const T& t) {
-    std::ostringstream text;
-    if constexpr (std::is_floating_point_v<T>) {
-        text << std::hexfloat << t;
-    } else if constexpr (std::is_integral_v<T>) {
-        text << +t;
-    } else {
-        for (int byte : t.b) text << std::hex << byte << ' ';
-    }
-    return text.str();
+// ---- Calls ----
+
+template <class S, class R>
+struct Call {
+    std::vector<R> y;
+    OrbStatus status;
+};
+
+// The results for all of x, at the end of guarded pages.
+template <class S, class R, class... More>
+Call<S, R> call(OrbStatus (*member)(const S*, R*, int, More...), const std::vector<S>& x,
+                std::type_identity_t<More>... more) {
+    support::Guarded<S> src(x.size(), support::Edge::begin);
+    support::Guarded<R> dst(x.size());
+    std::copy(x.begin(), x.end(), src.begin());
+    const OrbStatus status = member(src.data(), dst.data(), static_cast<int>(x.size()), more...);
+    EXPECT_TRUE(dst.intact()) << callOf(member, more...);
+    return {{dst.begin(), dst.end()}, status};
+}
+template <class T, class... More>
+Call<T, T> call(OrbStatus (*member)(T*, int, More...), const std::vector<T>& x, std::type_identity_t<More>... more) {
+    support::Guarded<T> srcDst(x.size());
+    std::copy(x.begin(), x.end(), srcDst.begin());
+    const OrbStatus status = member(srcDst.data(), static_cast<int>(x.size()), more...);
+    EXPECT_TRUE(srcDst.intact()) << callOf(member, more...);
+    return {{srcDst.begin(), srcDst.end()}, status};
 }
 
-// Bits, but for a NaN, which is as good as any other.
-template <class T>
-bool same(const T& a, const T& b) {
-    if constexpr (std::is_floating_point_v<T>) {
-        if (a != a && b != b) return true;
-    }
-    return support::sameBits(&a, &b, 1);
-}
+// ---- What they must give ----
 
-template <class Dst, class Src>
-void expectElements(const Dst* got, const Dst* want, const Src* src, std::size_t len) {
-    for (std::size_t n = 0; n < len; ++n)
-        ASSERT_TRUE(same(got[n], want[n])) << shown(src[n]) << " became " << shown(got[n]) << ", not " << shown(want[n])
-                                           << ", at " << n << " of " << len;
+// y[n] = rule(x[n], more...); a warning is no matter here.
+template <class Member, class S, class Rule, class... More>
+void expectRule(Member member, const std::vector<S>& x, Rule rule, More... more) {
+    const auto got = call(member, x, more...);
+    ASSERT_GE(got.status, 0) << callOf(member, more...);
+    auto want = got.y;
+    std::transform(x.begin(), x.end(), want.begin(), [=](const S& t) { return rule(t, more...); });
+    ASSERT_TRUE(sameValues(got.y, want, x)) << callOf(member, more...);
 }
 
 // pDst[n] = rule(pSrc[n]), over all of src at once, and over short pieces of it between guard pages; called in the
@@ -53,22 +75,49 @@ void expectMapsInMode(Orb32u mode, OrbStatus (*member)(const Src*, Dst*, int, Mo
     };
     std::vector<Dst> want, got(src.size());
     for (const Src& x : src) want.push_back(rule(x));
-    ASSERT_EQ(call(src.data(), got.data(), src.size()), orbStsNoErr);
-    ASSERT_NO_FATAL_FAILURE(expectElements(got.data(), want.data(), src.data(), src.size()));
+    ASSERT_EQ(call(src.data(), got.data(), src.size()), orbStsNoErr) << callOf(member, more...);
+    ASSERT_TRUE(sameValues(got, want, src)) << callOf(member, more...) << ", mode " << mode;
     for (std::size_t len = 1; len <= std::min<std::size_t>(70, src.size()); ++len) {
         const std::size_t at = len * 7919 % (src.size() - len + 1);
         support::Guarded<Src> piece(len);
         support::Guarded<Dst> dst(len);
         std::copy_n(src.begin() + static_cast<std::ptrdiff_t>(at), len, piece.begin());
         ASSERT_EQ(call(piece.data(), dst.data(), len), orbStsNoErr);
-        ASSERT_NO_FATAL_FAILURE(expectElements(dst.data(), &want[at], piece.data(), len));
-        ASSERT_TRUE(dst.intact());
+        ASSERT_TRUE(sameValues(dst.data(), &want[at], len, piece)) << callOf(member, more...) << ", mode " << mode;
+        ASSERT_TRUE(dst.intact()) << callOf(member, more...);
     }
 }
 template <class Src, class Dst, class Rule, class... More>
 void expectMaps(OrbStatus (*member)(const Src*, Dst*, int, More...), const std::vector<Src>& src, Rule rule,
                 std::type_identity_t<More>... more) {
     expectMapsInMode(_MM_ROUND_NEAREST, member, src, rule, more...);
+}
+
+// Less than `bound` units of the last place from the exact result.
+template <class Member, class T, class Exact>
+void expectWithin(double bound, Member member, const std::vector<T>& x, Exact exact) {
+    const auto got = call(member, x);
+    for (std::size_t n = 0; n < x.size(); ++n) {
+        const long double want = exact(static_cast<long double>(x[n]));
+        ASSERT_LT(ulps(got.y[n], want), bound) << callOf(member) << ": element " << n << " is " << shown(got.y[n])
+                                               << ", not " << shown(want) << ", from " << shown(x[n]);
+    }
+}
+
+// An element that takes the slower loop changes no other result, in whatever block it lies.
+template <class Member, class T>
+void expectSameBeside(Member member, const std::vector<T>& x, T odd) {
+    for (const std::size_t len : {5, 255, 256, 257, 600}) {
+        const std::vector<T> some(x.begin(), x.begin() + static_cast<std::ptrdiff_t>(len));
+        const auto plain = call(member, some).y;
+        for (const std::size_t at : {std::size_t{0}, len / 2, len - 1}) {
+            auto changed = some;
+            changed[at] = odd;
+            auto y = call(member, changed).y;
+            y[at] = plain[at];
+            EXPECT_TRUE(sameBits(y, plain, some)) << callOf(member) << ", odd element " << at;
+        }
+    }
 }
 
 // ---- Elements ----

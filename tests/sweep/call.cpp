@@ -51,7 +51,7 @@ void Call::place(std::size_t k) {
 
 unsigned char* Call::placeVector(std::size_t k) {
     const Argument& a = plan_.arguments[k];
-    const std::size_t count = a.count ? a.count(case_, plan_.family.kind) : 1;
+    const std::size_t count = a.count ? a.count(case_) : 1;
     const std::size_t shift = (placement_.staggered ? placement_.shift * (2 * k + 1) : placement_.shift) % 32;
     const std::size_t step = placement_.natural ? a.type.alignment : leastAlignment(plan_, a);
     areas_[k].push_back(std::make_unique<Area>(count * a.type.size, placement_.edge, shift / step * step));

@@ -2,8 +2,8 @@
 
 usage: generate.py OUTPUT HEADER...
 
-The types are left to the compiler; only names are read here: the member's, its arguments' and, from the heading of
-the documentation that stands before it, its family's. What is neither a declaration nor a type is listed as not
+The types are left to the compiler; only names are read here: the member's, its arguments' and, from the documentation
+that stands before it, its family's and the line that tells where vectors may lie. What is neither a declaration nor a type is listed as not
 understood, and the sweep fails over it.
 """
 import pathlib
@@ -16,7 +16,9 @@ HEADING = re.compile(r"\s*----\s*(.*?)\s*-*\s*$")
 MEMBER = re.compile(r"[\w\s*]+?\b(?P<name>orbs[A-Z0-9]\w*)\s*\((?P<arguments>[\w\s*,\[\]]*)\)\s*;")
 TYPE = re.compile(r"(typedef|enum|struct)\b")
 COMMENT = re.compile(r"/\*.*?\*/|//[^\n]*", re.S)
-ALIGNMENT_PROMISE = "Any alignment will do"
+# A line of its own in the documentation of every family of vectors: where they may lie, and so where the sweep puts them.
+ALIGNMENT = re.compile(r"^ \* Alignment: (any|of the elements)\.$", re.M)
+VECTOR = re.compile(r"\*\s*p[A-Z]")
 
 
 def quoted(text):
@@ -28,19 +30,24 @@ def read(header):
     text = header.read_text()
     rows, strays = [], []
     family = header.stem
-    promise = "true" if ALIGNMENT_PROMISE in " ".join(text.split()) else "false"
+    alignment = None
     for token in TOKEN.finditer(text):
         if token["comment"] is not None:
             heading = HEADING.match(token["comment"].split("\n")[0])
             if heading:
                 family = re.sub(r"\W+", "_", heading[1]).strip("_")
+                alignment = ALIGNMENT.search(token["comment"])
         elif token["statement"]:
             statement = " ".join(COMMENT.sub(" ", token["statement"]).split())
             member = MEMBER.fullmatch(statement)
             if member:
                 arguments = "" if member["arguments"] == "void" else member["arguments"]
+                if VECTOR.search(arguments) and not alignment:
+                    sys.exit(f"{header}: {family} has vectors, and its documentation no line \" * Alignment: any.\" or "
+                             "\" * Alignment: of the elements.\"")
+                any_byte = "true" if alignment and alignment[1] == "any" else "false"
                 rows.append(f'    member({quoted(member["name"])}, {quoted(family)}, {quoted(arguments)}, '
-                            f'{member["name"]}, {promise}),')
+                            f'{member["name"]}, {any_byte}),')
             elif not TYPE.match(statement):
                 strays.append(f"{header.name}: {statement}")
         elif token["stray"]:

@@ -50,8 +50,8 @@ enum class Kind {
 struct Type {
     Kind kind;
     bool isConst;
-    std::size_t size, alignment;
-    std::size_t floatSize;                                         // of an element's real parts, 0 if they are integers
+    std::size_t size, alignment;                                   // that of the parts of a complex element
+    std::size_t floatSize;                                         // of those parts, 0 if they are integers
     void (*fill)(void* to, std::size_t count, std::uint64_t seed); // with reproducible values
 };
 
@@ -64,28 +64,6 @@ void fillElements(void* to, std::size_t count, std::uint64_t seed) {
         std::memcpy(p, &stock[at], run * sizeof(T));
         p += run * sizeof(T);
         count -= run;
-    }
-}
-
-// What an element's parts lie on by themselves.
-template <class T>
-constexpr std::size_t partAlignment() {
-    if constexpr (support::isComplex<T>) {
-        return sizeof(T::re);
-    } else {
-        return requires(T t) {
-            t.b;
-        }
-        ? 1 : sizeof(T);
-    }
-}
-
-template <class T>
-constexpr std::size_t floatSizeOf() {
-    if constexpr (support::isComplex<T>) {
-        return floatSizeOf<decltype(T::re)>();
-    } else {
-        return std::is_floating_point_v<T> ? sizeof(T) : 0;
     }
 }
 
@@ -103,11 +81,15 @@ constexpr Type typeOf() {
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
         return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr};
     } else {
+        using Part = support::Part<T>;
+        constexpr bool isArray = requires(T t) {
+            t.b;
+        }; // 24 bits
         return {std::is_pointer_v<A> ? Kind::vector : Kind::element,
                 std::is_const_v<std::remove_pointer_t<A>>,
                 sizeof(T),
-                partAlignment<T>(),
-                floatSizeOf<T>(),
+                isArray ? 1 : sizeof(Part),
+                std::is_floating_point_v<Part> ? sizeof(Part) : 0,
                 fillElements<T>};
     }
 }
@@ -153,7 +135,7 @@ struct Member {
     std::string_view name, family, arguments;
     Function function;
     const Signature* signature;
-    bool anyAlignment; // the header promises that vectors may lie on any byte
+    bool anyAlignment; // the family promises that vectors may lie on any byte
 };
 
 template <class F>

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <regex>
+#include <set>
 #include <stdexcept>
 
 namespace sweep {
@@ -25,32 +26,67 @@ bool matches(std::string_view member, std::string_view argument, const Pattern& 
     return matches(member, pattern.members) && matches(argument, pattern.argument);
 }
 
+std::set<const void*>& usedRules() {
+    static std::set<const void*> used;
+    return used;
+}
 template <class Rule, std::size_t size>
 const Rule* ruleFor(const Rule (&rules)[size], std::string_view member, std::string_view argument = {}) {
     const auto rule = std::ranges::find_if(rules, [&](const Rule& r) { return matches(member, argument, r.pattern); });
-    return rule == std::end(rules) ? nullptr : rule;
+    if (rule == std::end(rules)) return nullptr;
+    usedRules().insert(rule);
+    return rule;
+}
+
+// ---- Objects ----
+
+bool always(const Case&) {
+    return true;
+}
+
+// Memory that a caller gives to a family's calls: the argument, and that of the query which tells its size.
+struct Area {
+    std::string argument, size;
+    bool (*mayBeNull)(const Case&) = nullptr;
+};
+struct ObjectRule {
+    Pattern pattern;          // of the type; the kind is what it ends with
+    const char *verb, *query; // of the family's functions, and of the one that tells sizes
+    std::vector<Area> areas;
+};
+const ObjectRule objectRules[] = {
+    {{"OrbsFFTSpec(\\w+)", ""},
+     "FFT",
+     "GetSize",
+     {{"pMemSpec", "pSpecSize"},
+      {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
+      {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
+    {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+};
+
+// What the query of a family tells of one area.
+std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& area, const Case& c) {
+    const Plan& query = planOf(family.function(rule.query));
+    std::vector<int> told(query.arguments.size());
+    std::vector<Value> values;
+    std::size_t size = told.size();
+    for (std::size_t k = 0; k < told.size(); ++k) {
+        const Argument& a = query.arguments[k];
+        if (a.number) {
+            values.emplace_back(a.number(c));
+        } else {
+            values.emplace_back(&told[k]);
+        }
+        if (a.name == area.size) size = k;
+    }
+    const Member& member = *query.member;
+    if (size == told.size() || member.signature->call(member.function, values.data()) != orbStsNoErr)
+        throw std::runtime_error(std::string(member.name) + " tells no " + area.size);
+    return static_cast<std::size_t>(told[size]);
 }
 
 // ---- Lengths of vectors ----
 
-struct FFTSizes {
-    int spec = 0, init = 0, work = 0;
-};
-FFTSizes fftSizes(const Case& c, const std::string& kind) {
-    FFTSizes sizes;
-    const Member& query = Family{"FFT", kind}.function("GetSize");
-    const Value values[] = {
-        c.order, int{ORB_FFT_SCALE_INV}, OrbHintAlgorithm{orbAlgHintNone}, &sizes.spec, &sizes.init, &sizes.work};
-    if (query.signature->call(query.function, values) != orbStsNoErr) throw std::runtime_error("no FFT size");
-    return sizes;
-}
-int firStateSize(const Case& c, const std::string& kind) {
-    int size = 0;
-    const Member& query = Family{"FIR", kind}.function("GetStateSize");
-    const Value values[] = {c.taps, &size};
-    if (query.signature->call(query.function, values) != orbStsNoErr) throw std::runtime_error("no FIR size");
-    return size;
-}
 std::size_t bitsAsBytes(int offset, int bits) {
     return static_cast<std::size_t>(offset + bits + 7) / 8;
 }
@@ -70,9 +106,7 @@ std::size_t packedBytes(const Case& c) {
 }
 
 #define COUNT(expression)                                                                                              \
-    [](const Case& c [[maybe_unused]], const std::string& kind [[maybe_unused]]) -> std::size_t {                      \
-        return static_cast<std::size_t>(expression);                                                                   \
-    }
+    [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> int { return expression; }
 
 struct VectorRule {
@@ -95,15 +129,11 @@ const VectorRule vectorRules[] = {
     {{"FFTFwd_RToCCS_.*", "pDst|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
     {{"FFTInv_CCSToR_.*", "pSrc|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
     {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
-    {{"FFT(Fwd|Inv)_.*", "pBuffer"}, COUNT(fftSizes(c, kind).work), Use::scratch},
-    {{"FFTInit_.*", "pMemSpec"}, COUNT(fftSizes(c, kind).spec), Use::scratch},
-    {{"FFTInit_.*", "pMemInit"}, COUNT(fftSizes(c, kind).init), Use::scratch},
-    {{"FFTGet(Buf)?Size_.*", "p(Spec|SpecBuffer|Buffer)?Size"}, COUNT(1)},
     {{"FIR\\w*_Direct_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
-    {{"FIRInit[\\d_].*", "pBuffer"}, COUNT(firStateSize(c, kind)), Use::scratch},
-    {{"FIR.*", "pTaps|pTapsQ15|pDlyLine"}, COUNT(c.taps)},
-    {{"FIR.*", "pDstVal|pSrcDstVal|pTapsFactor|pBufferSize"}, COUNT(1)},
+    {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
+    {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
 
@@ -158,7 +188,6 @@ const NumberRule numberRules[] = {
      orbStsFftFlagErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
-    {{"FIR.*", "tapsFactor"}, oneOf<0, -15, 3, -31, 31, -7>},
 };
 
 // ---- Exceptions ----
@@ -168,14 +197,10 @@ struct PointeeRule {
     std::vector<Number> faults;
     OrbStatus status;
 };
-// The other calls with a delay line in the caller's hands trust its index.
 const PointeeRule pointeeRules[] = {
     // One of the channels is null.
     {{"Join.*", "pSrc"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
-    {{"FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
-     {NUMBER(-1), NUMBER(c.taps), NUMBER(INT_MAX)},
-     orbStsDlyLineIndexErr},
 };
 
 struct Exception {
@@ -183,19 +208,14 @@ struct Exception {
 };
 struct NullRule {
     Pattern pattern;
-    bool (*when)(const Case&) = [](const Case&) { return true; };
+    bool (*when)(const Case&) = always;
 };
 const NullRule nullRules[] = {
     // The result does not depend on it.
     {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
-    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                                      // that part is zero then
-    {{"FFT(Fwd|Inv)_.*", "pBuffer"}},                                          // the call takes one of its own
-    {{"FFTInit_.*", "pMemInit"}, [](const Case& c) { return c.order <= 10; }}, // not needed
-    {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}},                  // the line is zeroed then
-};
-const Exception tagIsNotTested[] = {
-    {{"FIRSetTaps_32s", "pState"}},
+    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
+    {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
 const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
@@ -230,8 +250,8 @@ const OrderRule orderRules[] = {
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
     {{"FIR\\w*_Direct_.*", ""},
-     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "pTapsQ15", "tapsLen", "pDlyLine",
-      "pDlyLineIndex", "*"}},
+     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "tapsLen", "pDlyLine", "pDlyLineIndex",
+      "*"}},
 };
 
 // ---- Cases ----
@@ -318,25 +338,6 @@ const CaseRule caseRules[] = {
     {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},
 };
 
-// ---- Families of objects ----
-
-struct FamilyRule {
-    const char *type, *verb; // the kind is what the type ends with
-};
-const FamilyRule familyRules[] = {
-    {"OrbsFFTSpec(\\w+)", "FFT"},
-    {"OrbsFIRState(\\w+)", "FIR"},
-};
-
-Family familyOf(const std::string& argument) {
-    for (const FamilyRule& rule : familyRules) {
-        std::smatch match;
-        if (std::regex_search(argument, match, std::regex(std::string("\\b") + rule.type)))
-            return {rule.verb, match[1]};
-    }
-    return {};
-}
-
 // Cleared; of the next kind; of no kind.
 const Number foreignTags[] = {NUMBER(0), NUMBER(1), NUMBER(1 << 24)};
 
@@ -369,6 +370,7 @@ public:
             refuse("returns no status, or its arguments are not told apart");
             return;
         }
+        for (const std::string& text : texts) findObject(text);
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
         if (const WarningRule* rule = ruleFor(warningRules, name_)) plan_.warnings = rule->warnings;
         const CaseRule* cases = ruleFor(caseRules, name_);
@@ -383,6 +385,16 @@ public:
     Plan take() { return std::move(plan_); }
 
 private:
+    void findObject(const std::string& argument) {
+        static const std::regex type("\\b(Orbs\\w+)");
+        std::smatch match;
+        if (!std::regex_search(argument, match, type)) return;
+        const std::string name = match[1];
+        object_ = ruleFor(objectRules, name);
+        if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
+            plan_.family = {object_->verb, match[1]};
+    }
+
     void add(const std::string& text, const Type& type) {
         Argument a{.name = nameIn(text), .type = type};
         const std::size_t k = plan_.arguments.size();
@@ -412,7 +424,20 @@ private:
         for (Number bad : rule->faults) addFault(Fault::value, k, a.name, bad, rule->status, 1, "");
     }
 
+    bool addArea(Argument& a) {
+        if (!object_) return false;
+        const auto area = std::ranges::find(object_->areas, a.name, &Area::argument);
+        if (area == object_->areas.end()) return false;
+        a.use = Use::scratch;
+        a.count = [rule = object_, family = plan_.family, area](const Case& c) {
+            return sizeTold(*rule, family, *area, c);
+        };
+        a.mayBeNull = area->mayBeNull;
+        return true;
+    }
+
     void addVector(Argument& a, std::size_t k) {
+        if (addArea(a)) return;
         const VectorRule* rule = ruleFor(vectorRules, name_, a.name);
         if (!rule) return refuse("no rule for the vector " + a.name);
         const Use byName = a.name.starts_with("pSrcDst") ? Use::update : Use::destination;
@@ -424,10 +449,9 @@ private:
     }
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
-        plan_.family = familyOf(text);
-        if (plan_.family.verb.empty()) return refuse("no rule for the object " + text);
+        if (!object_) return refuse("no rule for the object " + text);
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
-        if (a.type.kind == Kind::object && !ruleFor(tagIsNotTested, name_, a.name))
+        if (a.type.kind == Kind::object)
             for (Number foreign : foreignTags)
                 addFault(Fault::tag, k, a.name, foreign, orbStsContextMatchErr, 3, ":tag");
     }
@@ -451,8 +475,16 @@ private:
 
     const Member& member_;
     std::string_view name_;
+    const ObjectRule* object_ = nullptr;
     Plan plan_;
 };
+
+template <class Rule, std::size_t size>
+void appendIdle(std::vector<std::string>& idle, const Rule (&rules)[size]) {
+    for (const Rule& rule : rules)
+        if (!usedRules().contains(&rule))
+            idle.push_back(std::string(rule.pattern.members) + " " + rule.pattern.argument);
+}
 
 } // namespace
 
@@ -473,6 +505,21 @@ const Member& memberNamed(const std::string& name) {
 
 const Member& Family::function(const char* step) const {
     return memberNamed("orbs" + verb + step + kind);
+}
+
+std::vector<std::string> idleRules() {
+    for (const Member& member : members()) planOf(member);
+    std::vector<std::string> idle;
+    appendIdle(idle, objectRules);
+    appendIdle(idle, vectorRules);
+    appendIdle(idle, numberRules);
+    appendIdle(idle, pointeeRules);
+    appendIdle(idle, nullRules);
+    appendIdle(idle, refusalMayWrite);
+    appendIdle(idle, warningRules);
+    appendIdle(idle, orderRules);
+    appendIdle(idle, caseRules);
+    return idle;
 }
 
 const Plan& planOf(const Member& member) {

@@ -4,6 +4,7 @@
 
 #include "sweep/members.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,7 @@ struct Case {
 int channels(const Case& c);
 
 using Number = int (*)(const Case&);
-// The kind is the part of an object's type that its family's functions end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
-using Count = std::size_t (*)(const Case&, const std::string& kind);
+using Count = std::function<std::size_t(const Case&)>;
 
 enum class Use { source, destination, update, scratch };
 
@@ -32,7 +32,7 @@ struct Argument {
     std::string name;
     Type type{};
     Use use = Use::source;
-    Count count = nullptr;                    // of a vector
+    Count count = {};                         // of a vector; without, 1
     Number number = nullptr;                  // a number's value; of a vector: what it holds. Without, random elements.
     bool (*mayBeNull)(const Case&) = nullptr; // without: never
     bool refusalMayWrite = false;
@@ -48,7 +48,8 @@ struct Fault {
     int rank; // of two faults the one that is tested first, that is of lower rank, decides
 };
 
-// The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on.
+// The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on. The kind is the part of the
+// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
 struct Family {
     std::string verb, kind;
     const Member& function(const char* step) const;
@@ -67,6 +68,8 @@ struct Plan {
 };
 
 const Plan& planOf(const Member& member);
+// Rules that decide nothing about any member.
+std::vector<std::string> idleRules();
 const Member& memberNamed(const std::string& name);
 
 } // namespace sweep

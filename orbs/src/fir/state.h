@@ -14,13 +14,6 @@
 
 namespace orbs {
 
-// Four letters as the 32-bit word that an object starts with, most significant byte first.
-constexpr Orb32s tagWord(const char (&letters)[5]) {
-    Orb32u word = 0;
-    for (int i = 0; i < 4; ++i) word = word << 8 | static_cast<Orb32u>(letters[i]);
-    return static_cast<Orb32s>(word);
-}
-
 // What the type of the taps decides: from how many taps a filter is made with an FFT, which FFT, and above how many
 // samples a block goes through it or is spread over a team.
 template <class Tap>

@@ -29,6 +29,15 @@ private:
     std::int32_t distance_ = 0;
 };
 
+// The first word of an object is the tag of its kind. Objects are saved and read by later builds, so a tag is given
+// once, with the contract of its family, and never to a second kind: transforms count from 1, filters take four
+// letters. Four letters as such a word, most significant byte first.
+constexpr Orb32s tagWord(const char (&letters)[5]) {
+    Orb32u word = 0;
+    for (int i = 0; i < 4; ++i) word = word << 8 | static_cast<Orb32u>(letters[i]);
+    return static_cast<Orb32s>(word);
+}
+
 template <class Object>
 OrbStatus checkTag(const Object* object, Orb32s tag) {
     return object->tag == tag ? orbStsNoErr : orbStsContextMatchErr;
