@@ -1,5 +1,6 @@
 // A program's own threads in the library at once: what they may share, and what each has for itself.
 #include "orbs.h"
+#include "support/compare.h"
 #include "support/data.h"
 
 #include <gtest/gtest.h>
