@@ -7,9 +7,9 @@ target_compile_options(orbs_flags INTERFACE
     $<$<COMPILE_LANGUAGE:C>:-Wstrict-prototypes>
     $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations>)
 if(ORBS_SANITIZE)
-    # Vectors may lie at any address, by contract; loads that take them so are not reported.
-    add_compile_options(-fsanitize=${ORBS_SANITIZE} -fno-sanitize-recover=all -fno-sanitize=alignment
-                        -fno-omit-frame-pointer)
+    # -g1 tells file and line of a finding. More debug information, and more optimisation of code that is full of
+    # checks, multiplies the time that compiling takes.
+    add_compile_options(-fsanitize=${ORBS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -Og -g1)
     add_link_options(-fsanitize=${ORBS_SANITIZE})
 endif()
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)

@@ -25,6 +25,7 @@ function(orbs_add_tier target tier folder)
     target_compile_definitions(${target} PRIVATE HWY_COMPILE_ONLY_STATIC)
     target_compile_options(${target} PRIVATE ${orbs_tier_${tier}}
         -fvisibility=hidden -fno-exceptions -fno-rtti -fno-math-errno)
+    target_precompile_headers(${target} PRIVATE <hwy/highway.h> <omp.h> <algorithm> <array> <atomic> <cmath> <cstring>)
     target_link_libraries(${target} PUBLIC orbcore PRIVATE $<BUILD_INTERFACE:orbs_flags> OpenMP::OpenMP_CXX)
     target_link_options(${target} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbs.map)
     set_target_properties(${target} PROPERTIES

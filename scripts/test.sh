@@ -1,21 +1,28 @@
 #!/usr/bin/env bash
-# The whole suite: every test in every tier and as 32-bit code, under the sanitizers, the same bits everywhere, the
-# rules of the source, and programs built against an installed copy. Logs go to build/logs. The last line is
-# "N passed, N failed"; the exit status is 0 only if nothing failed.
+# The whole suite: the rules of the source, every test in every tier and as 32-bit code, the same bits everywhere,
+# programs built against an installed copy, and the tests under the sanitizers. Logs go to build/logs. At the end a
+# table tells what each step took; the last line is "N passed, N failed", and the exit status is 0 only if nothing
+# failed.
+# usage: scripts/test.sh [PART]...     parts: source release i386 asan tsan dev; without any, all of them but dev
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
+known=(source release i386 asan tsan dev)
+for part in "$@"; do
+    [[ " ${known[*]} " == *" $part "* ]] || { echo "test.sh: no part \"$part\"; there are: ${known[*]}" >&2; exit 2; }
+done
+[ $# -gt 0 ] || set -- source release i386 asan tsan
 logs=$PWD/build/logs
 rm -rf "$logs"
 mkdir -p "$logs"
 jobs=$(nproc)
-passed=0 failed=0
-export OMP_WAIT_POLICY=passive # several tests run at once: waiting threads must not take their processors
+passed=0 failed=0 table=""
 
-# Called while a step's output may be going to its log: the closing line belongs on the script's own.
+# Called while a step's output may be going to its log: the closing lines belong on the script's own.
 exec 3>&1
 finish() {
     exec >&3
-    printf '\n%d min %02d s\n' $((SECONDS / 60)) $((SECONDS % 60))
+    printf '\n%7s %7s  step, in seconds of the clock and of processors\n%s' wall cpu "$table"
+    printf '%7d %7s  in all\n\n' "$SECONDS" ""
     echo "$passed passed, $failed failed"
     if [ "$failed" -gt 0 ] || [ "$passed" -eq 0 ]; then exit 1; fi
     exit 0
@@ -23,20 +30,30 @@ finish() {
 trap finish EXIT
 trap 'failed=$((failed + 1)); echo "interrupted" >&3; exit' INT TERM
 
-running() { [ ! -t 3 ] || printf '...     %s\r' "$1" >&3; }
+# timed NAME LOG COMMAND...: runs it, its output in the log, and adds a row to the table. Leaves its wall time in `took`.
+timed() {
+    local name=$1 log=$2 status wall user system TIMEFORMAT='%R %U %S'
+    shift 2
+    [ ! -t 3 ] || printf '...     %s\r' "$name" >&3
+    { time "$@" >"$log" 2>&1 </dev/null; } 2>"$logs/time"
+    status=$?
+    read -r wall user system <"$logs/time"
+    took="${wall%.*} s"
+    table+=$(awk -v n="$name" -v w="$wall" -v u="$user" -v s="$system" 'BEGIN {printf "%7.0f %7.0f  %s", w, u + s, n}')$'\n'
+    return $status
+}
 
 # check NAME COMMAND...: one test; what it printed is shown if it fails.
 check() {
-    local name=$1 start=$SECONDS log=$logs/${1// /-}.log
+    local name=$1 log=$logs/${1// /-}.log
     shift
-    running "$name"
-    if "$@" >"$log" 2>&1 </dev/null; then
+    if timed "$name" "$log" "$@"; then
         passed=$((passed + 1))
-        printf 'ok      %s (%d s)\n' "$name" $((SECONDS - start))
+        printf 'ok      %s (%s)\n' "$name" "$took"
     else
         failed=$((failed + 1))
         tail -n 60 "$log" | sed 's/^/        /'
-        printf 'FAILED  %s (%d s), log: %s\n' "$name" $((SECONDS - start)) "${log#"$PWD"/}"
+        printf 'FAILED  %s (%s), log: %s\n' "$name" "$took" "${log#"$PWD"/}"
         return 1
     fi
 }
@@ -47,12 +64,10 @@ configure_and_build() { # PRESET [CMAKE ARGUMENT]...
 
 # suite PRESET [CTEST ARGUMENT]...: all of its tests, each counted.
 suite() {
-    local preset=$1 start=$SECONDS log=$logs/tests-$1.log results=$logs/tests-$1.xml
+    local preset=$1 log=$logs/tests-$1.log results=$logs/tests-$1.xml status total=0 bad=0 skipped=0
     shift
-    running "tests of $preset"
-    "${launcher[@]}" ctest --test-dir "build/$preset" -j "$jobs" --no-tests=error --output-on-failure \
-        --output-junit "$results" "$@" >"$log" 2>&1 </dev/null
-    local status=$? total=0 bad=0 skipped=0
+    timed "tests of $preset" "$log" "${launcher[@]}" ctest --preset "$preset" -j "$jobs" --output-junit "$results" "$@"
+    status=$?
     if [ -s "$results" ]; then
         read -r total bad skipped < <(python3 -c '
 import sys, xml.etree.ElementTree as tree
@@ -65,31 +80,14 @@ print(*(int(suite.get(key)) for key in ("tests", "failures", "skipped")))' "$res
     failed=$((failed + bad))
     if [ "$bad" -gt 0 ]; then
         grep -vE '\.\.+ +Passed|^ +Start +[0-9]+:' "$log" | head -n 300 | sed 's/^/        /'
-        printf 'FAILED  tests of %s: %d of %d (%d s), log: %s\n' "$preset" "$bad" "$total" $((SECONDS - start)) "${log#"$PWD"/}"
+        printf 'FAILED  tests of %s: %d of %d (%s), log: %s\n' "$preset" "$bad" "$total" "$took" "${log#"$PWD"/}"
     else
-        printf 'ok      tests of %s: %d, %d skipped (%d s)\n' "$preset" "$total" "$skipped" $((SECONDS - start))
+        printf 'ok      tests of %s: %d, %d skipped (%s)\n' "$preset" "$total" "$skipped" "$took"
     fi
 }
 
-# The digests of every family: the same in each tier, ABI and thread count.
-same_bits() {
-    local status=0 first="" output name
-    for build in release/v8 release/v3 release/v4 i386/v8; do
-        [[ "|$lacking|" != *"|${build#*/}|"* ]] || continue
-        for threads in 1 2 3 8; do
-            name=$logs/digest-${build/\//-}-$threads.txt
-            LD_LIBRARY_PATH=build/${build%/*}/tiers/${build#*/} OMP_NUM_THREADS=$threads \
-                "build/${build%/*}/bin/digest" >"$name" || { echo "digest of $build failed"; return 1; }
-            first=${first:-$name}
-            output=$(diff "$first" "$name") || { printf '%s, %d threads, differs:\n%s\n' "$build" "$threads" "$output"; status=1; }
-        done
-    done
-    [ -s "$first" ] || { echo "the digest program printed nothing"; return 1; }
-    return $status
-}
-
 check "setup" scripts/setup.sh || exit
-lacking="" launcher=() release_tests=() sanitizer_tier=()
+lacking="" launcher=() release_tests=() one_tier=()
 for tier in v3 v4; do
     if ! scripts/has-tier "x86-64-$tier"; then
         echo "note    this processor lacks x86-64-$tier: the tests of tier $tier are not run"
@@ -97,24 +95,32 @@ for tier in v3 v4; do
     fi
 done
 [ -z "$lacking" ] || release_tests=(-E "^($lacking)\\.")
-[[ "|$lacking|" != *"|v3|"* ]] || sanitizer_tier=(-DORBS_TIERS=v8)
+[[ "|$lacking|" != *"|v3|"* ]] || one_tier=(-DORBS_TIERS=v8)
 
-check "layers" scripts/check-layers
-check "headers" scripts/check-headers
-if check "build release" configure_and_build release; then
+source_part() {
+    check "layers" scripts/check-layers
+    check "headers" scripts/check-headers
+}
+release_part() {
+    check "build release" configure_and_build release || return
     suite release "${release_tests[@]}"
     check "exports release" scripts/check-exports build/release
     check "fused release" scripts/check-fused build/release
     check "packaging" tests/packaging/check build/release
-fi
-if check "build i386" configure_and_build i386; then
+}
+i386_part() {
+    check "build i386" configure_and_build i386 || return
     suite i386
     check "exports i386" scripts/check-exports build/i386
     check "packaging i386" env CFLAGS=-m32 CXXFLAGS=-m32 tests/packaging/check build/i386
-    check "same bits" same_bits
-fi
-export UBSAN_OPTIONS=print_stacktrace=1
-if check "build asan" configure_and_build asan "${sanitizer_tier[@]}"; then suite asan; fi
-# The thread sanitizer cannot work with every address layout that the kernel may choose.
-if setarch -R true 2>/dev/null; then launcher=(setarch -R); fi
-if check "build tsan" configure_and_build tsan "${sanitizer_tier[@]}"; then suite tsan; fi
+}
+asan_part() { check "build asan" configure_and_build asan "${one_tier[@]}" && suite asan; }
+tsan_part() {
+    # The thread sanitizer cannot work with every address layout that the kernel may choose.
+    if setarch -R true 2>/dev/null; then launcher=(setarch -R); fi
+    check "build tsan" configure_and_build tsan "${one_tier[@]}" && suite tsan
+    launcher=()
+}
+dev_part() { check "build dev" configure_and_build dev "${one_tier[@]}" && suite dev; }
+
+for part in "$@"; do "${part}_part"; done

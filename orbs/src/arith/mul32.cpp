@@ -103,13 +103,14 @@ template <class S, class Second, class R>
 OrbStatus exact(const S* pSrc, Second second, R* pDst, int len, int scaleFactor, ScaleCuts limits) {
     const auto operand = [=](int n) {
         if constexpr (std::is_pointer_v<Second>) {
-            return second[n];
+            return elementAt(second + n);
         } else {
             return second;
         }
     };
     const auto run = [=](auto scale) {
-        for (int n = 0; n < len; ++n) pDst[n] = each(scale, Exact::product(pSrc[n], operand(n)));
+        for (int n = 0; n < len; ++n)
+            setElement(pDst + n, each(scale, Exact::product(elementAt(pSrc + n), operand(n))));
     };
     if (scaleFactor > limits.zeroAbove) {
         std::memset(pDst, 0, static_cast<std::size_t>(len) * sizeof *pDst);

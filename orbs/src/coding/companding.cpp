@@ -94,10 +94,10 @@ struct Lines {
 };
 
 void store(Orb16s* pDst, int linear) {
-    *pDst = static_cast<Orb16s>(linear);
+    setElement(pDst, static_cast<Orb16s>(linear));
 }
 void store(Orb32f* pDst, int linear) {
-    *pDst = static_cast<Orb32f>(linear) * 0x1p-15f;
+    setElement(pDst, static_cast<Orb32f>(linear) * 0x1p-15f);
 }
 template <class D, class V>
 void store(Orb16s* pDst, D d, V linear) {

@@ -55,16 +55,16 @@ OrbStatus packBits(const Orb32u* pSrc, const Orb32s* pSrcBitsLen, int srcLen, Or
     BitWriter writer(pDst, keep);
     OrbStatus status = orbStsNoErr;
     for (int n = 0; n < srcLen; ++n) {
-        int bits = pSrcBitsLen[n];
+        int bits = elementAt(pSrcBitsLen + n);
         if (bits < 0 || bits > 32) [[unlikely]] {
             bits = bits < 0 ? 0 : 32;
             status = orbStsBitLenLimited;
         }
-        writer.append(pSrc[n] & ((Orb64u{1} << bits) - 1), bits);
+        writer.append(elementAt(pSrc + n) & ((Orb64u{1} << bits) - 1), bits);
     }
     // An offset of whole bytes moves nothing, yet the length that is reported is smaller by it.
     const auto uncounted = static_cast<Orb64u>(keep != 0 ? keep : dstBitOffset);
-    *pDstBitLen = static_cast<Orb32s>(static_cast<Orb32u>(writer.finish() - uncounted));
+    setElement(pDstBitLen, static_cast<Orb32s>(static_cast<Orb32u>(writer.finish() - uncounted)));
     return status;
 }
 

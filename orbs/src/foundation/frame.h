@@ -23,6 +23,20 @@ constexpr OrbStatus checkVectors(int len, const T*... pointers) {
     return orbStsNoErr;
 }
 
+// Vectors may lie at any address. An element on its own is read and written through this type, which says so.
+template <class T>
+struct [[gnu::packed, gnu::may_alias]] AnyAddress {
+    T value;
+};
+template <class T>
+T elementAt(const T* p) {
+    return reinterpret_cast<const AnyAddress<T>*>(p)->value;
+}
+template <class T>
+void setElement(T* p, std::type_identity_t<T> value) {
+    reinterpret_cast<AnyAddress<T>*>(p)->value = value;
+}
+
 // The real type of a complex element, e.g. Orb16s of Orb16sc.
 template <class C>
 using RealOf = decltype(C::re);

@@ -33,11 +33,11 @@ OrbStatus expanded(const RealOf<C>* pSrc, C* pDst, int lenDst) {
     if (const OrbStatus status = checkVectors(lenDst, pSrc, pDst)) return status;
     const auto N = static_cast<std::size_t>(lenDst);
     const RealOf<C>* const bins = pSrc + Layout::bins(N);
-    const RealOf<C> first = pSrc[0], half = hasHalf(N) ? pSrc[Layout::half(N)] : RealOf<C>{0};
+    const RealOf<C> first = elementAt(pSrc), half = hasHalf(N) ? elementAt(pSrc + Layout::half(N)) : RealOf<C>{0};
     mirror(bins, asReal(pDst), N);
     std::memmove(pDst + 1, bins, complexBins(N) * sizeof(C));
-    pDst[0] = {first, 0};
-    if (hasHalf(N)) pDst[N / 2] = {half, 0};
+    setElement(pDst, {first, 0});
+    if (hasHalf(N)) setElement(pDst + N / 2, {half, 0});
     return orbStsNoErr;
 }
 

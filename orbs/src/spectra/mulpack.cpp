@@ -11,10 +11,10 @@ template <class Layout, class Product, class T>
 OrbStatus product(const T* pSrc1, const T* pSrc2, T* pDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrc1, pSrc2, pDst)) return status;
     const auto count = static_cast<std::size_t>(len);
-    pDst[0] = pSrc1[0] * pSrc2[0];
+    setElement(pDst, elementAt(pSrc1) * elementAt(pSrc2));
     if (hasHalf(count)) {
         const std::size_t half = Layout::half(count);
-        pDst[half] = pSrc1[half] * pSrc2[half];
+        setElement(pDst + half, elementAt(pSrc1 + half) * elementAt(pSrc2 + half));
     }
     const std::size_t bins = Layout::bins(count);
     const T *a = pSrc1 + bins, *b = pSrc2 + bins;
@@ -43,10 +43,10 @@ template <class Layout>
 OrbStatus truncatedProduct(const Orb16s* pSrc1, const Orb16s* pSrc2, Orb16s* pDst, int len, int scaleFactor) {
     if (const OrbStatus status = checkVectors(len, pSrc1, pSrc2, pDst)) return status;
     const auto count = static_cast<std::size_t>(len);
-    pDst[0] = realProduct(pSrc1[0], pSrc2[0], scaleFactor);
+    setElement(pDst, realProduct(elementAt(pSrc1), elementAt(pSrc2), scaleFactor));
     if (hasHalf(count)) {
         const std::size_t half = Layout::half(count);
-        pDst[half] = realProduct(pSrc1[half], pSrc2[half], scaleFactor);
+        setElement(pDst + half, realProduct(elementAt(pSrc1 + half), elementAt(pSrc2 + half), scaleFactor));
     }
     const std::size_t bins = Layout::bins(count);
     const int right = std::min(scaleFactor, 31), left = lowBits(0u - static_cast<Orb32u>(scaleFactor));
