@@ -37,10 +37,10 @@ void elementaryKernel(Op op, std::size_t len, R* dst, const S* src) {
     for (std::size_t n = 0; n < len; n += elementaryBlock) {
         const std::size_t count = std::min(elementaryBlock, len - n);
         if (HWY_UNLIKELY(anyOdd<R>(op, count, src + n))) {
-            mapVectors<1>(
+            mapVectors<1, false>(
                 count, [=](auto d, auto x) HWY_ATTR { return op.result(d, x); }, dst + n, src + n);
         } else {
-            mapVectors<4>(
+            mapVectors<4, false>(
                 count, [=](auto d, auto x) HWY_ATTR { return op.usual(d, x); }, dst + n, src + n);
         }
     }

@@ -52,8 +52,9 @@ HWY_INLINE void storeFirst(D d, hn::Vec<D> v, T* p, std::size_t count) {
 #endif
 }
 
-// dst[n] = f(d, src[n]...) on vectors.
-template <int unroll, class F, class R, class... S>
+// dst[n] = f(d, src[n]...) on vectors. `align`: stores of 64 bytes are worth a first vector that is not full, which
+// they are unless f takes long or the vectors are short.
+template <int unroll, bool align = true, class F, class R, class... S>
 HWY_INLINE void mapVectors(std::size_t len, F f, R* dst, const S*... src) {
     const hn::ScalableTag<R> d;
     constexpr std::size_t lanes = hn::MaxLanes(d);
@@ -63,7 +64,7 @@ HWY_INLINE void mapVectors(std::size_t len, F f, R* dst, const S*... src) {
         storeFirst(d, f(d, loadFilledUp(hn::Rebind<S, decltype(d)>(), from, count)...), to, count);
     };
     std::size_t n = 0;
-    if constexpr (lanes * sizeof(R) == 64) {
+    if constexpr (align && lanes * sizeof(R) == 64) {
         // A store of 64 bytes that is not aligned takes two cache lines every time. Pairs, which may be complex
         // elements, stay together.
         const std::size_t past = reinterpret_cast<std::uintptr_t>(dst) % 64;
