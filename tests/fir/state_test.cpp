@@ -1,4 +1,5 @@
 #include "fir/fir_member.h"
+#include "support/stride.h"
 
 #include <cstring>
 #include <malloc.h>
@@ -62,9 +63,8 @@ TYPED_TEST(FirState, TooManyTapsAreRefused) {
 TYPED_TEST(FirState, StaysWithinTheReportedSize) {
     using T = TypeParam;
     using M = Members<T>;
-    std::vector<int> lengths(200);
-    for (int n = 0; n < 200; ++n) lengths[static_cast<std::size_t>(n)] = n + 1;
-    lengths.insert(lengths.end(), {511, 1000, 4097});
+    std::vector<int> lengths{511, 1000, 4097};
+    for (int n = 1; n <= 200; n += support::stride) lengths.push_back(n);
     for (const int tapsLen : lengths) {
         const auto taps = randomVector<T>(static_cast<std::size_t>(tapsLen), 1);
         const int counts[] = {1, 2, 3, 8};
