@@ -134,12 +134,12 @@ inline Orb32s valueOf(Orb24s t) {
     return (valueOf(Orb24u{{t.b[0], t.b[1], t.b[2]}}) ^ 0x800000) - 0x800000;
 }
 
-// Every value of a type of 8 or 16 bits.
+// Every value of a type of 8 bits, and of one of 16 bits as far as loops go over all of them.
 template <class T>
 std::vector<T> everyValue() {
-    constexpr int last = std::numeric_limits<T>::max();
+    constexpr int last = std::numeric_limits<T>::max(), step = sizeof(T) == 1 ? 1 : support::stride;
     std::vector<T> values;
-    for (int v = std::numeric_limits<T>::min(); v < last; v += support::stride) values.push_back(static_cast<T>(v));
+    for (int v = std::numeric_limits<T>::min(); v < last; v += step) values.push_back(static_cast<T>(v));
     values.push_back(last);
     return values;
 }

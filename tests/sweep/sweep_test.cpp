@@ -163,6 +163,7 @@ TEST_P(Sweep, StaysWithinItsArgumentsAtEveryAlignment) {
     forEachMember([](const Plan& plan) { expectStaysWithin(plan); });
 }
 
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // the compiler clears them where it optimises
 // Calls of less than a vector are left out: g++ 12 may load a constant for whole vectors, find none, and forget it.
 TEST_P(Sweep, LeavesNoUpperHalvesOfRegistersInUse) {
     forEachMember([](const Plan& plan) {
@@ -174,6 +175,7 @@ TEST_P(Sweep, LeavesNoUpperHalvesOfRegistersInUse) {
         }
     });
 }
+#endif
 
 TEST_P(Sweep, RefusesFaultyCallsInOrderAndWritesNothing) {
     forEachMember([](const Plan& plan) { expectRefuses(plan); });

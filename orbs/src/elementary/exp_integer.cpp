@@ -150,13 +150,16 @@ Window64 smallScaleWindow(int scaleFactor) {
 void exponentialsKernel(const Orb64s* src, Orb64s* dst, std::size_t len, int scaleFactor) {
     const bool small = scaleFactor >= -1 && scaleFactor <= 1;
     const auto window = small ? smallScaleWindow(scaleFactor) : windowOf<Orb64s, 48>(scaleFactor, Fraction::cut);
+    const auto transform = [=](auto f) {
+        for (std::size_t n = 0; n < len; ++n) setElement(dst + n, f(elementAt(src + n)));
+    };
     Orb64u signs = 0;
     if (small)
-        for (std::size_t n = 0; n < len; ++n) signs |= static_cast<Orb64u>(src[n]) + 0x8000;
+        for (std::size_t n = 0; n < len; ++n) signs |= static_cast<Orb64u>(elementAt(src + n)) + 0x8000;
     if (signs >> 63 == 0) {
-        std::transform(src, src + len, dst, window);
+        transform(window);
     } else { // some are below -2^15: there the low 16 bits are all that counts, as a signed number
-        std::transform(src, src + len, dst, [&window](Orb64s x) {
+        transform([&window](Orb64s x) {
             const auto low = static_cast<Orb16s>(x);
             return window(x >= -0x8000 ? x : low < 0 ? -2 : low);
         });

@@ -69,8 +69,9 @@ bool longRoots(const Orb64s* src, Orb64s* dst, std::size_t len, int scaleFactor)
     const SseQuiet quiet;
     bool negative = false;
     for (std::size_t n = 0; n < len; ++n) {
-        negative |= src[n] < 0;
-        dst[n] = longRoot(static_cast<Orb64u>(std::max<Orb64s>(src[n], 0)), scaleFactor);
+        const Orb64s x = elementAt(src + n);
+        negative |= x < 0;
+        setElement(dst + n, longRoot(static_cast<Orb64u>(std::max<Orb64s>(x, 0)), scaleFactor));
     }
     return negative;
 }
