@@ -314,6 +314,13 @@ Cases digestScales() {
     return cases;
 }
 
+Cases longScales() {
+    Cases cases;
+    for (int s : {-1, 7}) cases.push_back({.n = 4099, .turn = turnOfScaleFactor(s)});
+    for (int s : {1, 3}) cases.push_back({.n = 40007, .turn = turnOfScaleFactor(s)});
+    return cases;
+}
+
 struct CaseRule {
     Pattern pattern;
     Cases small, large, faulty, digest;
@@ -334,7 +341,7 @@ const CaseRule caseRules[] = {
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
               everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
     // The lengths from which calls spread over threads, each with several scale factors.
-    {{".*_I?Sfs", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestScales()},
+    {{".*_I?Sfs", ""}, lengthsUpTo(70), longScales(), lengths({9, 9, 9, 40007}), digestScales()},
     {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},
 };
 
@@ -380,7 +387,7 @@ public:
         plan_.digest = cases->digest;
         int turn = 0;
         for (Cases* list : {&plan_.small, &plan_.large, &plan_.faulty})
-            for (Case& c : *list) c.turn = turn++;
+            for (Case& c : *list) c.turn = c.turn != 0 ? c.turn : turn++;
     }
     Plan take() { return std::move(plan_); }
 
