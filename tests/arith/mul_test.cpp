@@ -112,6 +112,25 @@ TEST(Mul, TiesGoToEven) {
     forAll<ScaledProduct>(test, &orbsMul_16u_Sfs, &orbsMul_16s_Sfs, &orbsMul_16u16s_Sfs, &orbsMul_16s32s_Sfs);
 }
 
+// a * b = 2^(s - 1) +- 1 modulo 2^s: the last bit of the product decides which way it goes.
+TEST(Mul, OneBesideATieOfLargeProducts) {
+    for (int s = 17; s <= 26; ++s) {
+        for (const Orb32u near : {1u, ~0u}) {
+            std::vector<Orb16u> a, b;
+            for (Orb32u odd = 1; odd < 65536; odd += 2) {
+                Orb32u inverse = odd; // to 3 bits, twice as many each time
+                for (int step = 0; step < 4; ++step) inverse *= 2 - odd * inverse;
+                const Orb32u other = ((1u << (s - 1)) + near) * inverse & ((1u << s) - 1);
+                if (other > 65535) continue;
+                a.push_back(static_cast<Orb16u>(odd));
+                b.push_back(static_cast<Orb16u>(other));
+            }
+            ASSERT_GT(a.size(), 8u);
+            forAll<ScaledProduct>([&](auto member, auto rule) { expect(member, rule, a, b, s); }, &orbsMul_16u_Sfs);
+        }
+    }
+}
+
 // (-32768, -32768) and (-2^31, -2^31) squared: the imaginary part is one bit too long.
 TEST(Mul, LargestImaginaryPart) {
     const auto test = [](auto function, auto rule) {

@@ -5,6 +5,7 @@
 #include "orbdefs.h"
 #include "support/data.h"
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -55,9 +56,23 @@ struct Type {
     void (*fill)(void* to, std::size_t count, std::uint64_t seed); // with reproducible values
 };
 
+// Reproducible values; of floats every fourth far from 1.
+template <class T>
+std::vector<T> makeStock() {
+    std::vector<T> stock = support::randomVector<T>(1 << 12);
+    if constexpr (std::is_floating_point_v<support::Part<T>>) {
+        for (std::size_t n = 3; n < stock.size(); n += 4) {
+            auto* part = reinterpret_cast<support::Part<T>*>(&stock[n]);
+            const int exponent = static_cast<int>(n / 4 % 25) - 12;
+            for (std::size_t k = 0; k < sizeof(T) / sizeof *part; ++k) part[k] = std::ldexp(part[k], exponent);
+        }
+    }
+    return stock;
+}
+
 template <class T>
 void fillElements(void* to, std::size_t count, std::uint64_t seed) {
-    static const std::vector<T> stock = support::randomVector<T>(1 << 12);
+    static const std::vector<T> stock = makeStock<T>();
     char* p = static_cast<char*>(to);
     for (std::size_t at = seed * 257 % stock.size(); count > 0; at = 0) {
         const std::size_t run = std::min(count, stock.size() - at);
