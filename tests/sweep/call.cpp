@@ -43,7 +43,7 @@ Call::Call(const Plan& plan, const Case& sizes, const Placement& placement)
         } else if (a.type.kind != Kind::element) {
             place(k);
         } else if (a.number) {
-            values_[k] = a.number(case_);
+            a.type.set(values_[k].bytes(), a.number(case_));
         } else {
             a.type.fill(values_[k].bytes(), 1, static_cast<std::uint64_t>(case_.turn));
         }
@@ -77,8 +77,7 @@ unsigned char* Call::placeVector(std::size_t k) {
     unsigned char* bytes = area.data();
     std::memset(bytes, placement_.before, count * a.type.size);
     if (a.number) {
-        const int held = a.number(case_);
-        std::memcpy(bytes, &held, sizeof held);
+        a.type.set(bytes, a.number(case_));
     } else if (a.use == Use::source || a.use == Use::update) {
         a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k + 11 * (areas_[k].size() - 1));
     }
@@ -104,24 +103,25 @@ bool Call::isStep(const char* step) const {
 }
 
 void Call::spoil(const Fault& fault) {
-    const int bad = fault.bad ? fault.bad(case_) : 0;
+    const double bad = fault.bad ? fault.bad(case_) : 0;
+    const Type& type = plan_.arguments[fault.argument].type;
     switch (fault.what) {
     case Fault::null:
         setNull(fault.argument);
         break;
     case Fault::value:
-        if (plan_.arguments[fault.argument].type.kind == Kind::vectors) {
+        if (type.kind == Kind::vectors) {
             array_[static_cast<std::size_t>(bad)] = nullptr;
         } else if (!areas_[fault.argument].empty()) {
-            std::memcpy(areas_[fault.argument][0]->data(), &bad, sizeof bad);
+            type.set(areas_[fault.argument][0]->data(), bad);
         } else {
-            values_[fault.argument] = bad;
+            type.set(values_[fault.argument].bytes(), bad);
         }
         break;
     case Fault::tag:
         auto& tag = *static_cast<Orb32s*>(maker_->object());
         if (!tag_) tag_ = tag;
-        tag = bad ? static_cast<Orb32s>(static_cast<Orb32u>(*tag_) + static_cast<Orb32u>(bad)) : 0;
+        tag = bad != 0 ? static_cast<Orb32s>(static_cast<Orb32u>(*tag_) + static_cast<Orb32u>(bad)) : 0;
         break;
     }
 }

@@ -54,6 +54,7 @@ struct Type {
     std::size_t size, alignment;                                   // that of the parts of a complex element
     std::size_t floatSize;                                         // of those parts, 0 if they are integers
     void (*fill)(void* to, std::size_t count, std::uint64_t seed); // with reproducible values
+    void (*set)(void* to, double value);                           // one element
 };
 
 // Reproducible values; of floats every fourth far from 1.
@@ -82,6 +83,23 @@ void fillElements(void* to, std::size_t count, std::uint64_t seed) {
     }
 }
 
+// Integers wrap; the parts of a short complex one are the halves of the number, re the lower.
+template <class T>
+void setElement(void* to, double value) {
+    T element{};
+    if constexpr (std::is_integral_v<T>) {
+        element = static_cast<T>(static_cast<std::int64_t>(value));
+    } else if constexpr (std::is_floating_point_v<T>) {
+        element = static_cast<T>(value);
+    } else if constexpr (std::is_same_v<T, Orb16sc>) {
+        const auto both = static_cast<Orb32s>(value);
+        std::memcpy(&element, &both, sizeof element);
+    } else if constexpr (requires { element.re; }) {
+        element.re = static_cast<support::Part<T>>(value);
+    }
+    std::memcpy(to, &element, sizeof element);
+}
+
 template <class A>
 constexpr Type typeOf() {
     using T = std::remove_const_t<std::remove_pointer_t<A>>;
@@ -94,7 +112,7 @@ constexpr Type typeOf() {
     }
     constexpr Kind pointerKind = std::is_pointer_v<T> ? Kind::objectSlot : Kind::object;
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
-        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr};
+        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr, nullptr};
     } else {
         using Part = support::Part<T>;
         constexpr bool isArray = requires(T t) {
@@ -105,7 +123,8 @@ constexpr Type typeOf() {
                 sizeof(T),
                 isArray ? 1 : sizeof(Part),
                 std::is_floating_point_v<Part> ? sizeof(Part) : 0,
-                fillElements<T>};
+                fillElements<T>,
+                setElement<T>};
     }
 }
 

@@ -73,7 +73,7 @@ std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& a
     for (std::size_t k = 0; k < told.size(); ++k) {
         const Argument& a = query.arguments[k];
         if (a.number) {
-            values.emplace_back(a.number(c));
+            a.type.set(values.emplace_back().bytes(), a.number(c));
         } else {
             values.emplace_back(&told[k]);
         }
@@ -107,7 +107,7 @@ std::size_t packedBytes(const Case& c) {
 
 #define COUNT(expression)                                                                                              \
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
-#define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> int { return expression; }
+#define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
 
 struct VectorRule {
     Pattern pattern;
@@ -139,9 +139,9 @@ const VectorRule vectorRules[] = {
 
 // ---- Numbers ----
 
-template <int... choices>
-int oneOf(const Case& c) {
-    static constexpr int values[] = {choices...};
+template <auto... choices>
+double oneOf(const Case& c) {
+    static constexpr double values[] = {choices...};
     return values[static_cast<std::size_t>(c.turn) % std::size(values)];
 }
 
@@ -166,9 +166,9 @@ struct NumberRule {
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
     {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
-    {{".*", "scaleFactor"}, scaleFactor},
+    {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "rndMode"}, oneOf<0, 1, 2, -1>},
-    {{".*", "nChannels"}, channels, belowOne, orbStsSizeErr},
+    {{".*", "nChannels"}, NUMBER(channels(c)), belowOne, orbStsSizeErr},
     {{"[LR]ShiftC_.*", "val"},
      oneOf<0, 1, 3, 7, 8, 9, 15, 16, 17, 31, 32, 100, INT_MAX>,
      {NUMBER(-1), NUMBER(INT_MIN)},
@@ -176,8 +176,8 @@ const NumberRule numberRules[] = {
     {{"DivC_(8|16).*", "val"}, oneOf<1, 2, 0x3fff9, 7, 0x70005, 201>, {NUMBER(0)}, orbStsDivByZeroErr},
     {{"DivC_.*", "val"}, nullptr, {NUMBER(0)}, orbStsDivByZeroErr},
     {{".*", "val|src"}, nullptr},
-    {{"Copy_1u", "srcBitOffset"}, sourceOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
-    {{"Copy_1u|PackBits_.*", "dstBitOffset"}, destinationOffset, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"Copy_1u", "srcBitOffset"}, NUMBER(sourceOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"Copy_1u|PackBits_.*", "dstBitOffset"}, NUMBER(destinationOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"FFT.*", "order"},
      NUMBER(c.order),
      {NUMBER(-1), NUMBER(31), NUMBER(INT_MIN), NUMBER(INT_MAX)},

@@ -23,7 +23,7 @@ struct Case {
 // Of the members that take an array of vectors, how many those are.
 int channels(const Case& c);
 
-using Number = int (*)(const Case&);
+using Number = double (*)(const Case&); // set in the argument's own type
 using Count = std::function<std::size_t(const Case&)>;
 
 enum class Use { source, destination, update, scratch };
