@@ -112,7 +112,8 @@ constexpr Type typeOf() {
     }
     constexpr Kind pointerKind = std::is_pointer_v<T> ? Kind::objectSlot : Kind::object;
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
-        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr, nullptr};
+        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr,
+                nullptr};
     } else {
         using Part = support::Part<T>;
         constexpr bool isArray = requires(T t) {
