@@ -133,6 +133,10 @@ const VectorRule vectorRules[] = {
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{"(Min|Max).*", "p(Min|Max)(Abs)?|p(Min|Max)?Indx|pOrder"}, COUNT(1)},
+    {{"FindNearestOne_.*", "pOutVal|pOutIndx"}, COUNT(1)},
+    {{"FindNearest.*", "pVals|pOutVals|pOutIndexes|pTable"}, COUNT(c.n)},
+    {{"CountInRange_.*", "pCounts"}, COUNT(1)},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
@@ -191,6 +195,10 @@ const NumberRule numberRules[] = {
      orbStsFftFlagErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"FindNearestOne_.*", "inpVal"}, nullptr},
+    {{"FindNearest.*", "tblLen"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"CountInRange_.*", "lowerBound"}, oneOf<-1000000000, INT_MIN, 0>},
+    {{"CountInRange_.*", "upperBound"}, oneOf<1000000000, INT_MAX>},
 };
 
 // ---- Exceptions ----
@@ -217,6 +225,7 @@ const NullRule nullRules[] = {
     // The result does not depend on it.
     {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
+    {{"(Min|Max)Indx_.*", "pIndx"}},                          // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
     {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
@@ -234,6 +243,7 @@ const WarningRule warningRules[] = {
     {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
     {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
+    {{"MaxOrder_\\d+f", ""}, {orbStsNanArg}},
 };
 
 // The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
@@ -245,6 +255,7 @@ struct OrderRule {
 const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
+    {{"MaxOrder_.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
     {{"DivC_.*", ""}, {"*", "val"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
