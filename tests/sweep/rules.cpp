@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <map>
 #include <optional>
 #include <regex>
@@ -160,6 +161,11 @@ int turnOfScaleFactor(int s) {
     return static_cast<int>(std::ranges::find(scaleFactors, s) - scaleFactors);
 }
 
+// Of thresholds: among floats, and among integers.
+double levelOf(const Case& c) {
+    return oneOf<0, 0.25, 3000, 0.75, 20000, 30, 9000>(c);
+}
+
 struct NumberRule {
     Pattern pattern;
     Number number; // null: a random element
@@ -195,6 +201,27 @@ const NumberRule numberRules[] = {
      orbStsFftFlagErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"Threshold_.*", "value(LT|GT)?"}, nullptr},
+    {{"Threshold_.*", "relOp"}, oneOf<orbCmpLess, orbCmpGreater, 1, -4>},
+    {{"Threshold_LTValGTVal_\\d+f.*", "levelLT"},
+     NUMBER(levelOf(c)),
+     {NUMBER(levelOf(c) + 9e9), NUMBER(NAN)},
+     orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_\\d+f.*", "levelGT"},
+     NUMBER(levelOf(c) + 0.5),
+     {NUMBER(levelOf(c) - 1), NUMBER(NAN)},
+     orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_.*", "levelLT"}, NUMBER(-levelOf(c)), {NUMBER(30000)}, orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_.*", "levelGT"}, NUMBER(levelOf(c)), {NUMBER(-30000)}, orbStsThreshValOrderErr},
+    {{"Threshold_(LTInv|LTAbs|GTAbs)_\\d+f.*|Threshold_.*fc.*", "level"},
+     NUMBER(levelOf(c)),
+     {NUMBER(-1), NUMBER(-INFINITY), NUMBER(NAN)},
+     orbStsThreshNegLevelErr},
+    {{"Threshold_(LTAbs|GTAbs)_.*|Threshold_.*sc.*", "level"},
+     NUMBER(levelOf(c)),
+     {NUMBER(-1), NUMBER(-32768)},
+     orbStsThreshNegLevelErr},
+    {{"Threshold_.*", "level"}, NUMBER(c.turn % 2 ? levelOf(c) : -levelOf(c))},
     {{"FindNearestOne_.*", "inpVal"}, nullptr},
     {{"FindNearest.*", "tblLen"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{"CountInRange_.*", "lowerBound"}, oneOf<-1000000000, INT_MIN, 0>},
@@ -239,7 +266,7 @@ struct WarningRule {
     std::vector<OrbStatus> warnings;
 };
 const WarningRule warningRules[] = {
-    {{"Div(CRev)?_.*", ""}, {orbStsDivByZero}},
+    {{"Div(CRev)?_.*|Threshold_LTInv_.*", ""}, {orbStsDivByZero}},
     {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
     {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},

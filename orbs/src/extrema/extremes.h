@@ -220,18 +220,20 @@ Extreme<T> told(const T* src, std::size_t len, K value, std::size_t from, bool p
     }
 }
 
+template <class Key, class T, class... B>
+HWY_INLINE auto foundIn(const T* src, std::size_t len, bool placed, B... best) {
+    constexpr std::size_t block = 4096 / sizeof(T);
+    takeAll<Key>(src, len, placed ? block : len, best...);
+    return std::array{told<Key, typename B::Finds>(src, len, best.value, best.from, placed)...};
+}
+
 // The extremes that Which... name, in this order.
 template <class Key, class... Which, class T>
 std::array<Extreme<T>, sizeof...(Which)> extremes(const T* src, int length, bool placed) {
-    constexpr std::size_t blockBytes = 4096;
     const auto len = static_cast<std::size_t>(length);
     if constexpr (std::is_floating_point_v<T>)
         if (len < scannedBelow<T>) return {scanned<Which>(src, len)...};
-    const auto pass = [=](auto... best) HWY_ATTR {
-        takeAll<Key>(src, len, placed ? blockBytes / sizeof(T) : len, best...);
-        return std::array{told<Key, Which>(src, len, best.value, best.from, placed)...};
-    };
-    return pass(Best<Which, KeyTag<Key, T>>()...);
+    return foundIn<Key>(src, len, placed, Best<Which, KeyTag<Key, T>>()...);
 }
 
 } // namespace orbs
