@@ -175,10 +175,11 @@ TEST(Threshold, ByRelation) {
 // Squares of single precision that overflow or vanish decide, but the limited magnitude is as exact as any.
 TEST(Threshold, OfSinglePrecisionKeepsThePhaseOfLargeAndSmallElements) {
     const std::vector<Orb32fc> z{{3e30f, -4e30f}, {3e-30f, 4e-30f}, {3e-38f, -4e-42f}, {0, 3e-22f}};
-    expectRule(&orbsThreshold_GT_32fc, {z[0]}, toMagnitude<Orb32fc, Orb32f>, 5.0f);
-    expectRule(&orbsThreshold_LT_32fc, {z[1], z[2], z[3]}, toMagnitude<Orb32fc, Orb32f>, 5.0f);
-    expectRule(
-        &orbsThreshold_GT_32fc, z, [](Orb32fc t, Orb32f) { return t; }, 3e38f); // its square is infinite
+    const auto limited = [](Orb32fc t, Orb32f level) { return toMagnitude(t, level); };
+    const auto same = [](Orb32fc t, Orb32f) { return t; };
+    expectRule(&orbsThreshold_GT_32fc, std::vector{z[0]}, limited, 5.0f);
+    expectRule(&orbsThreshold_LT_32fc, std::vector{z[1], z[2], z[3]}, limited, 5.0f);
+    expectRule(&orbsThreshold_GT_32fc, z, same, 3e38f); // its square is infinite
 }
 
 TEST(Threshold, OfIntegersRoundsToNearestInEveryMode) {
