@@ -274,7 +274,8 @@ constexpr auto reciprocal = [](auto x, auto level) {
         const double re = x.re, im = x.im, limit = level, s = re * re + im * im;
         if (s == 0) return T{static_cast<Real>(1 / std::abs(limit)), 0};
         const double divisor = s < limit * limit ? std::sqrt(s) * limit : s;
-        return T{static_cast<Real>(re / divisor), static_cast<Real>(-im / divisor)};
+        if constexpr (sizeof(Real) == 8) return T{re / divisor, -im / divisor};
+        return T{static_cast<Real>(re * (1 / divisor)), static_cast<Real>(-im * (1 / divisor))};
     }
 };
 

@@ -33,35 +33,32 @@ private:
     template <class D, class V>
     auto atLevel(D d, V v) const {
         if constexpr (std::is_floating_point_v<T>) {
-            return inDoubles(d, v, [this](auto dd, auto z) HWY_ATTR { return scaled(dd, z); });
+            const auto by = [this](auto dd, auto square) HWY_ATTR { return factor(dd, square); };
+            return hn::IfThenElse(isZero(d, v), inAllElements(d, level, T{0}), scaled(d, v, by));
         } else {
             const auto pairs = elementsOf(d, v);
-            const auto zero = hn::Eq(pairs, hn::Zero(hn::DFromV<decltype(pairs)>()));
-            const auto scaledPairs = byHalves(pairs, [this](auto half) HWY_ATTR { return scaledPair(half); });
-            return hn::IfThenElse(zero, inAllElements(d, level, T{0}), scaledPairs);
+            const hn::DFromV<decltype(pairs)> dp;
+            const hn::Half<decltype(dp)> half;
+            const auto both = hn::Combine(dp, scaledPairs(half, hn::UpperHalf(half, pairs)),
+                                          scaledPairs(half, hn::LowerHalf(half, pairs)));
+            return hn::IfThenElse(hn::Eq(pairs, hn::Zero(dp)), inAllElements(d, level, T{0}), both);
         }
     }
 
     // A square of 0 is taken for 1, so that no zero is divided by.
     template <class D, class V>
     V factor(D d, V square) const {
-        const V one = hn::Set(d, 1);
-        const V divisible = hn::IfThenElse(hn::Eq(square, hn::Zero(d)), one, square);
+        const V divisible = hn::IfThenElse(hn::Eq(square, hn::Zero(d)), hn::Set(d, 1), square);
         return hn::Div(hn::Set(d, static_cast<Orb64f>(level)), hn::Sqrt(divisible));
     }
+    // No part comes out above the level: all fit into 16 bits.
     template <class D, class V>
-    V scaled(D d, V z) const {
-        const V square = squaresOf(d, z), limit = inAllElements(d, static_cast<Orb64f>(level), 0.0);
-        return hn::IfThenElse(hn::Eq(square, hn::Zero(d)), limit, hn::Mul(z, factor(d, square)));
-    }
-    template <class V>
-    V scaledPair(V pairs) const {
-        const hn::DFromV<V> d;
-        const hn::RebindToSigned<decltype(d)> whole;
-        const hn::Rebind<Orb64f, decltype(d)> dd;
-        const auto both = hn::BitCast(whole, pairs);
-        const auto re = hn::PromoteTo(dd, hn::ShiftRight<16>(hn::ShiftLeft<16>(both)));
-        const auto im = hn::PromoteTo(dd, hn::ShiftRight<16>(both));
+    V scaledPairs(D d, V pairs) const {
+        const hn::RebindToSigned<D> whole;
+        const hn::Rebind<Orb64f, D> dd;
+        const auto z = hn::BitCast(whole, pairs);
+        const auto re = hn::PromoteTo(dd, hn::ShiftRight<16>(hn::ShiftLeft<16>(z)));
+        const auto im = hn::PromoteTo(dd, hn::ShiftRight<16>(z));
         const auto by = factor(dd, hn::Add(hn::Mul(re, re), hn::Mul(im, im)));
         const auto low = hn::And(nearestInt32(hn::Mul(re, by)), hn::Set(whole, 0xffff));
         return hn::BitCast(d, hn::Or(low, hn::ShiftLeft<16>(nearestInt32(hn::Mul(im, by)))));

@@ -71,24 +71,30 @@ auto inAllElements(D d, T re, T im) {
     return elementsOf(d, hn::OddEven(hn::Set(d, im), hn::Set(d, re)));
 }
 
-// f of each half of a vector, which gives as many bits as it takes.
-template <class V, class F>
-HWY_INLINE V byHalves(V v, F f) {
-    const hn::DFromV<V> d;
-    const hn::Half<decltype(d)> half;
-    return hn::Combine(d, f(hn::UpperHalf(half, v)), f(hn::LowerHalf(half, v)));
-}
-// The same in double precision: single precision through one rounding, whose squares neither overflow nor vanish.
-template <class D, class V, class F>
-HWY_INLINE V inDoubles([[maybe_unused]] D d, V v, F f) {
+// In both lanes of a float element: whether its square is 0. That of single precision is not to vanish.
+template <class D, class V>
+auto isZero(D d, V v) {
     if constexpr (std::is_same_v<hn::TFromD<D>, Orb64f>) {
-        return f(d, v);
+        return hn::Eq(squaresOf(d, v), hn::Zero(d));
     } else {
-        return byHalves(v, [=](auto half) HWY_ATTR {
-            const hn::DFromV<decltype(half)> dh;
-            const hn::Rebind<Orb64f, decltype(dh)> dd;
-            return hn::DemoteTo(dh, f(dd, hn::PromoteTo(dd, half)));
-        });
+        const V zero = hn::VecFromMask(d, hn::Eq(v, hn::Zero(d)));
+        return hn::MaskFromVec(hn::And(zero, hn::Reverse2(d, zero)));
+    }
+}
+
+// z * factor(|z|^2). Single precision is computed in double, and rounded once: no square overflows or vanishes.
+template <class D, class V, class Factor>
+HWY_INLINE V scaled(D d, V z, Factor factor) {
+    if constexpr (std::is_same_v<hn::TFromD<D>, Orb64f>) {
+        return hn::Mul(z, factor(d, squaresOf(d, z)));
+    } else {
+        const hn::Half<D> half;
+        const hn::Rebind<Orb64f, decltype(half)> dd;
+        const auto low = hn::PromoteTo(dd, hn::LowerHalf(half, z)), high = hn::PromoteTo(dd, hn::UpperHalf(half, z));
+        // One of the two lanes of each element is enough.
+        const auto by = factor(dd, hn::OddEven(squaresOf(dd, high), squaresOf(dd, low)));
+        return hn::Combine(d, hn::DemoteTo(half, hn::Mul(high, hn::DupOdd(by))),
+                           hn::DemoteTo(half, hn::Mul(low, hn::DupEven(by))));
     }
 }
 

@@ -13,8 +13,11 @@ struct Reciprocal {
 
     template <class D, class V>
     V result(D d, V x, bool& zero) const {
-        zero |= !hn::AllFalse(d, hn::Eq(x, hn::Zero(d)));
-        if (level > 0) x = hn::CopySign(hn::Max(hn::Abs(x), hn::Set(d, level)), x);
+        if (level > 0) {
+            x = hn::CopySign(hn::Max(hn::Abs(x), hn::Set(d, level)), x);
+        } else {
+            zero |= !hn::AllFalse(d, hn::Eq(x, hn::Zero(d)));
+        }
         return hn::Div(hn::Set(d, 1), x);
     }
 };
@@ -25,21 +28,29 @@ struct ComplexReciprocal {
     T level;
 
     template <class D, class V>
-    V result(D d, V v, bool& zero) const {
-        return inDoubles(d, v, [this, &zero](auto dd, auto z) HWY_ATTR { return reciprocal(dd, z, zero); });
+    V result(D d, V z, bool& zero) const {
+        const auto vanishes = isZero(d, z);
+        zero |= level == 0 && !hn::AllFalse(d, vanishes);
+        return hn::IfThenElse(vanishes, inAllElements(d, 1 / level, T{0}), reciprocal(d, z));
     }
 
 private:
     template <class D, class V>
-    V reciprocal(D d, V z, bool& zero) const {
-        const Orb64f limit = level;
-        const V square = squaresOf(d, z);
-        const V lifted = hn::Mul(hn::Sqrt(square), hn::Set(d, limit));
-        const V divisor = hn::IfThenElse(hn::Lt(square, levelSquared(d, limit)), lifted, square);
-        const auto vanishes = hn::Eq(square, hn::Zero(d));
-        zero |= !hn::AllFalse(d, vanishes);
-        return hn::Div(hn::IfThenElse(vanishes, inAllElements(d, 1.0, 0.0), Conjugate::of(d, z)),
-                       hn::IfThenElse(vanishes, inAllElements(d, limit, 1.0), divisor));
+    V reciprocal(D d, V z) const {
+        const V conjugate = Conjugate::of(d, z);
+        if constexpr (std::is_same_v<T, Orb64f>) {
+            return hn::Div(conjugate, divisor(d, squaresOf(d, z)));
+        } else {
+            return scaled(d, conjugate, [this](auto dd, auto square) HWY_ATTR {
+                return hn::Div(hn::Set(dd, 1), divisor(dd, square));
+            });
+        }
+    }
+    template <class D, class V>
+    V divisor(D d, V square) const {
+        const V limit = hn::Set(d, Orb64f{level});
+        const auto below = hn::Lt(square, hn::Mul(limit, limit));
+        return hn::AllFalse(d, below) ? square : hn::IfThenElse(below, hn::Mul(hn::Sqrt(square), limit), square);
     }
 };
 
@@ -57,8 +68,8 @@ bool invert(Op op, std::size_t len, Real* dst, const Real* src) {
     op.level = settled(op.level);
     bool zero = false;
     const auto reciprocal = [&zero, op](auto d, auto v) HWY_ATTR { return op.result(d, v, zero); };
-    mapVectors<1>(len, reciprocal, dst, src);
-    return zero && op.level == 0;
+    mapVectors<4>(len, reciprocal, dst, src);
+    return zero;
 }
 
 template <class T, class Level>
