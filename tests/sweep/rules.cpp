@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <map>
 #include <optional>
 #include <regex>
@@ -133,6 +134,10 @@ const VectorRule vectorRules[] = {
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{"(Min|Max).*", "p(Min|Max)(Abs)?|p(Min|Max)?Indx|pOrder"}, COUNT(1)},
+    {{"FindNearestOne_.*", "pOutVal|pOutIndx"}, COUNT(1)},
+    {{"FindNearest.*", "pVals|pOutVals|pOutIndexes|pTable"}, COUNT(c.n)},
+    {{"CountInRange_.*", "pCounts"}, COUNT(1)},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
@@ -154,6 +159,11 @@ int scaleFactor(const Case& c) {
 }
 int turnOfScaleFactor(int s) {
     return static_cast<int>(std::ranges::find(scaleFactors, s) - scaleFactors);
+}
+
+// Of thresholds: among floats, and among integers.
+double levelOf(const Case& c) {
+    return oneOf<0, 0.25, 3000, 0.75, 20000, 30, 9000>(c);
 }
 
 struct NumberRule {
@@ -191,6 +201,31 @@ const NumberRule numberRules[] = {
      orbStsFftFlagErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"Threshold_.*", "value(LT|GT)?"}, nullptr},
+    {{"Threshold_.*", "relOp"}, oneOf<orbCmpLess, orbCmpGreater, 1, -4>},
+    {{"Threshold_LTValGTVal_\\d+f.*", "levelLT"},
+     NUMBER(levelOf(c)),
+     {NUMBER(levelOf(c) + 9e9), NUMBER(NAN)},
+     orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_\\d+f.*", "levelGT"},
+     NUMBER(levelOf(c) + 0.5),
+     {NUMBER(levelOf(c) - 1), NUMBER(NAN)},
+     orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_.*", "levelLT"}, NUMBER(-levelOf(c)), {NUMBER(30000)}, orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_.*", "levelGT"}, NUMBER(levelOf(c)), {NUMBER(-30000)}, orbStsThreshValOrderErr},
+    {{"Threshold_(LTInv|LTAbs|GTAbs)_\\d+f.*|Threshold_.*fc.*", "level"},
+     NUMBER(levelOf(c)),
+     {NUMBER(-1), NUMBER(-INFINITY), NUMBER(NAN)},
+     orbStsThreshNegLevelErr},
+    {{"Threshold_(LTAbs|GTAbs)_.*|Threshold_.*sc.*", "level"},
+     NUMBER(levelOf(c)),
+     {NUMBER(-1), NUMBER(-32768)},
+     orbStsThreshNegLevelErr},
+    {{"Threshold_.*", "level"}, NUMBER(c.turn % 2 ? levelOf(c) : -levelOf(c))},
+    {{"FindNearestOne_.*", "inpVal"}, nullptr},
+    {{"FindNearest.*", "tblLen"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"CountInRange_.*", "lowerBound"}, oneOf<-1000000000, INT_MIN, 0>},
+    {{"CountInRange_.*", "upperBound"}, oneOf<1000000000, INT_MAX>},
 };
 
 // ---- Exceptions ----
@@ -217,6 +252,7 @@ const NullRule nullRules[] = {
     // The result does not depend on it.
     {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
+    {{"(Min|Max)Indx_.*", "pIndx"}},                          // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
     {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
@@ -230,10 +266,11 @@ struct WarningRule {
     std::vector<OrbStatus> warnings;
 };
 const WarningRule warningRules[] = {
-    {{"Div(CRev)?_.*", ""}, {orbStsDivByZero}},
+    {{"Div(CRev)?_.*|Threshold_LTInv_.*", ""}, {orbStsDivByZero}},
     {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
     {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
+    {{"MaxOrder_\\d+f", ""}, {orbStsNanArg}},
 };
 
 // The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
@@ -245,6 +282,7 @@ struct OrderRule {
 const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
+    {{"MaxOrder_.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
     {{"DivC_.*", ""}, {"*", "val"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
