@@ -1,12 +1,11 @@
 // Sorting networks: up to 16 vectors of keys, by their minima and maxima.
 #pragma once
 
-#include "vectors/loops.h"
+#include "vectors/exchanges.h"
 
-#include <array>
+#include <algorithm>
 #include <cstring>
 #include <limits>
-#include <utility>
 
 namespace orbs {
 
@@ -19,29 +18,13 @@ template <class T>
 inline constexpr std::size_t networkKeys = networkRows * hn::MaxLanes(NetworkTag<T>());
 
 // M. W. Green's network for 16 keys, of 60 exchanges.
-struct Exchange {
-    Orb8u low, high;
-};
-inline constexpr std::array<Exchange, 60> exchangesOf16 = {{
-    {0, 13}, {1, 12}, {2, 15}, {3, 14},  {4, 8},   {5, 6},   {7, 11},  {9, 10},  {0, 5},   {1, 7},  //
-    {2, 9},  {3, 4},  {6, 13}, {8, 14},  {10, 15}, {11, 12}, {0, 1},   {2, 3},   {4, 5},   {6, 8},  //
-    {7, 9},  {10, 11}, {12, 13}, {14, 15}, {0, 2}, {1, 3},   {4, 10},  {5, 11},  {6, 7},   {8, 9},  //
-    {12, 14}, {13, 15}, {1, 2}, {3, 12}, {4, 6},   {5, 7},   {8, 10},  {9, 11},  {13, 14}, {1, 4},  //
-    {2, 6},  {5, 8},  {7, 10}, {9, 13},  {11, 14}, {2, 4},   {3, 6},   {9, 12},  {11, 13}, {3, 5},  //
-    {6, 8},  {7, 9},  {10, 12}, {3, 4},  {5, 6},   {7, 8},   {9, 10},  {11, 12}, {6, 7},   {8, 9},
-}};
-
-template <class D, class V>
-HWY_INLINE void exchange(D, V& low, V& high) {
-    const V least = hn::Min(low, high);
-    high = hn::Max(low, high);
-    low = least;
-}
-
-template <class D, class V, std::size_t... k>
-HWY_INLINE void sortColumns(D d, V* rows, std::index_sequence<k...>) {
-    (exchange(d, rows[exchangesOf16[k].low], rows[exchangesOf16[k].high]), ...);
-}
+inline constexpr std::array<Exchange, 60> exchangesOf16 = {
+    {{0, 13}, {1, 12}, {2, 15},  {3, 14},  {4, 8},   {5, 6},   {7, 11},  {9, 10},  {0, 5},   {1, 7},
+     {2, 9},  {3, 4},  {6, 13},  {8, 14},  {10, 15}, {11, 12}, {0, 1},   {2, 3},   {4, 5},   {6, 8},
+     {7, 9},  {10, 11}, {12, 13}, {14, 15}, {0, 2},  {1, 3},   {4, 10},  {5, 11},  {6, 7},   {8, 9},
+     {12, 14}, {13, 15}, {1, 2}, {3, 12},  {4, 6},   {5, 7},   {8, 10},  {9, 11},  {13, 14}, {1, 4},
+     {2, 6},  {5, 8},  {7, 10},  {9, 13},  {11, 14}, {2, 4},   {3, 6},   {9, 12},  {11, 13}, {3, 5},
+     {6, 8},  {7, 9},  {10, 12}, {3, 4},   {5, 6},   {7, 8},   {9, 10},  {11, 12}, {6, 7},   {8, 9}}};
 
 // The lanes of each `group` in reverse order.
 template <std::size_t group, class D, class V>
@@ -111,7 +94,7 @@ HWY_INLINE void mergeGroups(D d, V* rows) {
                 for (std::size_t r = 0; r < run / 2; ++r) {
                     V &low = rows[first + r], &high = rows[first + run - 1 - r];
                     high = reverseGroups<group>(d, high);
-                    exchange(d, low, high);
+                    exchange(low, high);
                 }
             }
         }
@@ -138,7 +121,7 @@ HWY_NOINLINE void sortByNetwork(D d, T* keys, std::size_t count) {
     V rows[networkRows];
 #pragma GCC unroll 16
     for (std::size_t r = 0; r < networkRows; ++r) rows[r] = hn::Load(d, padded + r * lanes);
-    sortColumns(d, rows, std::make_index_sequence<exchangesOf16.size()>());
+    exchangeAll<exchangesOf16>(rows);
     mergeGroups<2>(d, rows);
 #pragma GCC unroll 16
     for (std::size_t r = 0; r < networkRows; ++r) hn::Store(rows[r], d, padded + r * lanes);

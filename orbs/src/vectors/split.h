@@ -33,7 +33,7 @@ inline constexpr auto splitPlaces = [] {
 
 // As many as those instructions and tables move at once.
 template <class T>
-using SplitTag = hn::CappedTag<T, sizeof(T) == 2 ? (HWY_TARGET <= HWY_AVX3 ? 16 : 8) : 16>;
+using SplitTag = hn::CappedTag<T, sizeof(T) == 2 ? 8 : 16>;
 
 // A set of lanes as bits, and their number.
 template <class D>
@@ -86,7 +86,7 @@ template <class D, class V, class T = hn::TFromD<D>>
 HWY_INLINE std::size_t storeSplit(D d, V v, hn::Mask<D> mask, T* low, T* high) {
     const Orb32u set = laneSet(d, mask);
     const std::size_t count = countLanes(set);
-    if constexpr (HWY_TARGET <= HWY_AVX3 && sizeof(T) < 8) {
+    if constexpr (HWY_TARGET <= HWY_AVX3 && sizeof(T) == 4) {
         hn::StoreU(hn::Compress(v, hn::Not(mask)), d, low);
         hn::BlendedStore(hn::Compress(v, mask), hn::FirstN(d, count), d, high - count);
     } else {
