@@ -133,6 +133,7 @@ const VectorRule vectorRules[] = {
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{"SortIndex.*", "pDstIdx"}, COUNT(c.n), Use::update}, // one element leaves it as it was
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
@@ -191,6 +192,8 @@ const NumberRule numberRules[] = {
      orbStsFftFlagErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    // Each network, an even mask, and some beyond the vector.
+    {{"FilterMedian_.*", "maskSize"}, oneOf<3, 5, 6, 7, 9, 1, 11, 31, 255, INT_MAX>, belowOne, orbStsSizeErr},
 };
 
 // ---- Exceptions ----
@@ -234,6 +237,7 @@ const WarningRule warningRules[] = {
     {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
     {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
+    {{"FilterMedian_.*", ""}, {orbStsEvenMedianMaskSize}},
 };
 
 // The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.

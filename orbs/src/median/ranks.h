@@ -62,7 +62,7 @@ private:
         const Key* from = sorted_;
         while (count > 1) {
             const std::size_t half = count / 2;
-            from += from[half - 1] < key ? half : 0;
+            from += half & -std::size_t{from[half - 1] < key};
             count -= half;
         }
         return static_cast<std::size_t>(from - sorted_);

@@ -1,6 +1,7 @@
 // Quicksort of keys: partitions by vectors, networks for what is few.
 #include "sorting/keys.h"
 
+#include "sorting/heap.h"
 #include "sorting/network.h"
 #include "sorting/partition.h"
 #include "vectors/reverse.h"
@@ -25,29 +26,6 @@ bool isOrdered(const T* keys, std::size_t count, bool descending) {
     for (; ordered && n + hn::MaxLanes(full) < count; n += hn::MaxLanes(full)) ordered = compare(full, n);
     for (; ordered && n + 1 < count; ++n) ordered = compare(hn::CappedTag<T, 1>(), n);
     return ordered;
-}
-
-// ---- Where partitions go wrong again and again ----
-
-template <class T>
-void siftDown(T* heap, std::size_t root, std::size_t count) {
-    const T key = elementAt(heap + root);
-    for (std::size_t child; (child = 2 * root + 1) < count; root = child) {
-        if (child + 1 < count && elementAt(heap + child) < elementAt(heap + child + 1)) ++child;
-        if (elementAt(heap + child) <= key) break;
-        setElement(heap + root, elementAt(heap + child));
-    }
-    setElement(heap + root, key);
-}
-template <class T>
-void heapSort(T* keys, std::size_t count) {
-    for (std::size_t root = count / 2; root-- > 0;) siftDown(keys, root, count);
-    for (std::size_t last = count; last-- > 1;) {
-        const T greatest = elementAt(keys);
-        setElement(keys, elementAt(keys + last));
-        setElement(keys + last, greatest);
-        siftDown(keys, 0, last);
-    }
 }
 
 // ---- Keys of 16 bits: many of few values ----
