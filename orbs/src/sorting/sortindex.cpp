@@ -72,6 +72,39 @@ private:
         }
     }
 
+    // Places of a block whose keys belong to the other side of the pivot, as distances from its begin.
+    struct Misplaced {
+        static constexpr std::size_t block = 32;
+        Orb8u distances[block];
+        std::size_t next = 0, count = 0;
+
+        template <class Test>
+        void find(Test isMisplaced) {
+            next = count = 0;
+            for (std::size_t n = 0; n < block; ++n) {
+                distances[count] = static_cast<Orb8u>(n);
+                count += isMisplaced(n);
+            }
+        }
+        std::size_t take() { return --count, distances[next++]; }
+    };
+
+    // A partition exchanges the keys above the pivot, from the left, with those that are not, from the right. As long as
+    // the two are not near each other they are found without a branch on a key. i is where the left scan goes on; what
+    // lies behind j is above the pivot.
+    void exchangeByBlocks(std::size_t& i, std::size_t& j, T pivot) {
+        constexpr std::size_t block = Misplaced::block;
+        Misplaced low, high;
+        while (j - i + 1 >= 2 * block) {
+            if (low.count == 0) low.find([&](std::size_t n) { return Order::above(key(i + n), pivot); });
+            if (high.count == 0) high.find([&](std::size_t n) { return !Order::above(key(j - n), pivot); });
+            for (std::size_t pairs = std::min(low.count, high.count); pairs > 0; --pairs)
+                exchange(i + low.take(), j - high.take());
+            if (low.count == 0) i += block;
+            if (high.count == 0) j -= block;
+        }
+    }
+
     // Leaves the shorter part in `span`; the longer one waits.
     void split(Span& span, std::size_t& depth) {
         const auto [first, last] = span;
@@ -83,6 +116,8 @@ private:
         const T pivot = key(middle);
 
         std::size_t i = first + 1, j = last;
+        exchangeByBlocks(i, j, pivot);
+        if (j != last) ++j; // which the scan from the right has passed
         for (;;) {
             while (i != j && !Order::above(key(i), pivot)) ++i;
             while (i != j && Order::above(key(j), pivot)) --j;
