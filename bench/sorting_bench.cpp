@@ -11,7 +11,9 @@
 #include <random>
 
 // Highway's library has this, to seed the choice of pivots; what is compiled here is all but that.
-void hwy::Sorter::Fill24Bytes(const void*, std::size_t, void* bytes) { std::memset(bytes, 0x5a, 24); }
+void hwy::Sorter::Fill24Bytes(const void*, std::size_t, void* bytes) {
+    std::memset(bytes, 0x5a, 24);
+}
 
 namespace {
 

@@ -15,8 +15,9 @@ ORBS_DECLARATIONS_BEGIN
  * Floats, up to maskSize 9: a NaN in the window gives some element of the window, the same in every build. From
  * maskSize 11 on elements are compared by their bits, as SortAscend orders them: a NaN counts as above or below all
  * numbers, by its sign, and -0 as below +0.
- * Up to maskSize 9 nothing is allocated. From 11 on a call takes a block of less than 120 * maskSize bytes or 30 kB,
- * whichever is more, and less than 90 * len bytes for any maskSize; the time grows with len * log(maskSize).
+ * Up to maskSize 9 nothing is allocated. From 11 on a call takes one block for its time: less than 14 kB or
+ * 100 * maskSize bytes, whichever is more, and for any maskSize less than 80 * len + 500 bytes; 2^31 bytes are too many.
+ * The time grows with len * log(maskSize).
  * Tests: pointers (orbStsNullPtrErr), len or maskSize below 1 (orbStsSizeErr), memory (orbStsMemAllocErr); nothing is
  * written if one fails. May be called from any number of threads on different data. */
 OrbStatus orbsFilterMedian_8u(const Orb8u* pSrc, Orb8u* pDst, int len, int maskSize);

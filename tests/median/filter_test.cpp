@@ -81,8 +81,16 @@ TEST(FilterMedian, OfEveryLength) {
 // Around the lengths of the runs that are sorted at once, and several of them.
 TEST(FilterMedian, OfLongVectors) {
     forEveryType([]<class T>(Members<T> members) {
-        for (const auto& [len, maskSize] : {std::pair(502, 11), {503, 11}, {1004, 11}, {1005, 11}, {2000, 31}, {761, 255},
-                                            {763, 255}, {1524, 255}, {3000, 255}, {1200, 1999}}) {
+        for (const auto& [len, maskSize] : {std::pair(502, 11),
+                                            {503, 11},
+                                            {1004, 11},
+                                            {1005, 11},
+                                            {2000, 31},
+                                            {761, 255},
+                                            {763, 255},
+                                            {1524, 255},
+                                            {3000, 255},
+                                            {1200, 1999}}) {
             const auto x = signal<T>(len, maskSize + len);
             ASSERT_TRUE(gives(members, x, maskSize, definition(x, maskSize)));
         }
@@ -95,7 +103,9 @@ TEST(FilterMedian, OfVeryWideMasks) {
     Random random(1);
     std::vector<Orb16s> x(len), want(len);
     for (std::size_t n = 0; n < len; ++n) x[n] = static_cast<Orb16s>((random() % 200 + n / 1000) % 256 - 128);
-    const auto at = [&](int n) { return static_cast<std::size_t>(x[static_cast<std::size_t>(std::clamp(n, 0, len - 1))] + 128); };
+    const auto at = [&](int n) {
+        return static_cast<std::size_t>(x[static_cast<std::size_t>(std::clamp(n, 0, len - 1))] + 128);
+    };
     std::vector<int> counts(256);
     for (int k = -half; k < half; ++k) ++counts[at(k)];
     for (int n = 0; n < len; ++n) {
@@ -162,7 +172,8 @@ TEST(FilterMedian, NaNInfinitiesAndZeros) {
 // 2^25 elements and a mask as wide need more than the allocator gives at once.
 TEST(FilterMedian, WithoutMemoryNothingIsWritten) {
     constexpr int len = 1 << 25;
-    const std::unique_ptr<Orb64f, decltype(&std::free)> x(static_cast<Orb64f*>(std::calloc(len, sizeof(Orb64f))), std::free);
+    const std::unique_ptr<Orb64f, decltype(&std::free)> x(static_cast<Orb64f*>(std::calloc(len, sizeof(Orb64f))),
+                                                          std::free);
     ASSERT_NE(x, nullptr);
     x.get()[1] = 5;
     EXPECT_EQ(orbsFilterMedian_64f_I(x.get(), len, INT_MAX - 1), orbStsMemAllocErr);

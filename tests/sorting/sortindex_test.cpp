@@ -1,5 +1,5 @@
-// SortIndexAscend, SortIndexDescend: the order of equal elements is decided by the steps, so the model takes them one by
-// one.
+// SortIndexAscend, SortIndexDescend: the order of equal elements is decided by the steps, so the model takes them one
+// by one.
 #include "orbs/sorting.h"
 #include "support/compare.h"
 

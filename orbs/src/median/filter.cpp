@@ -6,6 +6,7 @@
 #include "orbs/foundation.h"
 #include "orbs/median.h"
 
+#include <array>
 #include <bit>
 #include <limits>
 #include <memory>
@@ -108,13 +109,10 @@ OrbStatus filter(const T* src, T* dst, std::size_t len, std::size_t half) {
         if (src != dst) std::memcpy(dst, src, len * sizeof(T));
         return orbStsNoErr;
     }
-    switch (half) {
-    case 1: NetworkFilter<1, T>::run(src, dst, len); break;
-    case 2: NetworkFilter<2, T>::run(src, dst, len); break;
-    case 3: NetworkFilter<3, T>::run(src, dst, len); break;
-    case 4: NetworkFilter<4, T>::run(src, dst, len); break;
-    default: return filterByRanks(src, dst, len, half);
-    }
+    constexpr std::array networks = {NetworkFilter<1, T>::run, NetworkFilter<2, T>::run, NetworkFilter<3, T>::run,
+                                     NetworkFilter<4, T>::run};
+    if (half > networks.size()) return filterByRanks(src, dst, len, half);
+    networks[half - 1](src, dst, len);
     return orbStsNoErr;
 }
 

@@ -28,9 +28,25 @@ struct MedianNetwork<3> {
 };
 template <>
 struct MedianNetwork<4> {
-    static constexpr std::array<Exchange, 19> exchanges = {
-        {{1, 2}, {4, 5}, {7, 8}, {0, 1}, {3, 4}, {6, 7}, {1, 2}, {4, 5}, {7, 8}, {0, 3},
-         {5, 8}, {4, 7}, {3, 6}, {1, 4}, {2, 5}, {4, 7}, {2, 4}, {4, 6}, {2, 4}}};
+    static constexpr std::array<Exchange, 19> exchanges = {{{1, 2},
+                                                            {4, 5},
+                                                            {7, 8},
+                                                            {0, 1},
+                                                            {3, 4},
+                                                            {6, 7},
+                                                            {1, 2},
+                                                            {4, 5},
+                                                            {7, 8},
+                                                            {0, 3}, //
+                                                            {5, 8},
+                                                            {4, 7},
+                                                            {3, 6},
+                                                            {1, 4},
+                                                            {2, 5},
+                                                            {4, 7},
+                                                            {2, 4},
+                                                            {4, 6},
+                                                            {2, 4}}};
 };
 
 template <std::size_t half, class T>

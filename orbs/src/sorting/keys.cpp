@@ -110,8 +110,6 @@ private:
     HWY_INLINE T choosePivot(const T* keys, std::size_t count) {
         const D d;
         const auto sample = [&]() HWY_ATTR { return hn::LoadU(d, keys + place(count - hn::MaxLanes(d))); };
-        const auto middle = [](auto a, auto b, auto c)
-                                HWY_ATTR { return hn::Max(hn::Min(a, b), hn::Min(hn::Max(a, b), c)); };
         const auto a = middle(sample(), sample(), sample());
         const auto b = middle(sample(), sample(), sample());
         const auto c = middle(sample(), sample(), sample());
@@ -119,6 +117,10 @@ private:
         hn::StoreU(middle(a, b, c), d, medians);
         const T first = medians[0], second = medians[hn::MaxLanes(d) / 2], last = medians[hn::MaxLanes(d) - 1];
         return std::max(std::min(first, second), std::min(std::max(first, second), last));
+    }
+    template <class V>
+    static HWY_INLINE V middle(V a, V b, V c) {
+        return hn::Max(hn::Min(a, b), hn::Min(hn::Max(a, b), c));
     }
     // Any place from 0 to `last`, so that no order of the keys meets the samples for long.
     std::size_t place(std::size_t last) {
@@ -139,12 +141,19 @@ void sortAny(T* keys, std::size_t count) {
     } else if (isOrdered(keys, count, true)) {
         reverse<Same, 1>(keys, keys, count);
     } else {
-        Quicksort<T>().sort(keys, count);
+        Quicksort<T> quicksort;
+        quicksort.sort(keys, count);
     }
 }
 
 } // namespace
 
-void orbs::sortKeys(Orb16s* keys, std::size_t count) { sortAny(keys, count); }
-void orbs::sortKeys(Orb32s* keys, std::size_t count) { sortAny(keys, count); }
-void orbs::sortKeys(std::int64_t* keys, std::size_t count) { sortAny(keys, count); }
+void orbs::sortKeys(Orb16s* keys, std::size_t count) {
+    sortAny(keys, count);
+}
+void orbs::sortKeys(Orb32s* keys, std::size_t count) {
+    sortAny(keys, count);
+}
+void orbs::sortKeys(std::int64_t* keys, std::size_t count) {
+    sortAny(keys, count);
+}

@@ -5,10 +5,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace orbs {
 
-// Ascending, in place, at any address. Takes no memory but a few thousand bytes of stack.
+// Ascending, in place, at any address. Takes no memory but up to 24 kB of stack.
 void sortKeys(Orb16s* keys, std::size_t count);
 void sortKeys(Orb32s* keys, std::size_t count);
 void sortKeys(std::int64_t* keys, std::size_t count);
@@ -17,7 +18,7 @@ void sortKeys(std::int64_t* keys, std::size_t count);
 // -0, +0, ..., infinity, NaN. Taken twice it gives the bits back.
 template <class Key>
 constexpr Key orderedBits(Key bits) {
-    return bits < 0 ? static_cast<Key>(bits ^ static_cast<Key>(~Key{} ^ (Key{1} << (8 * sizeof(Key) - 1)))) : bits;
+    return bits < 0 ? bits ^ std::numeric_limits<Key>::max() : bits;
 }
 
 } // namespace orbs

@@ -77,13 +77,9 @@ private:
         }
         std::memcpy(aside_ + 2 * block, first, static_cast<std::size_t>(last - first) * sizeof(T));
         const auto left = static_cast<std::size_t>(high - low);
-        low += throughScratchFrom(low, left, pivot);
-        return static_cast<std::size_t>(low - keys);
-    }
-    HWY_INLINE std::size_t throughScratchFrom(T* to, std::size_t count, T pivot) {
-        const std::size_t upTo = throughScratch(aside_, count, pivot);
-        std::memcpy(to, aside_, count * sizeof(T));
-        return upTo;
+        const std::size_t upTo = throughScratch(aside_, left, pivot);
+        std::memcpy(low, aside_, left * sizeof(T));
+        return static_cast<std::size_t>(low - keys) + upTo;
     }
 
     alignas(64) T scratch_[fewKeys + lanes];

@@ -15,12 +15,7 @@ enum class Order { ascending, descending };
 
 // ---- Keys: signed integers in the order of the elements ----
 
-struct Signed {
-    template <class D, class V>
-    static V of(D, V v) {
-        return v;
-    }
-};
+using Signed = Same;
 struct Unsigned {
     template <class D, class V>
     static V of(D d, V v) {
@@ -38,10 +33,10 @@ struct Float {
 
 template <class Map, class Key>
 void mapKeys(Key* keys, std::size_t count) {
-    if constexpr (std::is_same_v<Map, Signed>) return;
-    forEachVector<Key>(count, keys, [=](auto d, std::size_t n) HWY_ATTR {
-        hn::StoreU(Map::of(d, hn::LoadU(d, keys + n)), d, keys + n);
-    });
+    if constexpr (!std::is_same_v<Map, Signed>)
+        forEachVector<Key>(count, keys, [=](auto d, std::size_t n) HWY_ATTR {
+            hn::StoreU(Map::of(d, hn::LoadU(d, keys + n)), d, keys + n);
+        });
 }
 
 template <class Map, class Key, class T>
@@ -92,7 +87,8 @@ void countingSort(Order order, Orb8u* p, std::size_t count) {
 OrbStatus sortedBytes(Order order, Orb8u* pSrcDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrcDst)) return status;
     const auto count = static_cast<std::size_t>(len);
-    count < countedFrom ? insertionSort(order, pSrcDst, count) : countingSort(order, pSrcDst, count);
+    const auto sort = count < countedFrom ? insertionSort : countingSort;
+    sort(order, pSrcDst, count);
     return orbStsNoErr;
 }
 

@@ -89,9 +89,9 @@ private:
         std::size_t take() { return --count, distances[next++]; }
     };
 
-    // A partition exchanges the keys above the pivot, from the left, with those that are not, from the right. As long as
-    // the two are not near each other they are found without a branch on a key. i is where the left scan goes on; what
-    // lies behind j is above the pivot.
+    // A partition exchanges the keys above the pivot, from the left, with those that are not, from the right. As long
+    // as the two are not near each other they are found without a branch on a key. i is where the left scan goes on;
+    // what lies behind j is above the pivot.
     void exchangeByBlocks(std::size_t& i, std::size_t& j, T pivot) {
         constexpr std::size_t block = Misplaced::block;
         Misplaced low, high;

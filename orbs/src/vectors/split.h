@@ -80,8 +80,9 @@ HWY_INLINE hn::Vec512<T> splitByTable(hn::Vec512<T> v, Orb32u set) {
 }
 #endif
 
-// Stores the lanes of a vector that are not in the set from `low` on, and those that are up to before `high`, in whole
-// vectors: what lies there besides is overwritten, except beside `high`. Returns how many are in the set.
+// Stores the lanes of a vector for which the mask is false from `low` on, and the others so that they end before
+// `high`. A whole vector from `low` on and one that ends before `high` may be overwritten. Returns how many went to
+// `high`.
 template <class D, class V, class T = hn::TFromD<D>>
 HWY_INLINE std::size_t storeSplit(D d, V v, hn::Mask<D> mask, T* low, T* high) {
     const Orb32u set = laneSet(d, mask);
