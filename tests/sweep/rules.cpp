@@ -138,6 +138,7 @@ const VectorRule vectorRules[] = {
     {{"FindNearestOne_.*", "pOutVal|pOutIndx"}, COUNT(1)},
     {{"FindNearest.*", "pVals|pOutVals|pOutIndexes|pTable"}, COUNT(c.n)},
     {{"CountInRange_.*", "pCounts"}, COUNT(1)},
+    {{"SortIndex.*", "pDstIdx"}, COUNT(c.n), Use::update}, // one element leaves it as it was
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
@@ -226,6 +227,8 @@ const NumberRule numberRules[] = {
     {{"FindNearest.*", "tblLen"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{"CountInRange_.*", "lowerBound"}, oneOf<-1000000000, INT_MIN, 0>},
     {{"CountInRange_.*", "upperBound"}, oneOf<1000000000, INT_MAX>},
+    // Each network, an even mask, and some beyond the vector.
+    {{"FilterMedian_.*", "maskSize"}, oneOf<3, 5, 6, 7, 9, 1, 11, 31, 255, INT_MAX>, belowOne, orbStsSizeErr},
 };
 
 // ---- Exceptions ----
@@ -271,6 +274,7 @@ const WarningRule warningRules[] = {
     {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
     {{"MaxOrder_\\d+f", ""}, {orbStsNanArg}},
+    {{"FilterMedian_.*", ""}, {orbStsEvenMedianMaskSize}},
 };
 
 // The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
