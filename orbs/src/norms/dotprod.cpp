@@ -4,6 +4,8 @@
 #include "vectors/powers.h"
 #include "vectors/reduce.h"
 
+#include <functional>
+
 namespace {
 
 using namespace orbs;
@@ -29,7 +31,7 @@ struct ComplexProducts : InFixedLanes<Lane, 2, 2> {
         sum[0] = hn::Add(sum[0], hn::Mul(a, b));
         sum[1] = hn::Add(sum[1], hn::Mul(a, hn::Reverse2(d, b)));
     }
-    template <class C>
+    template <class C, class>
     static std::array<Lane, 2> result(std::size_t len, const C* src1, const C* src2) {
         const auto [same, crossed] = reduced<2>(ComplexProducts(), len, src1, src2);
         return {same[0] - same[1], crossed[0] + crossed[1]};
@@ -58,10 +60,8 @@ OrbStatus dotProduct(const S1* pSrc1, const S2* pSrc2, int len, R* pDp) {
         if constexpr (isComplex<R>) return RealOf<R>();
         else return R();
     }());
-    const auto result = [](std::size_t count, const S1* src1, const S2* src2) {
-        return eachPart<R>(ProductsOf<Lane, S1, S2>::result(count, src1, src2), [](Lane s) { return s; });
-    };
-    return reduction(result, len, pDp, pSrc1, pSrc2);
+    const auto finish = [](const auto& sums) { return eachPart<R>(sums, std::identity()); };
+    return reduction(ProductsOf<Lane, S1, S2>::template result<S1, S2>, finish, len, pDp, pSrc1, pSrc2);
 }
 
 // The contract limits the scale factor and rounds to nearest in every mode.
@@ -70,7 +70,7 @@ OrbStatus dotProduct(const S1* pSrc1, const S2* pSrc2, int len, R* pDp, int scal
     if (const OrbStatus status = checkVectors(len, pSrc1, pSrc2, pDp)) return status;
     const SseQuiet quiet(SseRounding::nearest);
     const Orb64f scale = powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -31, 93));
-    const auto sums = ProductsOf<Orb64f, S1, S2>::result(static_cast<std::size_t>(len), pSrc1, pSrc2);
+    const auto sums = ProductsOf<Orb64f, S1, S2>::template result<S1, S2>(static_cast<std::size_t>(len), pSrc1, pSrc2);
     setElement(pDp, eachPart<R>(sums, [=](Orb64f s) {
                    return _mm_cvtsd_si32(_mm_set_sd(std::min(s * scale, 2147483647.0))); // stops at -2^31 by itself
                }));

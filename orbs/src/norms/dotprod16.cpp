@@ -66,10 +66,10 @@ template <class S1, class S2, class R, class F>
 OrbStatus dotProductWith(F finish, const S1* pSrc1, const S2* pSrc2, int len, R* pDp) {
     using Op = Products<S1, S2>;
     constexpr std::size_t lanes = isComplex<S2> && !isComplex<S1> ? 2 : 1; // that sums of a part are folded to
-    const auto result = [=](std::size_t count, const S1* src1, const S2* src2) {
-        return eachPart<R>(reduced<lanes>(Op(), count, src1, src2)[0], finish);
+    const auto sums = [](std::size_t count, const S1* src1, const S2* src2) {
+        return reduced<lanes>(Op(), count, src1, src2)[0];
     };
-    return reduction(result, len, pDp, pSrc1, pSrc2);
+    return reduction(sums, [=](const auto& all) { return eachPart<R>(all, finish); }, len, pDp, pSrc1, pSrc2);
 }
 
 template <class R>

@@ -4,6 +4,7 @@
 #include "vectors/complex.h"
 
 #include <bit>
+#include <functional>
 
 namespace {
 
@@ -62,26 +63,26 @@ struct Largest : InFixedLanes<hwy::MakeSigned<Float>, 1, partsOfElement> {
 template <class R, class S, class... Same>
 OrbStatus normInf(int len, R* pNorm, const S* pSrc, const Same*... pSrc2) {
     using Float = std::conditional_t<isComplex<S>, Orb64f, R>;
-    const auto result = [](std::size_t count, auto... src) {
-        const auto largest = std::bit_cast<Float>(reduced(Largest<Float, partsOf<S>>(), count, src...)[0][0]);
-        return static_cast<R>(isComplex<S> ? squareRoot(largest) : largest);
+    const auto sums = [](std::size_t count, auto... src) {
+        return std::bit_cast<Float>(reduced(Largest<Float, partsOf<S>>(), count, src...)[0][0]);
     };
-    return reduction(result, len, pNorm, pSrc, pSrc2...);
+    const auto finish = [](Float largest) { return static_cast<R>(isComplex<S> ? squareRoot(largest) : largest); };
+    return reduction(sums, finish, len, pNorm, pSrc, pSrc2...);
 }
 
 template <class R, class S, class... Same>
 OrbStatus normL1(int len, R* pNorm, const S* pSrc, const Same*... pSrc2) {
     using Op = std::conditional_t<isComplex<S>, ComplexMagnitudes, Magnitudes<R>>;
-    const auto result = [](std::size_t count, auto... src) { return reduced(Op(), count, src...)[0][0]; };
-    return reduction(result, len, pNorm, pSrc, pSrc2...);
+    const auto sums = [](std::size_t count, auto... src) { return reduced(Op(), count, src...)[0][0]; };
+    return reduction(sums, std::identity(), len, pNorm, pSrc, pSrc2...);
 }
 
 template <class R, class S, class... Same>
 OrbStatus normL2(int len, R* pNorm, const S* pSrc, const Same*... pSrc2) {
-    const auto result = [](std::size_t count, auto... src) {
-        return squareRoot(reduced(Squares<R>(), partsOf<S> * count, partsAt(src)...)[0][0]);
+    const auto sums = [](std::size_t count, auto... src) {
+        return reduced(Squares<R>(), partsOf<S> * count, partsAt(src)...)[0][0];
     };
-    return reduction(result, len, pNorm, pSrc, pSrc2...);
+    return reduction(sums, squareRoot<R>, len, pNorm, pSrc, pSrc2...);
 }
 
 } // namespace

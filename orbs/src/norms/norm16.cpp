@@ -95,8 +95,8 @@ Orb64f root(Orb64s r) {
 
 template <class Op, class F, class R, class... S>
 OrbStatus norm(Op op, F finish, int len, R* pNorm, const S*... pSrc) {
-    const auto result = [=](std::size_t count, const S*... src) { return finish(Orb64s{reduced(op, count, src...)[0][0]}); };
-    return reduction(result, len, pNorm, pSrc...);
+    const auto sums = [=](std::size_t count, const S*... src) { return Orb64s{reduced(op, count, src...)[0][0]}; };
+    return reduction(sums, finish, len, pNorm, pSrc...);
 }
 
 template <class... S>

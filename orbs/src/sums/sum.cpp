@@ -44,22 +44,23 @@ using Part = std::remove_pointer_t<decltype(partsAt(std::declval<T*>()))>;
 
 template <class T>
 OrbStatus sum(const T* pSrc, int len, T* pSum, OrbHintAlgorithm hint = orbAlgHintNone) {
-    const auto result = [=](std::size_t count, const T* src) {
-        return eachPart<T>(floatSum(src, count, hint), [](Orb64f s) { return static_cast<Part<T>>(s); });
+    const auto sums = [=](std::size_t count, const T* src) { return floatSum(src, count, hint); };
+    const auto finish = [](const auto& all) {
+        return eachPart<T>(all, [](Orb64f s) { return static_cast<Part<T>>(s); });
     };
-    return reduction(result, len, pSum, pSrc);
+    return reduction(sums, finish, len, pSum, pSrc);
 }
 
 // By contract the mean of Orb64fc is a product with the reciprocal.
 template <class T>
 OrbStatus mean(const T* pSrc, int len, T* pMean, OrbHintAlgorithm hint = orbAlgHintNone) {
-    const auto result = [=](std::size_t count, const T* src) {
-        const auto n = static_cast<Orb64f>(len);
-        return eachPart<T>(floatSum(src, count, hint), [=](Orb64f s) {
+    const auto sums = [=](std::size_t count, const T* src) { return floatSum(src, count, hint); };
+    const auto finish = [n = static_cast<Orb64f>(len)](const auto& all) {
+        return eachPart<T>(all, [=](Orb64f s) {
             return static_cast<Part<T>>(std::is_same_v<T, Orb64fc> ? s * (1.0 / n) : s / n);
         });
     };
-    return reduction(result, len, pMean, pSrc);
+    return reduction(sums, finish, len, pMean, pSrc);
 }
 
 // ---- 16 bits ----
@@ -74,48 +75,45 @@ R nearest(Orb64f v) {
     return static_cast<R>(_mm_cvtsd_si32(_mm_set_sd(std::clamp(v, least, most))));
 }
 
-template <class T>
-std::array<Orb64s, partsOf<T>> exactSum(const T* src, std::size_t len) {
+constexpr auto exactSum = []<class T>(std::size_t len, const T* src) -> std::array<Orb64s, partsOf<T>> {
     const auto sums = reduced(Sum16<T>(), len, src);
     if constexpr (isComplex<T>) {
         return {sums[0][0], sums[1][0]};
     } else {
         return sums[0];
     }
-}
+};
 
 template <class T, class R>
 OrbStatus sumScaled(const T* pSrc, int len, R* pSum, int scaleFactor) {
-    const auto result = [=](std::size_t count, const T* src) {
-        return eachPart<R>(exactSum(src, count),
-                           [=](Orb64s s) { return saturated<Part<R>>(nearest<Orb32s>(scaledSum(s, scaleFactor))); });
+    const auto finish = [=](const auto& sums) {
+        return eachPart<R>(
+            sums, [=](Orb64s s) { return saturated<Part<R>>(nearest<Orb32s>(scaledSum(s, scaleFactor))); });
     };
-    return reduction(result, len, pSum, pSrc);
+    return reduction(exactSum, finish, len, pSum, pSrc);
 }
 
 template <class T>
 OrbStatus meanScaled(const T* pSrc, int len, T* pMean, int scaleFactor) {
-    const auto result = [=](std::size_t count, const T* src) {
-        return eachPart<T>(exactSum(src, count),
-                           [=](Orb64s s) { return nearest<Orb16s>(scaledSum(s, scaleFactor) / len); });
+    const auto finish = [=](const auto& sums) {
+        return eachPart<T>(sums, [=](Orb64s s) { return nearest<Orb16s>(scaledSum(s, scaleFactor) / len); });
     };
-    return reduction(result, len, pMean, pSrc);
+    return reduction(exactSum, finish, len, pMean, pSrc);
 }
 
 // ---- 32 bits ----
 
-Orb64s exactSum(const Orb32s* src, std::size_t len) {
+Orb64s exactSum32(std::size_t len, const Orb32s* src) {
     return reduced(Sum<std::int64_t>(), len, src)[0][0];
 }
 
 OrbStatus sumScaled(const Orb32s* pSrc, int len, Orb32s* pSum, int scaleFactor) {
-    const auto result = [=](std::size_t count, const Orb32s* src) {
-        const Orb64s s = exactSum(src, count);
+    const auto finish = [=](Orb64s s) {
         if (scaleFactor > 63) return static_cast<Orb32s>(s >> 63);
         if (scaleFactor > 0) return saturated<Orb32s>(roundedShift(s, scaleFactor));
         return shiftedLeft<Orb32s>(s, leftShift(scaleFactor, 31));
     };
-    return reduction(result, len, pSum, pSrc);
+    return reduction(exactSum32, finish, len, pSum, pSrc);
 }
 
 // |s| / n to nearest, ties to even, with the sign of s.
@@ -133,8 +131,7 @@ Orb64s meanShifted(Orb64s mean, int shift) {
 }
 
 OrbStatus meanScaled(const Orb32s* pSrc, int len, Orb32s* pMean, int scaleFactor) {
-    const auto result = [=](std::size_t count, const Orb32s* src) {
-        const Orb64s s = exactSum(src, count);
+    const auto finish = [=](Orb64s s) {
         if (scaleFactor == 0) return saturated<Orb32s>(quotient(s, len));
         if (scaleFactor > 0) return saturated<Orb32s>(meanShifted(quotient(s, len), scaleFactor));
         if (scaleFactor < -31) return saturated<Orb32s>(s == 0 ? 0 : s < 0 ? -0x80000000LL : 0x7fffffffLL);
@@ -142,7 +139,7 @@ OrbStatus meanScaled(const Orb32s* pSrc, int len, Orb32s* pMean, int scaleFactor
         if (s != saturated<Orb32s>(s)) return shiftedLeft<Orb32s>(quotient(s, len), shift);
         return saturated<Orb32s>(quotient(s * (Orb64s{1} << shift), len)); // keeps the fraction
     };
-    return reduction(result, len, pMean, pSrc);
+    return reduction(exactSum32, finish, len, pMean, pSrc);
 }
 
 } // namespace

@@ -196,11 +196,13 @@ HWY_INLINE T squareRoot(T x) {
     return hn::GetLane(hn::Sqrt(hn::Set(hn::CappedTag<T, 1>(), x)));
 }
 
-// pResult = result(len elements of each source).
-template <class R, class F, class... S>
-HWY_INLINE OrbStatus reduction(F result, int len, R* pResult, const S*... pSrc) {
+// *pResult = finish(sums(len elements of each source)). They are two because g++ 12 leaves the upper halves of registers
+// in use where a function that has used them ends with a call of another.
+template <class R, class Finish, class F, class... S>
+HWY_INLINE OrbStatus reduction(F sums, Finish finish, int len, R* pResult, const S*... pSrc) {
     if (const OrbStatus status = checkVectors(len, pSrc..., pResult)) return status;
-    setElement(pResult, result(static_cast<std::size_t>(len), pSrc...));
+    const auto all = sums(static_cast<std::size_t>(len), pSrc...);
+    setElement(pResult, finish(all));
     return orbStsNoErr;
 }
 
