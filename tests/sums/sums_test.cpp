@@ -186,6 +186,7 @@ Orb32s meanOf(Real s, Real n, int scaleFactor) {
         const std::uint64_t shifted = scaleFactor > 63 ? 0 : (q + bit) >> scaleFactor;
         return limited<Orb32s>(std::copysign(static_cast<Real>(shifted), mean));
     }
+    if (scaleFactor < -31) return s == 0 ? 0 : s < 0 ? INT32_MIN : INT32_MAX;
     if (scaleFactor < 0 && s == limited<Orb32s>(s)) return limited<Orb32s>(scaled(s, scaleFactor) / n);
     return limited<Orb32s>(scaled(mean, scaleFactor));
 }

@@ -173,7 +173,7 @@ HWY_INLINE auto reduced(Op op, std::size_t len, const S*... src) {
         for (std::size_t n = 0; n < len; n += Op::block) {
             const Total more = op.total(reducedAtOnce<parts>(op, std::min(Op::block, len - n), src + n...));
             for (std::size_t k = 0; k < total.size(); ++k)
-                for (std::size_t p = 0; p < parts; ++p) total[k][p] += more[k][p];
+                for (std::size_t p = 0; p < total[k].size(); ++p) total[k][p] += more[k][p];
         }
         return total;
     }
