@@ -140,6 +140,7 @@ const VectorRule vectorRules[] = {
     {{"CountInRange_.*", "pCounts"}, COUNT(1)},
     {{"SortIndex.*", "pDstIdx"}, COUNT(c.n), Use::update}, // one element leaves it as it was
     {{".*", "p\\w*Size"}, COUNT(1)},
+    {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
 
@@ -176,6 +177,7 @@ struct NumberRule {
 
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
+    {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "rndMode"}, oneOf<0, 1, 2, -1>},
@@ -186,7 +188,10 @@ const NumberRule numberRules[] = {
      orbStsShiftErr},
     {{"DivC_(8|16).*", "val"}, oneOf<1, 2, 0x3fff9, 7, 0x70005, 201>, {NUMBER(0)}, orbStsDivByZeroErr},
     {{"DivC_.*", "val"}, nullptr, {NUMBER(0)}, orbStsDivByZeroErr},
-    {{".*", "val|src"}, nullptr},
+    {{"Normalize_16.*", "vDiv"}, oneOf<1, -3, 100, INT_MAX, INT_MIN>, {NUMBER(0)}, orbStsDivByZeroErr},
+    {{"Normalize_32.*", "vDiv"}, nullptr, {NUMBER(0), NUMBER(0x1p-127), NUMBER(-0x1p-127), NUMBER(NAN)}, orbStsDivByZeroErr},
+    {{"Normalize_64.*", "vDiv"}, nullptr, {NUMBER(0), NUMBER(0x1p-1023), NUMBER(NAN)}, orbStsDivByZeroErr},
+    {{".*", "val|src|vSub"}, nullptr},
     {{"Copy_1u", "srcBitOffset"}, NUMBER(sourceOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"Copy_1u|PackBits_.*", "dstBitOffset"},
      NUMBER(destinationOffset(c)),
@@ -271,7 +276,7 @@ struct WarningRule {
 const WarningRule warningRules[] = {
     {{"Div(CRev)?_.*|Threshold_LTInv_.*", ""}, {orbStsDivByZero}},
     {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
-    {{"(Ln|10Log10)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
+    {{"(Ln|10Log10|SumLn)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
     {{"MaxOrder_\\d+f", ""}, {orbStsNanArg}},
     {{"FilterMedian_.*", ""}, {orbStsEvenMedianMaskSize}},
@@ -289,6 +294,7 @@ const OrderRule orderRules[] = {
     {{"MaxOrder_.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
     {{"DivC_.*", ""}, {"*", "val"}},
+    {{"Normalize_.*", ""}, {"*", "vDiv"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
@@ -318,6 +324,10 @@ Cases lengthsUpTo(int last) {
 Cases lengths(std::initializer_list<int> list) {
     Cases cases;
     for (int n : list) cases.push_back({.n = n});
+    return cases;
+}
+Cases atLeast(int n, Cases cases) {
+    std::erase_if(cases, [=](const Case& c) { return c.n < n; });
     return cases;
 }
 Cases orders(int first, int last, int repeats) {
@@ -385,6 +395,12 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 1700}), {5, 70}),
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
               everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
+    // Deviations are of two elements and more.
+    {{"(Mean)?StdDev_.*", ""},
+     lengthsFrom(2, 70),
+     lengths({1030, 4099, 40007}),
+     lengths({9, 9, 9, 40007}),
+     atLeast(2, digestScales())},
     // The lengths from which calls spread over threads, each with several scale factors.
     {{".*_I?Sfs", ""}, lengthsUpTo(70), longScales(), lengths({9, 9, 9, 40007}), digestScales()},
     {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},

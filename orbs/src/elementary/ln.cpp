@@ -14,11 +14,9 @@ using namespace orbs;
 struct Ln {
     OrbStatus* warning;
 
-    // Outside 0x00800000 to 0x7f7fffff, in one comparison of the bits moved down to the least integer.
     template <class D, class V>
     HWY_INLINE auto isOdd(D d, V x) const {
-        const hn::RebindToSigned<D> di;
-        return hn::RebindMask(d, hn::Gt(hn::BitCast(di, x) + hn::Set(di, 0x7f800000), hn::Set(di, 0xfeffffff)));
+        return isUnusualLnArg(d, x);
     }
     template <class D, class V>
     HWY_INLINE V usual(D d, V x) const {
@@ -51,12 +49,9 @@ struct Ln64 {
     LnSpecials specials;
     OrbStatus* warning;
 
-    // Outside 0x00100000 to 0x7fefffff, as above; the sign of a lane is that of its high word.
     template <class D, class V>
     HWY_INLINE auto isOdd(D d, V x) const {
-        const hn::Repartition<Orb32s, D> words;
-        const auto odd = hn::Gt(hn::BitCast(words, x) + hn::Set(words, 0x7ff00000), hn::Set(words, 0xffdfffff));
-        return hn::MaskFromVec(hn::BitCast(d, hn::VecFromMask(words, odd)));
+        return isUnusualLnArg(d, x);
     }
     template <class D, class V>
     HWY_INLINE V usual(D d, V x) const {

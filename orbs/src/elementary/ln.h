@@ -23,6 +23,20 @@ HWY_INLINE void warnOfLnArgs(D d, V x, OrbStatus& warning) {
     warning = lanes[firstBad] == 0 ? orbStsLnZeroArg : orbStsLnNegArg;
 }
 
+// Whether x is anything but positive, normal and finite: its bits lie outside 0x00800000 to 0x7f7fffff, in one
+// comparison of them moved down to the least integer. The same of the high words of doubles.
+template <class D, class V>
+HWY_INLINE auto isUnusualLnArg(D d, V x) requires std::is_same_v<hn::TFromD<D>, Orb32f> {
+    const hn::RebindToSigned<D> di;
+    return hn::RebindMask(d, hn::Gt(hn::BitCast(di, x) + hn::Set(di, 0x7f800000), hn::Set(di, 0xfeffffff)));
+}
+template <class D, class V>
+HWY_INLINE auto isUnusualLnArg(D d, V x) requires std::is_same_v<hn::TFromD<D>, Orb64f> {
+    const hn::Repartition<Orb32s, D> words;
+    const auto odd = hn::Gt(hn::BitCast(words, x) + hn::Set(words, 0x7ff00000), hn::Set(words, 0xffdfffff));
+    return hn::MaskFromVec(hn::BitCast(d, hn::VecFromMask(words, odd))); // the sign of a lane is that of its high word
+}
+
 // ln(x * 2^shift) of normal x > 0, with m in sqrt(1/2) to sqrt(2):
 //   x = m * 2^e, s = (m - 1) / (m + 1), ln x = e * ln 2 + 2 artanh s.
 template <class D, class V = hn::Vec<D>>

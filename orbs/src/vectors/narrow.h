@@ -76,7 +76,7 @@ HWY_INLINE hn::Vec<D> narrowed(D d, Wide wide, std::size_t offset = 0) {
     using T = hn::TFromD<D>;
     if constexpr (sizeof(T) == 4) {
         return wide(d, offset);
-    } else if constexpr (hn::MaxLanes(D()) == 1) {
+    } else if constexpr (hn::MaxLanes(D()) * sizeof(T) < 16) { // a rest
         return hn::DemoteTo(d, wide(hn::Rebind<Orb32s, D>(), offset));
     } else {
         const hn::Repartition<std::conditional_t<sizeof(T) == 2, Orb32s, Orb16s>, D> twice;
