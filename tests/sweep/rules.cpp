@@ -189,6 +189,11 @@ const NumberRule numberRules[] = {
      oneOf<ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE>,
      {NUMBER(0), NUMBER(3), NUMBER(16), NUMBER(-1)},
      orbStsFftFlagErr},
+    {{"Vector(Ramp|Slope)_.*", "offset"}, oneOf<0, 3.5, -700.25, 40000, 100.5>},
+    {{"Vector(Ramp|Slope)_.*", "slope"}, oneOf<1, -0.375, 0, 0.01, 37.3, -3e6, -9>},
+    {{"VectorJaehne_\\d+u", "magn"}, oneOf<255, 100, 0, 0xffffffff>},
+    {{"VectorJaehne_\\d+s", "magn"}, oneOf<127, 100, 0>, {NUMBER(-1), NUMBER(-100)}, orbStsJaehneErr},
+    {{"VectorJaehne_\\d+f", "magn"}, oneOf<127.5, 1, 0>, {NUMBER(-1e-30), NUMBER(NAN)}, orbStsJaehneErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
 };
@@ -219,6 +224,9 @@ const NullRule nullRules[] = {
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
     {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
+};
+const Exception resultsDependOnPlace[] = {
+    {{"VectorRamp_64f", ""}}, // where the double precision begins
 };
 const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
@@ -383,6 +391,7 @@ public:
         for (const std::string& text : texts) findObject(text);
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
         if (const WarningRule* rule = ruleFor(warningRules, name_)) plan_.warnings = rule->warnings;
+        plan_.dependsOnPlace = ruleFor(resultsDependOnPlace, name_);
         const CaseRule* cases = ruleFor(caseRules, name_);
         plan_.small = cases->small;
         plan_.large = cases->large;
@@ -525,6 +534,7 @@ std::vector<std::string> idleRules() {
     appendIdle(idle, numberRules);
     appendIdle(idle, pointeeRules);
     appendIdle(idle, nullRules);
+    appendIdle(idle, resultsDependOnPlace);
     appendIdle(idle, refusalMayWrite);
     appendIdle(idle, warningRules);
     appendIdle(idle, orderRules);

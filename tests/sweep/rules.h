@@ -60,6 +60,7 @@ struct Plan {
     std::vector<Argument> arguments;
     std::vector<Fault> faults;
     std::vector<OrbStatus> warnings; // that a valid call may return
+    bool dependsOnPlace = false;     // what a valid call writes
     Family family;                   // of the object among the arguments, if there is one
     std::vector<Case> small, large;  // called at every alignment, and at both edges only
     std::vector<Case> faulty;        // called with faults
