@@ -53,6 +53,7 @@ struct ObjectRule {
     Pattern pattern;          // of the type; the kind is what it ends with
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
     std::vector<Area> areas;
+    const char* kind = nullptr; // else the type tells it
 };
 const ObjectRule objectRules[] = {
     {{"OrbsFFTSpec(\\w+)", ""},
@@ -62,6 +63,7 @@ const ObjectRule objectRules[] = {
       {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+    {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
 };
 
 // What the query of a family tells of one area.
@@ -109,6 +111,12 @@ std::size_t packedBytes(const Case& c) {
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
 
+template <auto... choices>
+double oneOf(const Case& c) {
+    static constexpr double values[] = {choices...};
+    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
+}
+
 struct VectorRule {
     Pattern pattern;
     Count count;
@@ -133,17 +141,12 @@ const VectorRule vectorRules[] = {
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{"(Tone|Triangle)_Direct_.*", "pPhase"}, COUNT(1), Use::update, oneOf<0, 1.5, 6.28, 3.25>},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
 
 // ---- Numbers ----
-
-template <auto... choices>
-double oneOf(const Case& c) {
-    static constexpr double values[] = {choices...};
-    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
-}
 
 // Around every cut between kernels, and far beyond all of them.
 constexpr int scaleFactors[] = {0,  INT_MIN, -1000, -40, -33, -32, -31, -30, -17, -16, -15,  -14,
@@ -194,7 +197,21 @@ const NumberRule numberRules[] = {
     {{"VectorJaehne_\\d+u", "magn"}, oneOf<255, 100, 0, 0xffffffff>},
     {{"VectorJaehne_\\d+s", "magn"}, oneOf<127, 100, 0>, {NUMBER(-1), NUMBER(-100)}, orbStsJaehneErr},
     {{"VectorJaehne_\\d+f", "magn"}, oneOf<127.5, 1, 0>, {NUMBER(-1e-30), NUMBER(NAN)}, orbStsJaehneErr},
-    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
+    {{"Tone.*", "magn"}, oneOf<1000, 1, 32767>, {NUMBER(0), NUMBER(-5)}, orbStsToneMagnErr},
+    {{"Tone_Direct_(16s|32f|64f)", "rFreq"},
+     oneOf<0.1, 0.0073, 0.49, 0, 0.25>,
+     {NUMBER(0.5), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsToneFreqErr},
+    {{"Tone_Direct_(16s|32f|64f)c", "rFreq"},
+     oneOf<0.1, 0.75, 0.0073, 0, 0.9999>,
+     {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsToneFreqErr},
+    {{"Tone.*", "rFreqQ15"}, oneOf<3000, 0, 16383, 17>, {NUMBER(16384), NUMBER(-1)}, orbStsToneFreqErr},
+    {{"Tone.*", "phaseQ15"},
+     oneOf<0, 205886, 70000>,
+     {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsTonePhaseErr},
+    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
 };
 
@@ -209,6 +226,7 @@ const PointeeRule pointeeRules[] = {
     // One of the channels is null.
     {{"Join.*", "pSrc"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
+    {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
 };
 
 struct Exception {
@@ -257,6 +275,7 @@ const OrderRule orderRules[] = {
     {{"DivC_.*", ""}, {"*", "val"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
+    {{"(Tone|Triangle)_Direct_.*", ""}, {"pPhase", "magn", "rFreq", "asym", "pPhase:value", "pDst", "len"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
@@ -290,6 +309,11 @@ Cases orders(int first, int last, int repeats) {
     Cases cases;
     for (int order = first; order <= last; ++order)
         cases.insert(cases.end(), static_cast<std::size_t>(repeats), {.order = order});
+    return cases;
+}
+// With hints for speed.
+Cases fast(Cases cases) {
+    for (std::size_t k = 0; k < cases.size(); ++k) cases[k].turn = 5 * static_cast<int>(k + 1) + 1;
     return cases;
 }
 Cases withTaps(Cases cases, std::initializer_list<int> taps) {
@@ -351,6 +375,13 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 1700}), {5, 70}),
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
               everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
+    // Around one block and several.
+    {{"Tone_Direct_.*", ""},
+     lengthsUpTo(70) + fast(lengthsUpTo(70)),
+     fast(lengths({1023, 1024, 1025, 1041, 2064, 4099, 8211, 20011})),
+     lengths({9, 9, 1031}),
+     digestLengths() +
+         fast(lengthsUpTo(70) + lengthsFrom(1022, 1062) + lengthsFrom(2046, 2070) + lengths({4096, 40007}))},
     // The lengths from which calls spread over threads, each with several scale factors.
     {{".*_I?Sfs", ""}, lengthsUpTo(70), longScales(), lengths({9, 9, 9, 40007}), digestScales()},
     {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},
@@ -411,7 +442,7 @@ private:
         const std::string name = match[1];
         object_ = ruleFor(objectRules, name);
         if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
-            plan_.family = {object_->verb, match[1]};
+            plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str()};
     }
 
     void add(const std::string& text, const Type& type) {
@@ -469,6 +500,12 @@ private:
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
         if (!object_) return refuse("no rule for the object " + text);
+        if (a.type.kind == Kind::object && name_ == plan_.family.verb + "Init" + plan_.family.kind) {
+            a.type.size = 1;
+            a.type.alignment = alignof(Orb32s);
+            if (!addArea(a)) refuse("no rule for the size of " + text);
+            return;
+        }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
         if (a.type.kind == Kind::object)
             for (Number foreign : foreignTags)
@@ -511,19 +548,17 @@ int channels(const Case& c) {
     return 1 + c.turn % 9;
 }
 
-const Member& memberNamed(const std::string& name) {
+const Member& Family::function(const char* step) const {
     static const auto table = [] {
         std::map<std::string, const Member*, std::less<>> byName;
         for (const Member& member : members()) byName.emplace(member.name, &member);
         return byName;
     }();
-    const auto at = table.find(name);
-    if (at == table.end()) throw std::runtime_error("no member " + name);
+    const std::string name = "orbs" + verb + step;
+    auto at = table.find(name + kind);
+    if (at == table.end()) at = table.find(name); // serves every kind
+    if (at == table.end()) throw std::runtime_error("no member " + name + kind);
     return *at->second;
-}
-
-const Member& Family::function(const char* step) const {
-    return memberNamed("orbs" + verb + step + kind);
 }
 
 std::vector<std::string> idleRules() {

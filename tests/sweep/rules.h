@@ -49,7 +49,7 @@ struct Fault {
 };
 
 // The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on. The kind is the part of the
-// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
+// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc; one that serves all kinds ends with none.
 struct Family {
     std::string verb, kind;
     const Member& function(const char* step) const;
@@ -71,6 +71,5 @@ struct Plan {
 const Plan& planOf(const Member& member);
 // Rules that decide nothing about any member.
 std::vector<std::string> idleRules();
-const Member& memberNamed(const std::string& name);
 
 } // namespace sweep
