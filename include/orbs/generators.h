@@ -121,6 +121,51 @@ OrbStatus orbsToneGetStateSizeQ15_16s(int* pSize);
 OrbStatus orbsToneQ15_16s(Orb16s* pDst, int len, OrbsToneState_16s* pState);
 OrbStatus orbsToneFree(OrbsToneState_16s* pState);
 
+/* ---- Triangle_Direct -----------------------------------------------------------------------------------------
+ * Alignment: any.
+ * A wave of period 2 pi with straight sides: magn at phase 0, falling to -magn at H = pi + asym, rising to magn again at
+ * 2 pi. pDst[n] is its value at 2 pi rFreq n + phase for n = 0 to len - 1; the imaginary part of the complex members is
+ * the same wave (2 pi + H)/2 later, 0 and rising where the real part is magn. Phases are read from pPhase and replaced
+ * as by Tone_Direct.
+ *
+ * Samples are made in double precision, one from the other: a step up or down is added, and what comes to lie beyond an
+ * end is folded back along the other side; a side that is shorter than a step is jumped over. With asym = -pi the wave
+ * only rises. _64f and _64fc add up phases instead, from an rFreq of 0.14 (_64f) or 0.11 (_64fc) on. 16-bit members cut
+ * the fraction off.
+ *
+ * Statuses, in the order of the tests: null pPhase: orbStsNullPtrErr; magn not above 0: orbStsTriangleMagnErr; rFreq not
+ * in [0, 0.5): orbStsTriangleFreqErr; asym not in [-pi, pi): orbStsTriangleAsymErr; phase not in [0, 2 pi):
+ * orbStsTrianglePhaseErr; null pDst: orbStsNullPtrErr; len below 1: orbStsSizeErr. A NaN is in no range; the ends are the
+ * doubles nearest to pi and 2 pi, so that -pi as a float is below its range. */
+OrbStatus orbsTriangle_Direct_32f(Orb32f* pDst, int len, Orb32f magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);
+OrbStatus orbsTriangle_Direct_32fc(Orb32fc* pDst, int len, Orb32f magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);
+OrbStatus orbsTriangle_Direct_16s(Orb16s* pDst, int len, Orb16s magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);
+OrbStatus orbsTriangle_Direct_16sc(Orb16sc* pDst, int len, Orb16s magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);
+OrbStatus orbsTriangle_Direct_64f(Orb64f* pDst, int len, Orb64f magn, Orb64f rFreq, Orb64f asym, Orb64f* pPhase);
+OrbStatus orbsTriangle_Direct_64fc(Orb64fc* pDst, int len, Orb64f magn, Orb64f rFreq, Orb64f asym, Orb64f* pPhase);
+
+/* ---- Triangle Q15 --------------------------------------------------------------------------------------------
+ * Alignment: of the elements.
+ * The wave of Triangle_Direct. rFreqQ15, phaseQ15 and asymQ15 are fixed-point numbers with 15 fraction bits.
+ *
+ * TriangleQ15_Direct: the samples of Triangle_Direct_16s, which cuts the fraction off.
+ * TriangleQ15: the next len samples of a state, to the nearest integer, a half away from zero.
+ * TriangleGetStateSizeQ15: the bytes that TriangleInitQ15 needs at pState: 128, at any address. TriangleInitAllocQ15
+ * takes the memory itself. TriangleFree gives back what TriangleInitAllocQ15 took and does nothing to a state in the
+ * caller's block. A state holds no address: it may be copied, or saved.
+ *
+ * Statuses, in the order of the tests: a null pointer: orbStsNullPtrErr; len below 1: orbStsSizeErr; pState is no such
+ * state: orbStsContextMatchErr; magn below 1: orbStsTriangleMagnErr; rFreqQ15 not in 0 to 16383: orbStsTriangleFreqErr;
+ * phaseQ15 not in 0 to 205886: orbStsTrianglePhaseErr; asymQ15 not in -102943 to 102943: orbStsTriangleAsymErr; no
+ * memory: orbStsMemAllocErr. */
+typedef struct OrbsTriangleState_16s OrbsTriangleState_16s;
+OrbStatus orbsTriangleQ15_Direct_16s(Orb16s* pDst, int len, Orb16s magn, Orb16s rFreqQ15, int phaseQ15, int asymQ15);
+OrbStatus orbsTriangleInitQ15_16s(OrbsTriangleState_16s* pState, Orb16s magn, Orb16s rFreqQ15, int phaseQ15, int asymQ15);
+OrbStatus orbsTriangleInitAllocQ15_16s(OrbsTriangleState_16s** ppState, Orb16s magn, Orb16s rFreqQ15, int phaseQ15, int asymQ15);
+OrbStatus orbsTriangleGetStateSizeQ15_16s(int* pSize);
+OrbStatus orbsTriangleQ15_16s(Orb16s* pDst, int len, OrbsTriangleState_16s* pState);
+OrbStatus orbsTriangleFree(OrbsTriangleState_16s* pState);
+
 ORBS_DECLARATIONS_END
 
 #endif

@@ -64,6 +64,7 @@ const ObjectRule objectRules[] = {
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
+    {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
 };
 
 // What the query of a family tells of one area.
@@ -211,6 +212,24 @@ const NumberRule numberRules[] = {
      oneOf<0, 205886, 70000>,
      {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
      orbStsTonePhaseErr},
+    {{"Triangle.*", "magn"}, oneOf<1000, 1, 32767>, {NUMBER(0), NUMBER(-5)}, orbStsTriangleMagnErr},
+    {{"Triangle_.*", "rFreq"},
+     oneOf<0.1, 0.0073, 0.49, 0, 0.135, 0.21>,
+     {NUMBER(0.5), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsTriangleFreqErr},
+    {{"Triangle_.*", "asym"},
+     oneOf<0, -3.1415, 1.25, 3.1415, -2>,
+     {NUMBER(-3.14159274), NUMBER(3.14159274), NUMBER(NAN)},
+     orbStsTriangleAsymErr},
+    {{"Triangle.*", "rFreqQ15"}, oneOf<3000, 0, 16383, 17>, {NUMBER(16384), NUMBER(-1)}, orbStsTriangleFreqErr},
+    {{"Triangle.*", "phaseQ15"},
+     oneOf<0, 205886, 70000>,
+     {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsTrianglePhaseErr},
+    {{"Triangle.*", "asymQ15"},
+     oneOf<0, -102943, 102943, 50000, -3>,
+     {NUMBER(102944), NUMBER(-102944), NUMBER(INT_MIN)},
+     orbStsTriangleAsymErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
 };
@@ -226,6 +245,7 @@ const PointeeRule pointeeRules[] = {
     // One of the channels is null.
     {{"Join.*", "pSrc"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
+    {{"Triangle_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTrianglePhaseErr},
     {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
 };
 

@@ -109,7 +109,8 @@ HWY_INLINE void storeLagged(D d, V v, Part* p) {
     }
 }
 
-// `ways` blocks side by side, each of `len` samples and more than its seeds: their recurrences wait for themselves only.
+// `ways` blocks side by side, each of `len` samples and more than its seeds: their recurrences wait for themselves
+// only.
 template <std::size_t ways, class T>
 void lagged(const Oscillator& oscillator, std::size_t first, std::size_t len, T* pDst) {
     using Real = LagReal<T>;
@@ -147,8 +148,7 @@ void lagged(const Oscillator& oscillator, std::size_t first, std::size_t len, T*
     }
     if (ways > 1 || n == count) return; // blocks are whole groups
     Real rest[group];
-    for (std::size_t k = 0; k < vectors; ++k)
-        hn::StoreU(factor * newer[0][k] - older[0][k], d, rest + k * lanes);
+    for (std::size_t k = 0; k < vectors; ++k) hn::StoreU(factor * newer[0][k] - older[0][k], d, rest + k * lanes);
     const hn::CappedTag<Real, 1> one;
     for (std::size_t k = 0; n < count; ++n, ++k) storeLagged(one, hn::Set(one, rest[k]), dst + n);
 }
