@@ -38,7 +38,7 @@ Call::Call(const Plan& plan, const Case& sizes, const Placement& placement)
     : plan_(plan), case_(sizes), placement_(placement), values_(plan.arguments.size()), areas_(plan.arguments.size()) {
     for (std::size_t k = 0; k < values_.size(); ++k) {
         const Argument& a = plan_.arguments[k];
-        if (a.type.kind == Kind::object) {
+        if (a.type.kind == Kind::object && a.use != Use::scratch) {
             makeObject(k);
         } else if (a.type.kind != Kind::element) {
             place(k);
@@ -93,6 +93,7 @@ void Call::makeObject(std::size_t k) {
 }
 
 void* Call::object() const {
+    if (plan_.arguments[0].type.kind == Kind::object) return areas_[0][0]->data();
     void* stored;
     std::memcpy(&stored, areas_[0][0]->data(), sizeof stored);
     return stored;

@@ -54,6 +54,7 @@ struct ObjectRule {
     Pattern pattern;          // of the type; the kind is what it ends with
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
     std::vector<Area> areas;
+    const char* kind = nullptr; // else the type tells it
 };
 const ObjectRule objectRules[] = {
     {{"OrbsFFTSpec(\\w+)", ""},
@@ -63,6 +64,8 @@ const ObjectRule objectRules[] = {
       {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+    {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
+    {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
 };
 
 // What the query of a family tells of one area.
@@ -110,6 +113,12 @@ std::size_t packedBytes(const Case& c) {
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
 
+template <auto... choices>
+double oneOf(const Case& c) {
+    static constexpr double values[] = {choices...};
+    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
+}
+
 struct VectorRule {
     Pattern pattern;
     Count count;
@@ -139,18 +148,13 @@ const VectorRule vectorRules[] = {
     {{"FindNearest.*", "pVals|pOutVals|pOutIndexes|pTable"}, COUNT(c.n)},
     {{"CountInRange_.*", "pCounts"}, COUNT(1)},
     {{"SortIndex.*", "pDstIdx"}, COUNT(c.n), Use::update}, // one element leaves it as it was
+    {{"(Tone|Triangle)_Direct_.*", "pPhase"}, COUNT(1), Use::update, oneOf<0, 1.5, 6.28, 3.25>},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
 
 // ---- Numbers ----
-
-template <auto... choices>
-double oneOf(const Case& c) {
-    static constexpr double values[] = {choices...};
-    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
-}
 
 // Around every cut between kernels, and far beyond all of them.
 constexpr int scaleFactors[] = {0,  INT_MIN, -1000, -40, -33, -32, -31, -30, -17, -16, -15,  -14,
@@ -205,7 +209,44 @@ const NumberRule numberRules[] = {
      oneOf<ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE>,
      {NUMBER(0), NUMBER(3), NUMBER(16), NUMBER(-1)},
      orbStsFftFlagErr},
-    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
+    {{"Vector(Ramp|Slope)_.*", "offset"}, oneOf<0, 3.5, -700.25, 40000, 100.5>},
+    {{"Vector(Ramp|Slope)_.*", "slope"}, oneOf<1, -0.375, 0, 0.01, 37.3, -3e6, -9>},
+    {{"VectorJaehne_\\d+u", "magn"}, oneOf<255, 100, 0, 0xffffffff>},
+    {{"VectorJaehne_\\d+s", "magn"}, oneOf<127, 100, 0>, {NUMBER(-1), NUMBER(-100)}, orbStsJaehneErr},
+    {{"VectorJaehne_\\d+f", "magn"}, oneOf<127.5, 1, 0>, {NUMBER(-1e-30), NUMBER(NAN)}, orbStsJaehneErr},
+    {{"Tone.*", "magn"}, oneOf<1000, 1, 32767>, {NUMBER(0), NUMBER(-5)}, orbStsToneMagnErr},
+    {{"Tone_Direct_(16s|32f|64f)", "rFreq"},
+     oneOf<0.1, 0.0073, 0.49, 0, 0.25>,
+     {NUMBER(0.5), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsToneFreqErr},
+    {{"Tone_Direct_(16s|32f|64f)c", "rFreq"},
+     oneOf<0.1, 0.75, 0.0073, 0, 0.9999>,
+     {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsToneFreqErr},
+    {{"Tone.*", "rFreqQ15"}, oneOf<3000, 0, 16383, 17>, {NUMBER(16384), NUMBER(-1)}, orbStsToneFreqErr},
+    {{"Tone.*", "phaseQ15"},
+     oneOf<0, 205886, 70000>,
+     {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsTonePhaseErr},
+    {{"Triangle.*", "magn"}, oneOf<1000, 1, 32767>, {NUMBER(0), NUMBER(-5)}, orbStsTriangleMagnErr},
+    {{"Triangle_.*", "rFreq"},
+     oneOf<0.1, 0.0073, 0.49, 0, 0.135, 0.21>,
+     {NUMBER(0.5), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsTriangleFreqErr},
+    {{"Triangle_.*", "asym"},
+     oneOf<0, -3.1415, 1.25, 3.1415, -2>,
+     {NUMBER(-3.14159274), NUMBER(3.14159274), NUMBER(NAN)},
+     orbStsTriangleAsymErr},
+    {{"Triangle.*", "rFreqQ15"}, oneOf<3000, 0, 16383, 17>, {NUMBER(16384), NUMBER(-1)}, orbStsTriangleFreqErr},
+    {{"Triangle.*", "phaseQ15"},
+     oneOf<0, 205886, 70000>,
+     {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsTrianglePhaseErr},
+    {{"Triangle.*", "asymQ15"},
+     oneOf<0, -102943, 102943, 50000, -3>,
+     {NUMBER(102944), NUMBER(-102944), NUMBER(INT_MIN)},
+     orbStsTriangleAsymErr},
+    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
     {{"Threshold_.*", "value(LT|GT)?"}, nullptr},
     {{"Threshold_.*", "relOp"}, oneOf<orbCmpLess, orbCmpGreater, 1, -4>},
@@ -247,6 +288,8 @@ const PointeeRule pointeeRules[] = {
     // One of the channels is null.
     {{"Join.*", "pSrc"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
+    {{"Triangle_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTrianglePhaseErr},
+    {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
 };
 
 struct Exception {
@@ -263,6 +306,9 @@ const NullRule nullRules[] = {
     {{"(Min|Max)Indx_.*", "pIndx"}},                          // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
     {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
+};
+const Exception resultsDependOnPlace[] = {
+    {{"VectorRamp_64f", ""}}, // where the double precision begins
 };
 const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
@@ -297,6 +343,7 @@ const OrderRule orderRules[] = {
     {{"Normalize_.*", ""}, {"*", "vDiv"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
+    {{"(Tone|Triangle)_Direct_.*", ""}, {"pPhase", "magn", "rFreq", "asym", "pPhase:value", "pDst", "len"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
@@ -334,6 +381,11 @@ Cases orders(int first, int last, int repeats) {
     Cases cases;
     for (int order = first; order <= last; ++order)
         cases.insert(cases.end(), static_cast<std::size_t>(repeats), {.order = order});
+    return cases;
+}
+// With hints for speed.
+Cases fast(Cases cases) {
+    for (std::size_t k = 0; k < cases.size(); ++k) cases[k].turn = 5 * static_cast<int>(k + 1) + 1;
     return cases;
 }
 Cases withTaps(Cases cases, std::initializer_list<int> taps) {
@@ -401,6 +453,13 @@ const CaseRule caseRules[] = {
      lengths({1030, 4099, 40007}),
      lengths({9, 9, 9, 40007}),
      atLeast(2, digestScales())},
+    // Around one block and several.
+    {{"Tone_Direct_.*", ""},
+     lengthsUpTo(70) + fast(lengthsUpTo(70)),
+     fast(lengths({1023, 1024, 1025, 1041, 2064, 4099, 8211, 20011})),
+     lengths({9, 9, 1031}),
+     digestLengths() +
+         fast(lengthsUpTo(70) + lengthsFrom(1022, 1062) + lengthsFrom(2046, 2070) + lengths({4096, 40007}))},
     // The lengths from which calls spread over threads, each with several scale factors.
     {{".*_I?Sfs", ""}, lengthsUpTo(70), longScales(), lengths({9, 9, 9, 40007}), digestScales()},
     {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},
@@ -441,6 +500,7 @@ public:
         for (const std::string& text : texts) findObject(text);
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
         if (const WarningRule* rule = ruleFor(warningRules, name_)) plan_.warnings = rule->warnings;
+        plan_.dependsOnPlace = ruleFor(resultsDependOnPlace, name_);
         const CaseRule* cases = ruleFor(caseRules, name_);
         plan_.small = cases->small;
         plan_.large = cases->large;
@@ -460,7 +520,7 @@ private:
         const std::string name = match[1];
         object_ = ruleFor(objectRules, name);
         if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
-            plan_.family = {object_->verb, match[1]};
+            plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str()};
     }
 
     void add(const std::string& text, const Type& type) {
@@ -518,6 +578,12 @@ private:
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
         if (!object_) return refuse("no rule for the object " + text);
+        if (a.type.kind == Kind::object && name_ == plan_.family.verb + "Init" + plan_.family.kind) {
+            a.type.size = 1;
+            a.type.alignment = alignof(Orb32s);
+            if (!addArea(a)) refuse("no rule for the size of " + text);
+            return;
+        }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
         if (a.type.kind == Kind::object)
             for (Number foreign : foreignTags)
@@ -560,19 +626,17 @@ int channels(const Case& c) {
     return 1 + c.turn % 9;
 }
 
-const Member& memberNamed(const std::string& name) {
+const Member& Family::function(const char* step) const {
     static const auto table = [] {
         std::map<std::string, const Member*, std::less<>> byName;
         for (const Member& member : members()) byName.emplace(member.name, &member);
         return byName;
     }();
-    const auto at = table.find(name);
-    if (at == table.end()) throw std::runtime_error("no member " + name);
+    const std::string name = "orbs" + verb + step;
+    auto at = table.find(name + kind);
+    if (at == table.end()) at = table.find(name); // serves every kind
+    if (at == table.end()) throw std::runtime_error("no member " + name + kind);
     return *at->second;
-}
-
-const Member& Family::function(const char* step) const {
-    return memberNamed("orbs" + verb + step + kind);
 }
 
 std::vector<std::string> idleRules() {
@@ -583,6 +647,7 @@ std::vector<std::string> idleRules() {
     appendIdle(idle, numberRules);
     appendIdle(idle, pointeeRules);
     appendIdle(idle, nullRules);
+    appendIdle(idle, resultsDependOnPlace);
     appendIdle(idle, refusalMayWrite);
     appendIdle(idle, warningRules);
     appendIdle(idle, orderRules);

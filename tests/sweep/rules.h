@@ -49,7 +49,7 @@ struct Fault {
 };
 
 // The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on. The kind is the part of the
-// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
+// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc; one that serves all kinds ends with none.
 struct Family {
     std::string verb, kind;
     const Member& function(const char* step) const;
@@ -60,6 +60,7 @@ struct Plan {
     std::vector<Argument> arguments;
     std::vector<Fault> faults;
     std::vector<OrbStatus> warnings; // that a valid call may return
+    bool dependsOnPlace = false;     // what a valid call writes
     Family family;                   // of the object among the arguments, if there is one
     std::vector<Case> small, large;  // called at every alignment, and at both edges only
     std::vector<Case> faulty;        // called with faults
@@ -70,6 +71,5 @@ struct Plan {
 const Plan& planOf(const Member& member);
 // Rules that decide nothing about any member.
 std::vector<std::string> idleRules();
-const Member& memberNamed(const std::string& name);
 
 } // namespace sweep
