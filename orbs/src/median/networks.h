@@ -28,25 +28,11 @@ struct MedianNetwork<3> {
 };
 template <>
 struct MedianNetwork<4> {
-    static constexpr std::array<Exchange, 19> exchanges = {{{1, 2},
-                                                            {4, 5},
-                                                            {7, 8},
-                                                            {0, 1},
-                                                            {3, 4},
-                                                            {6, 7},
-                                                            {1, 2},
-                                                            {4, 5},
-                                                            {7, 8},
-                                                            {0, 3}, //
-                                                            {5, 8},
-                                                            {4, 7},
-                                                            {3, 6},
-                                                            {1, 4},
-                                                            {2, 5},
-                                                            {4, 7},
-                                                            {2, 4},
-                                                            {4, 6},
-                                                            {2, 4}}};
+    // clang-format off
+    static constexpr std::array<Exchange, 19> exchanges = {
+        {{1, 2}, {4, 5}, {7, 8}, {0, 1}, {3, 4}, {6, 7}, {1, 2}, {4, 5}, {7, 8}, {0, 3},
+         {5, 8}, {4, 7}, {3, 6}, {1, 4}, {2, 5}, {4, 7}, {2, 4}, {4, 6}, {2, 4}}};
+    // clang-format on
 };
 
 template <std::size_t half, class T>
@@ -54,7 +40,9 @@ class NetworkFilter {
     using D = hn::ScalableTag<T>;
     using V = hn::Vec<D>;
     static constexpr std::size_t lanes = hn::MaxLanes(D());
-    static constexpr std::size_t endVectors = 3, shortest = (endVectors + 1) * lanes;
+    // Outputs that are computed aside: whole vectors, so many that what lies between them needs no copies of the ends.
+    static constexpr std::size_t atBegin = (half + lanes - 1) / lanes * lanes, atEnd = atBegin + 2 * lanes;
+    static constexpr std::size_t shortest = atBegin + atEnd;
 
 public:
     // src and dst are the same or do not overlap.
@@ -84,29 +72,26 @@ private:
         std::memcpy(dst, out, len * sizeof(T));
     }
 
-    // What a store overwrites is read before it, for the next vector too; the ends are done before all else.
+    // What a store overwrites is read before it, for the vectors behind it too; the ends are done before all else.
     static void runLong(const T* src, T* dst, std::size_t len) {
         const D d;
-        constexpr std::size_t atEnd = endVectors * lanes;
-        T in[atEnd + 2 * half], first[lanes], last[atEnd];
+        T in[atEnd + 2 * half], first[atBegin], last[atEnd];
         std::fill_n(in, half, elementAt(src));
-        std::memcpy(in + half, src, (lanes + half) * sizeof(T));
-        store(in + half, first);
+        std::memcpy(in + half, src, (atBegin + half) * sizeof(T));
+        for (std::size_t n = 0; n < atBegin; n += lanes) store(in + half + n, first + n);
         std::memcpy(in, src + len - atEnd - half, (atEnd + half) * sizeof(T));
         std::fill_n(in + half + atEnd, half, elementAt(src + len - 1));
         for (std::size_t n = 0; n < atEnd; n += lanes) store(in + half + n, last + n);
 
         V before[half];
-        const auto loadBefore = [&](std::size_t n) HWY_ATTR {
-            for (std::size_t k = 0; k < half; ++k) before[k] = hn::LoadU(d, src + n - half + k);
-        };
-        loadBefore(lanes);
+        for (std::size_t k = 0; k < half; ++k) before[k] = hn::LoadU(d, src + atBegin - half + k);
         std::memcpy(dst, first, sizeof first);
-        for (std::size_t n = lanes; n + 2 * lanes + half <= len; n += lanes) {
+        for (std::size_t n = atBegin; n + 2 * lanes + half <= len; n += lanes) {
             V window[2 * half + 1];
             for (std::size_t k = 0; k < half; ++k) window[k] = before[k];
             for (std::size_t k = 0; k <= half; ++k) window[half + k] = hn::LoadU(d, src + n + k);
-            loadBefore(n + lanes);
+            for (std::size_t k = 0; k < half; ++k)
+                before[k] = k + lanes < half ? before[k + lanes] : hn::LoadU(d, src + n + lanes - half + k);
             hn::StoreU(median(window), d, dst + n);
         }
         std::memcpy(dst + len - atEnd, last, sizeof last);
