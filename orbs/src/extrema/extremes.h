@@ -8,7 +8,6 @@
 #include "vectors/elementwise.h"
 
 #include <array>
-#include <cmath>
 #include <limits>
 
 namespace orbs {

@@ -5,6 +5,7 @@
 #include "vectors/complex.h"
 #include "vectors/elementwise.h"
 
+#include <cmath>
 #include <type_traits>
 
 namespace orbs {
@@ -100,11 +101,12 @@ HWY_INLINE V scaled(D d, V z, Factor factor) {
 
 // ---- The frame ----
 
-// Of magnitudes; a NaN is refused.
+// Of magnitudes. A NaN is refused, and raises no flag.
 template <class T>
-constexpr OrbStatus checkLevel(T level) {
-    return level >= 0 ? orbStsNoErr : orbStsThreshNegLevelErr;
+OrbStatus checkLevel(T level) {
+    return std::isgreaterequal(level, T{0}) ? orbStsNoErr : orbStsThreshNegLevelErr;
 }
+
 template <class Op, class T>
 OrbStatus limited(Op op, const T* pSrc, T* pDst, int len, OrbStatus levelStatus) {
     if (const OrbStatus status = checkVectors(len, pSrc, pDst)) return status;
