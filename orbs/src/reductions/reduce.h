@@ -86,7 +86,9 @@ public:
         std::memcpy(static_cast<void*>(elements_), p, count * sizeof(S));
 #endif
     }
-    HWY_INLINE const S* elements() const { return elements_; }
+    HWY_INLINE const S* elements() const {
+        return elements_;
+    }
 
 private:
     using Part = std::remove_pointer_t<decltype(partsAt(std::declval<S*>()))>;
@@ -196,8 +198,8 @@ HWY_INLINE T squareRoot(T x) {
     return hn::GetLane(hn::Sqrt(hn::Set(hn::CappedTag<T, 1>(), x)));
 }
 
-// *pResult = finish(sums(len elements of each source)). They are two because g++ 12 leaves the upper halves of registers
-// in use where a function that has used them ends with a call of another.
+// *pResult = finish(sums(len elements of each source)). They are two because g++ 12 leaves the upper halves of
+// registers in use where a function that has used them ends with a call of another.
 template <class R, class Finish, class F, class... S>
 HWY_INLINE OrbStatus reduction(F sums, Finish finish, int len, R* pResult, const S*... pSrc) {
     if (const OrbStatus status = checkVectors(len, pSrc..., pResult)) return status;
