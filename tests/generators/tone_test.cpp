@@ -272,10 +272,11 @@ TEST(ToneQ15, AStateGoesOnAndHasItsFieldsInOrder) {
     EXPECT_EQ(field<Orb32s>(bytes, 28), 500);
     EXPECT_EQ(field<Orb32s>(bytes, 36), 1);
 
-    const Orb32s late = 0x7fffffff - 100; // where the angle is largest
+    const Orb32s late = 0x7fffffff - 50; // where the angle is largest, and the count of samples wraps
     std::memcpy(bytes + 28, &late, sizeof late);
     ASSERT_EQ(orbsToneQ15_16s(whole.data(), 100, state), orbStsNoErr);
-    for (int n = 0; n < 100; ++n) expectCosine(whole[static_cast<std::size_t>(n)], 20000, 3277, 100000, late + n);
+    for (int n = 0; n < 100; ++n)
+        expectCosine(whole[static_cast<std::size_t>(n)], 20000, 3277, 100000, late + (n > 50 ? n - 0x1p32 : n));
 
     const auto before = memory;
     EXPECT_EQ(orbsToneFree(state), orbStsNoErr);

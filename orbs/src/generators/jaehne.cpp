@@ -13,9 +13,9 @@ using namespace orbs;
 struct Chirp {
     Orb64f magn, c;
 
-    template <class D>
-    HWY_INLINE hn::Vec<D> from(D d, std::size_t n) const {
-        const auto number = numbersFrom(d, n);
+    template <class D, class V>
+    HWY_INLINE hn::Vec<D> at(D d, V numbers) const {
+        const auto number = asFloats(d, numbers);
         return hn::Set(d, magn) * sinCos(d, (hn::Set(d, c) * number) * number).sin;
     }
 };
@@ -34,8 +34,8 @@ OrbStatus jaehne(T* pDst, int len, T magn) {
         return orbStsNoErr;
     }
     const Chirp chirp = chirpOf(magn, len);
-    forEachVector<Orb64f>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
-        const auto sample = chirp.from(d, n);
+    forEachNumbered<Orb64f>(0, static_cast<std::size_t>(len), [=](auto d, std::size_t n, auto numbers) HWY_ATTR {
+        const auto sample = chirp.at(d, numbers);
         if constexpr (std::is_floating_point_v<T>) {
             storeNarrowed(d, sample, pDst + n);
         } else {
@@ -62,8 +62,8 @@ OrbStatus jaehneFromZero(T* pDst, int len, T magn) {
     const hn::ScalableTag<Orb64f> full;
     const Chirp chirp = chirpOf(magn, len);
     auto least = hn::Zero(full), greatest = hn::Zero(full); // the first sample is 0
-    forEachVector<Orb64f>(count, samples, [=, &least, &greatest](auto d, std::size_t n) HWY_ATTR {
-        const auto sample = chirp.from(d, n);
+    forEachNumbered<Orb64f>(0, count, [=, &least, &greatest](auto d, std::size_t n, auto numbers) HWY_ATTR {
+        const auto sample = chirp.at(d, numbers);
         hn::StoreU(sample, d, samples + n);
         if constexpr (std::is_same_v<decltype(d), decltype(full)>) {
             least = hn::Min(least, sample);

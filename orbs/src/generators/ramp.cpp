@@ -11,9 +11,9 @@ using namespace orbs;
 template <class Real, class T>
 void rampBetween(std::size_t first, std::size_t last, T* dst, Orb32f offset, Orb32f slope) {
     using Lane = std::conditional_t<std::is_same_v<T, Orb64f>, Orb64f, Orb32f>;
-    forEachVector<Lane>(last - first, [=](auto d, std::size_t n) HWY_ATTR {
+    forEachNumbered<Lane>(first, last - first, [=](auto d, std::size_t n, auto numbers) HWY_ATTR {
         const hn::Rebind<Real, decltype(d)> real;
-        const auto line = hn::Set(real, offset) + hn::Set(real, slope) * numbersFrom(real, first + n);
+        const auto line = hn::Set(real, offset) + hn::Set(real, slope) * asFloats(real, numbers);
         T* const p = dst + first + n;
         if constexpr (std::is_same_v<T, Real>) {
             hn::StoreU(line, d, p);

@@ -1,4 +1,4 @@
-// From numbers of elements to floating-point samples, and from those to elements of any type.
+// From the numbers of elements, and from floating-point samples to elements of any type.
 #pragma once
 
 #include "vectors/nearest.h"
@@ -7,10 +7,31 @@
 
 namespace orbs {
 
-// n, n + 1, ... as floats.
-template <class D>
-HWY_INLINE hn::Vec<D> numbersFrom(D d, std::size_t n) {
-    return asFloats(d, hn::Iota(hn::Rebind<Orb32s, D>(), static_cast<Orb32s>(n)));
+// Calls body(d, n, numbers) for n = 0, step, 2 * step, ... up to len, where the lanes of d are Lane, and the numbers
+// first + n, first + n + 1, ... integers of 32 bits, which wrap.
+template <class Lane, class Body>
+HWY_INLINE void forEachNumbered(std::size_t first, std::size_t len, Body body) {
+    alignas(64) static constexpr Orb32s lanes[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+    std::size_t n = 0;
+    const auto each = [&](auto d) HWY_ATTR {
+        const hn::Rebind<Orb32s, decltype(d)> whole;
+        auto numbers = hn::Load(whole, lanes) + hn::Set(whole, static_cast<Orb32s>(first + n));
+        const auto next = [&]() HWY_ATTR {
+            body(d, n, numbers);
+            numbers = numbers + hn::Set(whole, static_cast<Orb32s>(hn::MaxLanes(d)));
+            n += hn::MaxLanes(d);
+        };
+        while (n + 4 * hn::MaxLanes(d) <= len) {
+            next();
+            next();
+            next();
+            next();
+        }
+        while (n + hn::MaxLanes(d) <= len) next();
+    };
+    each(hn::ScalableTag<Lane>());
+    if constexpr (!std::is_same_v<RestTag<Lane>, hn::ScalableTag<Lane>>) each(RestTag<Lane>());
+    each(hn::CappedTag<Lane, 1>());
 }
 
 // ---- To integers: conversions of samples within 32 bits ----

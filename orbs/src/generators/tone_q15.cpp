@@ -34,11 +34,12 @@ namespace {
 using namespace orbs;
 using State = OrbsToneState_16s;
 
-// magn * cos(2 pi rFreq n + phase) for the samples from n = first on, a half away from zero.
+// magn * cos(2 pi rFreq n + phase) for the samples from n = first on, a half away from zero. 2^32 samples are whole
+// periods of every Q15 frequency: the numbers may wrap.
 void cosines(Orb16s* dst, int len, Orb32u first, const State& state) {
     const Orb64f magn = state.magn, w = twoPi * state.rFreq, phase = state.phase;
-    forEachVector<Orb64f>(static_cast<std::size_t>(len), [=](auto d, std::size_t n) HWY_ATTR {
-        const auto angle = hn::Set(d, w) * numbersFrom(d, first + n) + hn::Set(d, phase);
+    forEachNumbered<Orb64f>(first, static_cast<std::size_t>(len), [=](auto d, std::size_t n, auto numbers) HWY_ATTR {
+        const auto angle = hn::Set(d, w) * asFloats(d, numbers) + hn::Set(d, phase);
         storeRoundedAway(d, hn::Set(d, magn) * sinCos(d, angle).cos, dst + n);
     });
 }
