@@ -52,7 +52,9 @@ struct Area {
 struct ObjectRule {
     Pattern pattern;          // of the type; the kind is what it ends with
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
-    std::vector<Area> areas;
+    std::vector<Area>
+        areas; // with the object's own name: Init takes no place to store a pointer, but the memory itself
+    bool freesAllocatedOnly = false;
 };
 const ObjectRule objectRules[] = {
     {{"OrbsFFTSpec(\\w+)", ""},
@@ -62,6 +64,8 @@ const ObjectRule objectRules[] = {
       {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, true},
+    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, true},
 };
 
 // What the query of a family tells of one area.
@@ -134,6 +138,7 @@ const VectorRule vectorRules[] = {
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
     {{".*", "p\\w*Size"}, COUNT(1)},
+    {{"Rand.*", "pSeed"}, COUNT(1), Use::update},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
 };
 
@@ -191,6 +196,11 @@ const NumberRule numberRules[] = {
      orbStsFftFlagErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"RandUniform.*", "low"}, oneOf<0, 3, 100, 17>},
+    {{"RandUniform.*", "high"}, oneOf<127, 100, 5, 18, 120>},
+    {{"RandGauss.*", "mean"}, oneOf<0, 20, 100>},
+    {{"RandGauss.*", "stdDev"}, oneOf<1, 50, 7, 127>},
+    {{"Rand.*", "seed"}, nullptr},
 };
 
 // ---- Exceptions ----
@@ -402,7 +412,7 @@ private:
         const std::string name = match[1];
         object_ = ruleFor(objectRules, name);
         if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
-            plan_.family = {object_->verb, match[1]};
+            plan_.family = {object_->verb, match[1], object_->freesAllocatedOnly};
     }
 
     void add(const std::string& text, const Type& type) {
@@ -460,6 +470,12 @@ private:
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
         if (!object_) return refuse("no rule for the object " + text);
+        const bool isInit = name_.starts_with(plan_.family.verb + "Init");
+        if (isInit && a.type.kind == Kind::object) {
+            a.type.size = 1; // of raw memory
+            if (!addArea(a)) refuse("no size for the object " + text);
+            return;
+        }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
         if (a.type.kind == Kind::object)
             for (Number foreign : foreignTags)
@@ -515,6 +531,10 @@ const Member& memberNamed(const std::string& name) {
 
 const Member& Family::function(const char* step) const {
     return memberNamed("orbs" + verb + step + kind);
+}
+
+bool Family::has(const char* step) const {
+    return std::ranges::any_of(members(), [=, this](const Member& m) { return m.name == "orbs" + verb + step + kind; });
 }
 
 std::vector<std::string> idleRules() {
