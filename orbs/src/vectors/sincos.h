@@ -1,8 +1,8 @@
-// Sine and cosine of doubles up to (2^31 - 1) * pi/2 in magnitude, within 0.8 units in the last place. The C library's
+// Sine and cosine of doubles up to 2^32 * pi/2 in magnitude, within 0.85 units in the last place. The C library's
 // functions give other bits on other processors; these give the same ones in every tier.
 #pragma once
 
-#include "vectors/to_integer.h"
+#include "vectors/loops.h"
 
 namespace orbs {
 
@@ -11,22 +11,23 @@ struct SinCos {
     V sin, cos;
 };
 
-// x = k * pi/2 + r. Products of k with the parts of pi/2, 22 bits each but the last, are exact, and so are the
-// differences with what they leave: what r lacks after rounding stands in `low`. k is rounded the same way in every
-// rounding mode.
+// x = k * pi/2 + r. Products of k with the parts of pi/2, 21 bits each but the last, are exact, and so are the
+// differences with what they leave: what r lacks after rounding stands in `low`. k is the same in every rounding mode.
 template <class V>
 struct QuarterTurns {
     V k, r, low;
 };
 template <class D, class V>
 HWY_INLINE QuarterTurns<V> quarterTurns(D d, V magnitude) {
-    const V k = hn::PromoteTo(d, truncatedInt32(magnitude * hn::Set(d, 0x1.45f306dc9c883p-1) + hn::Set(d, 0.5)));
+    const V turns = magnitude * hn::Set(d, 0x1.45f306dc9c883p-1) + hn::Set(d, 0.5), noFraction = hn::Set(d, 0x1p52);
+    const V whole = (turns + noFraction) - noFraction;
+    const V k = whole - hn::IfThenElseZero(hn::Gt(whole, turns), hn::Set(d, 1.0));
     const V most = (magnitude - k * hn::Set(d, 0x1.921fbp+0)) - k * hn::Set(d, 0x1.5110bp-22);
-    const V third = k * hn::Set(d, 0x1.1846980000000p-44);
+    const V third = k * hn::Set(d, 0x1.18469p-44);
     const V more = most - third;
-    const V fourth = k * hn::Set(d, 0x1.3198a00000000p-69);
+    const V fourth = k * hn::Set(d, 0x1.13198p-65);
     const V high = more - fourth;
-    const V low = (((most - more) - third) + ((more - high) - fourth)) - k * hn::Set(d, 0x1.701b839a25205p-92);
+    const V low = (((most - more) - third) + ((more - high) - fourth)) - k * hn::Set(d, 0x1.45c06e0e68948p-86);
     const V r = high + low;
     return {k, r, (high - r) + low};
 }
@@ -50,9 +51,8 @@ HWY_INLINE SinCos<V> sinCos(D d, V x) {
     const V whole = one - half;
     const V cosine = whole + (((one - whole) - half) + (z2 * c - r * low));
 
-    // k behind the point of a number that has no room for less than 1
     const hn::RebindToUnsigned<D> du;
-    const auto quarter = hn::BitCast(du, k + hn::Set(d, 0x1.8p52)), first = hn::Set(du, 1);
+    const auto quarter = hn::BitCast(du, k + hn::Set(d, 0x1p52)), first = hn::Set(du, 1);
     const auto odd = hn::BitCast(d, hn::Zero(du) - hn::And(quarter, first));
     const auto signFromSecond = [=](auto bits) HWY_ATTR {
         return hn::And(hn::BitCast(d, hn::ShiftLeft<62>(bits)), hn::SignBit(d));
