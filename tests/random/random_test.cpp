@@ -237,7 +237,7 @@ struct Words {
     Orb32s words[15] = {};
     Core coreAt(std::size_t at) const {
         Core core(0);
-        std::memcpy(&core, words + at, sizeof core);
+        std::memcpy(static_cast<void*>(&core), words + at, sizeof core);
         return core;
     }
     void setCore(std::size_t at, const Core& core) { std::memcpy(words + at, &core, sizeof core); }

@@ -139,7 +139,7 @@ const VectorRule vectorRules[] = {
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{"Rand.*", "pSeed"}, COUNT(1), Use::update},
-    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
+    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|Magn|Phase|BitsLen)?"}, COUNT(c.n)},
 };
 
 // ---- Numbers ----
@@ -172,6 +172,16 @@ const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
     {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
+    {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
+    {{".*", "phaseScaleFactor"}, oneOf<-12, 0, 1, -10, INT_MIN, 40, -17, INT_MAX>},
+    {{"PolarToCart_16sc", "phaseFixedPoint"},
+     oneOf<12, 0, 15, 3>,
+     {NUMBER(-1), NUMBER(16), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
+    {{"PolarToCart_32sc", "phaseFixedPoint"},
+     oneOf<28, 0, 31, 3>,
+     {NUMBER(-1), NUMBER(32), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
     {{".*", "rndMode"}, oneOf<0, 1, 2, -1>},
     {{".*", "nChannels"}, NUMBER(channels(c)), belowOne, orbStsSizeErr},
     {{"[LR]ShiftC_.*", "val"},
@@ -231,7 +241,8 @@ const NullRule nullRules[] = {
     {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
 const Exception refusalMayWrite[] = {
-    {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
+    {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
+    {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
 };
 
 // Members whose results may come with a warning.
@@ -256,6 +267,8 @@ const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
+    // The magnitude's tests, then the phase's.
+    {{"CartToPolar_.*", ""}, {"pSrc", "pSrcRe", "pSrcIm", "pDstMagn", "len", "pDstPhase"}},
     {{"DivC_.*", ""}, {"*", "val"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
