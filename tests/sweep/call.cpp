@@ -30,6 +30,7 @@ bool upperHalvesInUse() {
 } // namespace
 
 std::size_t leastAlignment(const Plan& plan, const Argument& a) {
+    if (a.type.kind == Kind::object) return alignof(Orb32s); // raw memory for one
     // 32-bit code gives doubles and 64-bit integers that lie on 4 bytes only.
     return plan.member->anyAlignment ? 1 : std::min(a.type.alignment, sizeof(void*));
 }
@@ -86,8 +87,9 @@ unsigned char* Call::placeVector(std::size_t k) {
 }
 
 void Call::makeObject(std::size_t k) {
-    maker_ = std::make_unique<Call>(planOf(plan_.family.function(placement_.allocated ? "InitAlloc" : "Init")), case_,
-                                    placement_);
+    const Family& family = plan_.family;
+    const bool allocated = placement_.allocated || !family.has("Init") || (family.freesAllocatedOnly && isStep("Free"));
+    maker_ = std::make_unique<Call>(planOf(family.function(allocated ? "InitAlloc" : "Init")), case_, placement_);
     if (maker_->run() != orbStsNoErr) throw std::runtime_error("no object for " + std::string(plan_.member->name));
     values_[k] = maker_->object();
 }

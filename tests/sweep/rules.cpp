@@ -55,6 +55,9 @@ struct ObjectRule {
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
     std::vector<Area> areas;
     const char* kind = nullptr; // else the type tells it
+    std::vector<Area>
+        areas; // with the object's own name: Init takes no place to store a pointer, but the memory itself
+    bool freesAllocatedOnly = false;
 };
 const ObjectRule objectRules[] = {
     {{"OrbsFFTSpec(\\w+)", ""},
@@ -66,6 +69,8 @@ const ObjectRule objectRules[] = {
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
+    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, true},
+    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, true},
 };
 
 // What the query of a family tells of one area.
@@ -152,6 +157,8 @@ const VectorRule vectorRules[] = {
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
+    {{"Rand.*", "pSeed"}, COUNT(1), Use::update},
+    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|Magn|Phase|BitsLen)?"}, COUNT(c.n)},
 };
 
 // ---- Numbers ----
@@ -184,6 +191,16 @@ const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
+    {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
+    {{".*", "phaseScaleFactor"}, oneOf<-12, 0, 1, -10, INT_MIN, 40, -17, INT_MAX>},
+    {{"PolarToCart_16sc", "phaseFixedPoint"},
+     oneOf<12, 0, 15, 3>,
+     {NUMBER(-1), NUMBER(16), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
+    {{"PolarToCart_32sc", "phaseFixedPoint"},
+     oneOf<28, 0, 31, 3>,
+     {NUMBER(-1), NUMBER(32), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
     {{".*", "rndMode"}, oneOf<0, 1, 2, -1>},
     {{".*", "nChannels"}, NUMBER(channels(c)), belowOne, orbStsSizeErr},
     {{"[LR]ShiftC_.*", "val"},
@@ -275,6 +292,11 @@ const NumberRule numberRules[] = {
     {{"CountInRange_.*", "upperBound"}, oneOf<1000000000, INT_MAX>},
     // Each network, an even mask, and some beyond the vector.
     {{"FilterMedian_.*", "maskSize"}, oneOf<3, 5, 6, 7, 9, 1, 11, 31, 255, INT_MAX>, belowOne, orbStsSizeErr},
+    {{"RandUniform.*", "low"}, oneOf<0, 3, 100, 17>},
+    {{"RandUniform.*", "high"}, oneOf<127, 100, 5, 18, 120>},
+    {{"RandGauss.*", "mean"}, oneOf<0, 20, 100>},
+    {{"RandGauss.*", "stdDev"}, oneOf<1, 50, 7, 127>},
+    {{"Rand.*", "seed"}, nullptr},
 };
 
 // ---- Exceptions ----
@@ -311,7 +333,8 @@ const Exception resultsDependOnPlace[] = {
     {{"VectorRamp_64f", ""}}, // where the double precision begins
 };
 const Exception refusalMayWrite[] = {
-    {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
+    {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
+    {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
 };
 
 // Members whose results may come with a warning.
@@ -339,6 +362,8 @@ const OrderRule orderRules[] = {
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
     {{"MaxOrder_.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
+    // The magnitude's tests, then the phase's.
+    {{"CartToPolar_.*", ""}, {"pSrc", "pSrcRe", "pSrcIm", "pDstMagn", "len", "pDstPhase"}},
     {{"DivC_.*", ""}, {"*", "val"}},
     {{"Normalize_.*", ""}, {"*", "vDiv"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
@@ -521,6 +546,7 @@ private:
         object_ = ruleFor(objectRules, name);
         if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
             plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str()};
+            plan_.family = {object_->verb, match[1], object_->freesAllocatedOnly};
     }
 
     void add(const std::string& text, const Type& type) {
@@ -582,6 +608,10 @@ private:
             a.type.size = 1;
             a.type.alignment = alignof(Orb32s);
             if (!addArea(a)) refuse("no rule for the size of " + text);
+        const bool isInit = name_.starts_with(plan_.family.verb + "Init");
+        if (isInit && a.type.kind == Kind::object) {
+            a.type.size = 1; // of raw memory
+            if (!addArea(a)) refuse("no size for the object " + text);
             return;
         }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
@@ -637,6 +667,14 @@ const Member& Family::function(const char* step) const {
     if (at == table.end()) at = table.find(name); // serves every kind
     if (at == table.end()) throw std::runtime_error("no member " + name + kind);
     return *at->second;
+}
+
+const Member& Family::function(const char* step) const {
+    return memberNamed("orbs" + verb + step + kind);
+}
+
+bool Family::has(const char* step) const {
+    return std::ranges::any_of(members(), [=, this](const Member& m) { return m.name == "orbs" + verb + step + kind; });
 }
 
 std::vector<std::string> idleRules() {

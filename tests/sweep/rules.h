@@ -52,7 +52,9 @@ struct Fault {
 // object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc; one that serves all kinds ends with none.
 struct Family {
     std::string verb, kind;
+    bool freesAllocatedOnly = false; // an object in a caller's memory must not be given to Free
     const Member& function(const char* step) const;
+    bool has(const char* step) const;
 };
 
 struct Plan {
