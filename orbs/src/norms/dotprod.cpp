@@ -57,8 +57,10 @@ using ProductsOf = std::conditional_t<isComplex<S1>, ComplexProducts<Lane>,
 template <class S1, class S2, class R>
 OrbStatus dotProduct(const S1* pSrc1, const S2* pSrc2, int len, R* pDp) {
     using Lane = decltype([] {
-        if constexpr (isComplex<R>) return RealOf<R>();
-        else return R();
+        if constexpr (isComplex<R>)
+            return RealOf<R>();
+        else
+            return R();
     }());
     const auto finish = [](const auto& sums) { return eachPart<R>(sums, std::identity()); };
     return reduction(ProductsOf<Lane, S1, S2>::template result<S1, S2>, finish, len, pDp, pSrc1, pSrc2);

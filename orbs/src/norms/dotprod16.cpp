@@ -69,7 +69,8 @@ OrbStatus dotProductWith(F finish, const S1* pSrc1, const S2* pSrc2, int len, R*
     const auto sums = [](std::size_t count, const S1* src1, const S2* src2) {
         return reduced<lanes>(Op(), count, src1, src2)[0];
     };
-    return reduction(sums, [=](const auto& all) { return eachPart<R>(all, finish); }, len, pDp, pSrc1, pSrc2);
+    return reduction(
+        sums, [=](const auto& all) { return eachPart<R>(all, finish); }, len, pDp, pSrc1, pSrc2);
 }
 
 template <class R>

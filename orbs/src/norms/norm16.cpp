@@ -104,15 +104,18 @@ using SquaresOf = std::conditional_t<sizeof...(S) == 2, SquaresOfDifferences, Sq
 
 template <class... S>
 OrbStatus normInf(int len, Orb32f* pNorm, const S*... pSrc) {
-    return norm(Largest(), [](Orb64s r) { return static_cast<Orb32f>(r); }, len, pNorm, pSrc...);
+    return norm(
+        Largest(), [](Orb64s r) { return static_cast<Orb32f>(r); }, len, pNorm, pSrc...);
 }
 template <class... S>
 OrbStatus normInf(int len, Orb32s* pNorm, int scaleFactor, const S*... pSrc) {
-    return norm(Largest(), [=](Orb64s r) { return scaled<Orb32s>(r, scaleFactor); }, len, pNorm, pSrc...);
+    return norm(
+        Largest(), [=](Orb64s r) { return scaled<Orb32s>(r, scaleFactor); }, len, pNorm, pSrc...);
 }
 template <class... S>
 OrbStatus normL1(int len, Orb32f* pNorm, const S*... pSrc) {
-    return norm(Magnitudes(), [](Orb64s r) { return static_cast<Orb32f>(r); }, len, pNorm, pSrc...);
+    return norm(
+        Magnitudes(), [](Orb64s r) { return static_cast<Orb32f>(r); }, len, pNorm, pSrc...);
 }
 template <class R, class... S>
 OrbStatus normL1(int len, R* pNorm, int scaleFactor, const S*... pSrc) {
@@ -123,7 +126,8 @@ OrbStatus normL1(int len, R* pNorm, int scaleFactor, const S*... pSrc) {
 }
 template <class... S>
 OrbStatus normL2(int len, Orb32f* pNorm, const S*... pSrc) {
-    return norm(SquaresOf<S...>(), [](Orb64s r) { return static_cast<Orb32f>(root(r)); }, len, pNorm, pSrc...);
+    return norm(
+        SquaresOf<S...>(), [](Orb64s r) { return static_cast<Orb32f>(root(r)); }, len, pNorm, pSrc...);
 }
 template <class... S>
 OrbStatus normL2(int len, Orb32s* pNorm, int scaleFactor, const S*... pSrc) {
@@ -135,7 +139,8 @@ OrbStatus normL2(int len, Orb32s* pNorm, int scaleFactor, const S*... pSrc) {
 }
 template <class... S>
 OrbStatus normL2Sqr(int len, Orb64s* pNorm, int scaleFactor, const S*... pSrc) {
-    return norm(SquaresOf<S...>(), [=](Orb64s r) { return scaled<Orb64s>(r, scaleFactor); }, len, pNorm, pSrc...);
+    return norm(
+        SquaresOf<S...>(), [=](Orb64s r) { return scaled<Orb64s>(r, scaleFactor); }, len, pNorm, pSrc...);
 }
 
 } // namespace

@@ -77,7 +77,8 @@ Spread spreadOf(const T* src, std::size_t len, OrbHintAlgorithm hint) {
     const auto finished = [=](const Sums<Orb64f, 2, 1>& sums) {
         const auto n = static_cast<Orb64f>(len);
         const Orb64f s1 = sums[0][0], deviation = deviationOf(s1, sums[1][0], n);
-        return Spread{s1 / n, deviation > 0 && allEqual(src, len) ? 0.0 : deviation}; // what is left of them is rounding
+        return Spread{s1 / n,
+                      deviation > 0 && allEqual(src, len) ? 0.0 : deviation}; // what is left of them is rounding
     };
     if constexpr (std::is_same_v<T, Orb32f>) {
         if (hint == orbAlgHintFast && len >= leastFast) return finished(reduced(FastMoments(), len, src));
@@ -110,9 +111,8 @@ Spread spreadOf(const Orb16s* src, std::size_t len) {
     const Orb64s q = s1 / n - (s1 % n < 0), r = s1 - q * n;
     const Orb64s aroundQ = s2 - q * (n * q + 2 * r);
     const auto real = static_cast<Orb64f>(n);
-    const Orb64f aroundMean = aroundQ < 0x100000000
-                                  ? static_cast<Orb64f>(n * aroundQ - r * r) / real
-                                  : static_cast<Orb64f>(aroundQ) - static_cast<Orb64f>(r * r) / real;
+    const Orb64f aroundMean = aroundQ < 0x100000000 ? static_cast<Orb64f>(n * aroundQ - r * r) / real
+                                                    : static_cast<Orb64f>(aroundQ) - static_cast<Orb64f>(r * r) / real;
     return {static_cast<Orb64f>(s1) / real, squareRoot(aroundMean / (real - 1))};
 }
 

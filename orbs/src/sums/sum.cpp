@@ -56,16 +56,16 @@ template <class T>
 OrbStatus mean(const T* pSrc, int len, T* pMean, OrbHintAlgorithm hint = orbAlgHintNone) {
     const auto sums = [=](std::size_t count, const T* src) { return floatSum(src, count, hint); };
     const auto finish = [n = static_cast<Orb64f>(len)](const auto& all) {
-        return eachPart<T>(all, [=](Orb64f s) {
-            return static_cast<Part<T>>(std::is_same_v<T, Orb64fc> ? s * (1.0 / n) : s / n);
-        });
+        return eachPart<T>(
+            all, [=](Orb64f s) { return static_cast<Part<T>>(std::is_same_v<T, Orb64fc> ? s * (1.0 / n) : s / n); });
     };
     return reduction(sums, finish, len, pMean, pSrc);
 }
 
 // ---- 16 bits ----
 
-// A double keeps every total and its products with powers of two exactly. Beyond 2^-128 and 2^128 only the sign is left.
+// A double keeps every total and its products with powers of two exactly. Beyond 2^-128 and 2^128 only the sign is
+// left.
 Orb64f scaledSum(Orb64s total, int scaleFactor) {
     return static_cast<Orb64f>(total) * powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -128, 128));
 }
@@ -87,8 +87,8 @@ constexpr auto exactSum = []<class T>(std::size_t len, const T* src) -> std::arr
 template <class T, class R>
 OrbStatus sumScaled(const T* pSrc, int len, R* pSum, int scaleFactor) {
     const auto finish = [=](const auto& sums) {
-        return eachPart<R>(
-            sums, [=](Orb64s s) { return saturated<Part<R>>(nearest<Orb32s>(scaledSum(s, scaleFactor))); });
+        return eachPart<R>(sums,
+                           [=](Orb64s s) { return saturated<Part<R>>(nearest<Orb32s>(scaledSum(s, scaleFactor))); });
     };
     return reduction(exactSum, finish, len, pSum, pSrc);
 }

@@ -20,7 +20,7 @@ constexpr std::size_t blockLen = 512, lanes = 16;
 template <class T>
 constexpr std::size_t rowsOfStep = std::is_same_v<T, Orb64f> ? 1 : 4;
 template <class T>
-constexpr std::size_t stepLen = lanes * rowsOfStep<T>;
+constexpr std::size_t stepLen = lanes* rowsOfStep<T>;
 
 // The product of positive numbers in a fixed number of lanes: mantissas from 1 to 2 and exponents.
 class Product {
@@ -132,8 +132,7 @@ private:
         if ((bits & ~sign) == 0) return zero;
         if (bits & sign) return negative;
         if (bits >= infinity) return bits > infinity ? nan : infinite;
-        if (bits >> fractionBits == 0)
-            return multiplied(static_cast<Orb64f>(static_cast<Orb64s>(bits)), leastExponent);
+        if (bits >> fractionBits == 0) return multiplied(static_cast<Orb64f>(static_cast<Orb64s>(bits)), leastExponent);
         return multiplied(x, 0);
     }
     Kind multiplied(Orb64f value, int exponent) {
