@@ -67,8 +67,8 @@ TEST(DotProd, OfFloatsIsAddedUpInTheTypeOfTheResult) {
 // ---- 16 bits ----
 
 template <class S1, class S2, class W, class F, class R, class L>
-void expectExact(const std::vector<S1>& x, const std::vector<S2>& y, DotProd<S1, S2, W> whole, DotProd<S1, S2, F> single,
-                 DotProd<S1, S2, R, int> scaled16, DotProd<S1, S2, L, int> scaled32) {
+void expectExact(const std::vector<S1>& x, const std::vector<S2>& y, DotProd<S1, S2, W> whole,
+                 DotProd<S1, S2, F> single, DotProd<S1, S2, R, int> scaled16, DotProd<S1, S2, L, int> scaled32) {
     const Complex sum = exact(x, y);
     const W want = each<W>(sum, [](Real v) { return static_cast<Orb64s>(v); }), got = of(whole, x, y);
     ASSERT_TRUE(support::sameBits(&got, &want, 1)) << callOf(whole) << ", len " << x.size();
@@ -173,9 +173,7 @@ void expectNormalized(OrbStatus (*member)(const T*, T*, int, Sub, Div, More...),
 }
 
 TEST(Normalize, OfFloatsIsADifferenceTimesAReciprocal) {
-    const auto rule = [](auto div) {
-        return [r = 1 / div](auto x, auto sub) { return (x - sub) * r; };
-    };
+    const auto rule = [](auto div) { return [r = 1 / div](auto x, auto sub) { return (x - sub) * r; }; };
     for (const std::size_t len : lengths(1, 5000)) {
         for (const Orb32f div : {3.0f, -0.1f, 0x1p-126f, 1e38f}) {
             expectNormalized(orbsNormalize_32f, support::randomVector<Orb32f>(len), 0.7f, div, rule(div));

@@ -116,9 +116,7 @@ template <class R>
 void expectNearest(Orb32s got, Real exact, const std::string& what) {
     const Real limited = std::clamp<Real>(exact, std::numeric_limits<R>::min(), std::numeric_limits<R>::max());
     ASSERT_LE(std::fabs(static_cast<Real>(got) - limited), 0.5L + std::fabs(limited) * 0x1p-50L) << what;
-    if (limited - std::floor(limited) == 0.5L) {
-        ASSERT_EQ(got % 2, 0) << what;
-    }
+    if (limited - std::floor(limited) == 0.5L) { ASSERT_EQ(got % 2, 0) << what; }
 }
 
 void expectSpread16(const std::vector<Orb16s>& x) {

@@ -87,10 +87,14 @@ void expectEndsAtTheFirst(OrbStatus (*member)(const T*, int, R*), T bad, Kind ki
             const std::string what = support::nameOf(member) + " of " + support::shown(bad) + " at " +
                                      std::to_string(at) + ", " + support::shown(other) + " at " +
                                      std::to_string(second) + " of " + std::to_string(len);
-            ASSERT_EQ(status, decides == zero ? orbStsLnZeroArg : decides == negative ? orbStsLnNegArg : orbStsNoErr)
+            ASSERT_EQ(status, decides == zero       ? orbStsLnZeroArg
+                              : decides == negative ? orbStsLnNegArg
+                                                    : orbStsNoErr)
                 << what;
-            if (decides == zero || decides == infinity) ASSERT_EQ(result, std::numeric_limits<R>::infinity()) << what;
-            else ASSERT_TRUE(std::isnan(result)) << what;
+            if (decides == zero || decides == infinity)
+                ASSERT_EQ(result, std::numeric_limits<R>::infinity()) << what;
+            else
+                ASSERT_TRUE(std::isnan(result)) << what;
         }
     }
 }

@@ -74,7 +74,8 @@ void expectAccurate(OrbStatus (*sum)(const T*, int, T*, OrbHintAlgorithm)) {
         const Real size = magnitudes(x), half = 0x1p-24L;
         const Real ofResult = half * std::max(std::fabs(exact.re), std::fabs(exact.im));
         EXPECT_TRUE(near(of(sum, x, orbAlgHintAccurate), exact, ofResult + roundings(len) * 0x1p-53L * size));
-        EXPECT_TRUE(near(of(sum, x, orbAlgHintFast), exact, roundings(std::min<std::size_t>(len, 32768)) * half * size));
+        EXPECT_TRUE(
+            near(of(sum, x, orbAlgHintFast), exact, roundings(std::min<std::size_t>(len, 32768)) * half * size));
     }
 }
 
@@ -121,13 +122,13 @@ Real scaled(Real s, int scaleFactor) {
 }
 template <class R>
 R limited(Real s) {
-    return static_cast<R>(std::nearbyint(
-        std::clamp<Real>(s, std::numeric_limits<R>::min(), std::numeric_limits<R>::max())));
+    return static_cast<R>(
+        std::nearbyint(std::clamp<Real>(s, std::numeric_limits<R>::min(), std::numeric_limits<R>::max())));
 }
 
 template <class T, class R>
-void expectScaled(const std::vector<T>& x, OrbStatus (*sum)(const T*, int, R*, int), OrbStatus (*narrow)(const T*, int, T*, int),
-                  OrbStatus (*mean)(const T*, int, T*, int)) {
+void expectScaled(const std::vector<T>& x, OrbStatus (*sum)(const T*, int, R*, int),
+                  OrbStatus (*narrow)(const T*, int, T*, int), OrbStatus (*mean)(const T*, int, T*, int)) {
     const Complex exact = exactSum(x);
     for (const int s : manyScales()) {
         using Long = Part<R>;
@@ -192,8 +193,16 @@ Orb32s meanOf(Real s, Real n, int scaleFactor) {
 }
 
 TEST(Sum, Of32BitsFollowsTheScaleRuleAndTheMeanItsOwn) {
-    std::vector<std::vector<Orb32s>> all{{1, 2}, {2, 3}, {6}, {-6}, {-1, -2}, {1, 0, 0, 0}, {-1, 0, 0}, {0},
-                                         std::vector<Orb32s>(1000, INT32_MIN), std::vector<Orb32s>(1000, INT32_MAX)};
+    std::vector<std::vector<Orb32s>> all{{1, 2},
+                                         {2, 3},
+                                         {6},
+                                         {-6},
+                                         {-1, -2},
+                                         {1, 0, 0, 0},
+                                         {-1, 0, 0},
+                                         {0},
+                                         std::vector<Orb32s>(1000, INT32_MIN),
+                                         std::vector<Orb32s>(1000, INT32_MAX)};
     for (const std::size_t len : lengths(1, 5000)) {
         all.push_back(support::randomVector<Orb32s>(len));
         all.push_back(wholeNumbers<Orb32s>(len));

@@ -85,8 +85,8 @@ template <class R>
 testing::AssertionResult near(R got, Complex exact, Real tolerance) {
     const Complex error = wide(got) - exact;
     if (std::fabs(error.re) <= tolerance && std::fabs(error.im) <= tolerance) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << support::shown(got) << " is not within " << tolerance << " of ("
-                                       << exact.re << ", " << exact.im << ")";
+    return testing::AssertionFailure() << support::shown(got) << " is not within " << tolerance << " of (" << exact.re
+                                       << ", " << exact.im << ")";
 }
 
 } // namespace reduction

@@ -74,13 +74,17 @@ template <class S, std::size_t room>
 class FilledWithZeros {
 public:
     HWY_INLINE FilledWithZeros(const S* p, std::size_t count) {
-#if HWY_TARGET <= HWY_AVX3
-        constexpr std::size_t size = sizeof(Part);
-        const hn::CappedTag<hwy::UnsignedFromSize<size>, room * partsOf<S>> d;
-        const auto first = hn::FirstN(d, count * partsOf<S>);
-        static_assert(hn::MaxLanes(d) == room * partsOf<S>);
-        hn::StoreU(hn::MaskedLoad(first, d, reinterpret_cast<const hn::TFromD<decltype(d)>*>(p)), d,
-                   reinterpret_cast<hn::TFromD<decltype(d)>*>(elements_));
+#if HWY_TARGET <= HWY_AVX2
+        constexpr std::size_t least = HWY_TARGET <= HWY_AVX3 ? 1 : 4; // bytes that a mask may be of
+        constexpr std::size_t size = std::max(sizeof(Part), least), all = room * sizeof(S) / size;
+        const hn::CappedTag<hwy::UnsignedFromSize<size>, all> d;
+        const auto* from = reinterpret_cast<const hn::TFromD<decltype(d)>*>(p);
+        auto* to = reinterpret_cast<hn::TFromD<decltype(d)>*>(elements_);
+        const std::size_t wanted = count * sizeof(S) / size;
+#    pragma GCC unroll 2
+        for (std::size_t n = 0; n < all; n += hn::MaxLanes(d))
+            hn::StoreU(hn::MaskedLoad(hn::FirstN(d, wanted - std::min(n, wanted)), d, from + n), d, to + n);
+        if (size > sizeof(S) && count % 2 != 0) elements_[count - 1] = elementAt(p + count - 1);
 #else
         std::memset(static_cast<void*>(elements_), 0, sizeof elements_);
         std::memcpy(static_cast<void*>(elements_), p, count * sizeof(S));
