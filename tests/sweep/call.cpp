@@ -88,7 +88,8 @@ unsigned char* Call::placeVector(std::size_t k) {
 
 void Call::makeObject(std::size_t k) {
     const Family& family = plan_.family;
-    const bool allocated = placement_.allocated || !family.has("Init") || (family.freesAllocatedOnly && isStep("Free"));
+    const bool allocated =
+        placement_.allocated || !family.find("Init") || (family.freesAllocatedOnly && isStep("Free"));
     maker_ = std::make_unique<Call>(planOf(family.function(allocated ? "InitAlloc" : "Init")), case_, placement_);
     if (maker_->run() != orbStsNoErr) throw std::runtime_error("no object for " + std::string(plan_.member->name));
     values_[k] = maker_->object();

@@ -53,10 +53,8 @@ struct Area {
 struct ObjectRule {
     Pattern pattern;          // of the type; the kind is what it ends with
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
-    std::vector<Area> areas;
+    std::vector<Area> areas;  // with the object's own name: Init takes the memory itself, no place for a pointer to it
     const char* kind = nullptr; // else the type tells it
-    std::vector<Area>
-        areas; // with the object's own name: Init takes no place to store a pointer, but the memory itself
     bool freesAllocatedOnly = false;
 };
 const ObjectRule objectRules[] = {
@@ -69,8 +67,8 @@ const ObjectRule objectRules[] = {
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
-    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, true},
-    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, true},
+    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, nullptr, true},
+    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, nullptr, true},
 };
 
 // What the query of a family tells of one area.
@@ -548,8 +546,7 @@ private:
         const std::string name = match[1];
         object_ = ruleFor(objectRules, name);
         if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
-            plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str()};
-            plan_.family = {object_->verb, match[1], object_->freesAllocatedOnly};
+            plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str(), object_->freesAllocatedOnly};
     }
 
     void add(const std::string& text, const Type& type) {
@@ -607,10 +604,6 @@ private:
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
         if (!object_) return refuse("no rule for the object " + text);
-        if (a.type.kind == Kind::object && name_ == plan_.family.verb + "Init" + plan_.family.kind) {
-            a.type.size = 1;
-            a.type.alignment = alignof(Orb32s);
-            if (!addArea(a)) refuse("no rule for the size of " + text);
         const bool isInit = name_.starts_with(plan_.family.verb + "Init");
         if (isInit && a.type.kind == Kind::object) {
             a.type.size = 1; // of raw memory
@@ -659,7 +652,7 @@ int channels(const Case& c) {
     return 1 + c.turn % 9;
 }
 
-const Member& Family::function(const char* step) const {
+const Member* Family::find(const char* step) const {
     static const auto table = [] {
         std::map<std::string, const Member*, std::less<>> byName;
         for (const Member& member : members()) byName.emplace(member.name, &member);
@@ -667,17 +660,13 @@ const Member& Family::function(const char* step) const {
     }();
     const std::string name = "orbs" + verb + step;
     auto at = table.find(name + kind);
-    if (at == table.end()) at = table.find(name); // serves every kind
-    if (at == table.end()) throw std::runtime_error("no member " + name + kind);
-    return *at->second;
+    if (at == table.end()) at = table.find(name);
+    return at == table.end() ? nullptr : at->second;
 }
 
 const Member& Family::function(const char* step) const {
-    return memberNamed("orbs" + verb + step + kind);
-}
-
-bool Family::has(const char* step) const {
-    return std::ranges::any_of(members(), [=, this](const Member& m) { return m.name == "orbs" + verb + step + kind; });
+    if (const Member* member = find(step)) return *member;
+    throw std::runtime_error("no member orbs" + verb + step + kind);
 }
 
 std::vector<std::string> idleRules() {

@@ -54,7 +54,7 @@ struct Family {
     std::string verb, kind;
     bool freesAllocatedOnly = false; // an object in a caller's memory must not be given to Free
     const Member& function(const char* step) const;
-    bool has(const char* step) const;
+    const Member* find(const char* step) const; // or null
 };
 
 struct Plan {
