@@ -85,7 +85,7 @@ TEST(Sort, EveryLengthOfAnyBits) {
     forEveryType([]<class T>(Members<T> members) {
         Random random(1);
         // Up to where spans are partitioned within themselves, and beyond.
-        for (std::size_t count = 1; count < 2200; count += 1 + count / 40) {
+        for (std::size_t count = 1; count < 2200; count += 1 + count / 300) {
             std::vector<T> x(count);
             for (T& t : x) t = anyBits<T>(random);
             ASSERT_TRUE(sorts(members, x)) << count << " elements";

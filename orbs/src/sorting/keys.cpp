@@ -134,7 +134,18 @@ private:
 };
 
 template <class T>
+void insertionSort(T* keys, std::size_t count) {
+    for (std::size_t n = 1; n < count; ++n) {
+        const T key = elementAt(keys + n);
+        std::size_t at = n;
+        for (; at > 0 && elementAt(keys + at - 1) > key; --at) setElement(keys + at, elementAt(keys + at - 1));
+        setElement(keys + at, key);
+    }
+}
+
+template <class T>
 void sortAny(T* keys, std::size_t count) {
+    if (count < 12) return insertionSort(keys, count);
     if (isOrdered(keys, count, false)) return;
     if (count <= networkKeys<T>) {
         sortFew(keys, count);

@@ -1,7 +1,7 @@
 // Sorting of keys: signed integers of 16, 32 and 64 bits, to which all elements are mapped in their order.
 #pragma once
 
-#include "orbdefs.h"
+#include "orbs/sorting.h"
 
 #include <cstddef>
 #include <cstdint>

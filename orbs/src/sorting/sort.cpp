@@ -57,15 +57,15 @@ OrbStatus sorted(Order order, T* pSrcDst, int len) {
 
 // ---- Bytes ----
 
-constexpr std::size_t countedFrom = 48;
+// As many as one network sorts in lanes of 16 bits.
+constexpr std::size_t mostWidened = 256;
 
-void insertionSort(Order order, Orb8u* p, std::size_t count) {
-    for (std::size_t n = 1; n < count; ++n) {
-        const Orb8u key = p[n];
-        std::size_t at = n;
-        for (; at > 0 && (order == Order::ascending ? p[at - 1] > key : p[at - 1] < key); --at) p[at] = p[at - 1];
-        p[at] = key;
-    }
+void sortWidened(Order order, Orb8u* p, std::size_t count) {
+    Orb16s keys[mostWidened];
+    std::copy_n(p, count, keys);
+    sortKeys(keys, count);
+    for (std::size_t n = 0; n < count; ++n)
+        p[n] = static_cast<Orb8u>(keys[order == Order::ascending ? n : count - 1 - n]);
 }
 
 // Four tables: equal neighbours do not wait for each other.
@@ -87,7 +87,7 @@ void countingSort(Order order, Orb8u* p, std::size_t count) {
 OrbStatus sortedBytes(Order order, Orb8u* pSrcDst, int len) {
     if (const OrbStatus status = checkVectors(len, pSrcDst)) return status;
     const auto count = static_cast<std::size_t>(len);
-    const auto sort = count < countedFrom ? insertionSort : countingSort;
+    const auto sort = count <= mostWidened ? sortWidened : countingSort;
     sort(order, pSrcDst, count);
     return orbStsNoErr;
 }

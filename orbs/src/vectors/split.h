@@ -11,7 +11,7 @@ namespace orbs {
 
 // For each set of lanes: those that are not in it, then those that are.
 template <std::size_t lanes>
-constexpr auto splitOrders = [] {
+inline constexpr auto splitOrders = [] {
     std::array<std::array<Orb8u, lanes>, std::size_t{1} << lanes> orders{};
     for (std::size_t set = 0; set < orders.size(); ++set) {
         std::size_t to = 0;
