@@ -15,9 +15,9 @@ ORBS_DECLARATIONS_BEGIN
  *
  * The product and the sum are of single precision, with n converted to a float. Integers are the nearest to that, a
  * half away from zero, limited to the range of the type; a NaN gives the least of it.
- * _64f has two precisions. From a len of 9 on, if pDst is a multiple of 8 bytes, as many eights of elements as there are
- * behind the first address that is a multiple of 16 have product and sum of double precision; all others have single
- * precision, widened.
+ * _64f has two precisions. From a len of 9 on, if pDst is a multiple of 8 bytes, as many eights of elements as there
+ * are behind the first address that is a multiple of 16 have product and sum of double precision; all others have
+ * single precision, widened.
  *
  * Statuses, in the order of the tests: null pDst: orbStsNullPtrErr; len below 1: orbStsSizeErr. */
 OrbStatus orbsVectorRamp_8u(Orb8u* pDst, int len, Orb32f offset, Orb32f slope);
@@ -31,15 +31,15 @@ OrbStatus orbsVectorRamp_64f(Orb64f* pDst, int len, Orb32f offset, Orb32f slope)
 
 /* ---- VectorSlope ---------------------------------------------------------------------------------------------
  * Alignment: any.
- * pDst[n] = offset + slope * n for n = 0 to len - 1, in integers limited to the range of the type. It is made by
- * addition: four lanes, which begin at 0, 1, 2 and 3 times slope, grow by 4 * slope with a rounding each, and offset is
- * added to them. So a long slope drifts, and VectorRamp does not. Floats (8 and 16 bits, _32f) or doubles (32 bits,
- * _64f) are what that is computed in.
+ * pDst[n] = offset + slope * n for n = 0 to len - 1, limited to the range of the type. The line is made by additions,
+ * in single precision for 8 and 16 bits and _32f, in double precision for 32 bits and _64f: four lanes begin at 0, 1, 2
+ * and 3 times slope and grow by 4 * slope at a time, with a rounding each, and offset is added to what they hold. So a
+ * long slope drifts, where VectorRamp does not.
  *
  * Integers are rounded in the caller's rounding mode, to nearest with ties to even if that is the usual one. Where the
- * line leaves the range is told by 1/slope in single precision: all elements before or behind are set to that end of the
- * range, and a line that enters the range begins anew there, with offset + m * slope behind m elements. A NaN gives the
- * least of the range.
+ * line leaves the range is told by 1/slope in single precision: all elements before or behind are set to that end of
+ * the range, and a line that enters the range begins anew there, with offset + m * slope behind m elements. A NaN gives
+ * the least of the range.
  * A slope of 0, or NaN, gives the offset everywhere: floats as it is, integers rounded with a half away from zero.
  *
  * Statuses, in the order of the tests: null pDst: orbStsNullPtrErr; len below 1: orbStsSizeErr. */
@@ -54,8 +54,8 @@ OrbStatus orbsVectorSlope_64f(Orb64f* pDst, int len, Orb64f offset, Orb64f slope
 
 /* ---- VectorJaehne --------------------------------------------------------------------------------------------
  * Alignment: any.
- * A chirp: x[n] = magn * sin(pi/2 / len * n^2) for n = 0 to len - 1, in double precision; within 0.85 ulp of the sine of
- * the rounded phase. One element alone is 0, whatever magn is.
+ * A chirp: x[n] = magn * sin(pi/2 / len * n^2) for n = 0 to len - 1, in double precision; within 0.85 ulp of the sine
+ * of the rounded phase. One element alone is 0, whatever magn is.
  *
  * _32f, _64f: x[n] in the element's type. _8s, _16s, _32s: the nearest integer, a half away from zero.
  * _8u, _16u, _32u: the chirp is moved and scaled to 0 .. magn, its least sample becoming 0 and its greatest magn, and
@@ -74,10 +74,10 @@ OrbStatus orbsVectorJaehne_64f(Orb64f* pDst, int len, Orb64f magn);
 
 /* ---- Tone_Direct ---------------------------------------------------------------------------------------------
  * Alignment: any.
- * pDst[n] = magn * cos(2 pi rFreq n + phase) for n = 0 to len - 1; the complex members have magn * sin of the same angle
- * as imaginary part. rFreq is in cycles per sample; the phase is read from pPhase, in radians, and replaced by that of
- * the sample behind the last, in 0 to 2 pi, before any sample is made: calls one behind the other go on. It is computed
- * in double precision and stored in its type; 0 where rounding takes it out of the range.
+ * pDst[n] = magn * cos(2 pi rFreq n + phase) for n = 0 to len - 1; the complex members have magn * sin of the same
+ * angle as imaginary part. rFreq is in cycles per sample; the phase is read from pPhase, in radians, and replaced by
+ * that of the sample behind the last, in 0 to 2 pi, before any sample is made: calls one behind the other go on. It is
+ * computed in double precision and stored in its type; 0 where rounding takes it out of the range.
  *
  * Any hint but orbAlgHintFast: the first two samples are computed directly, in double precision, and all others by
  * x[n] = 2 cos(w) x[n-1] - x[n-2] with w = 2 pi rFreq, the real ones in steps of two. Errors grow with len.
@@ -101,18 +101,19 @@ OrbStatus orbsTone_Direct_64fc(Orb64fc* pDst, int len, Orb64f magn, Orb64f rFreq
 
 /* ---- Tone Q15 ------------------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * magn * cos(2 pi f n + p) in double precision, to the nearest integer, a half away from zero. rFreqQ15 and phaseQ15 are
- * fixed-point numbers with 15 fraction bits: f = rFreqQ15 * 2^-15 in cycles per sample, p = phaseQ15 * 2^-15 in radians.
+ * magn * cos(2 pi f n + p) in double precision, to the nearest integer, a half away from zero. rFreqQ15 and phaseQ15
+ * are fixed-point numbers with 15 fraction bits: f = rFreqQ15 * 2^-15 in cycles per sample, p = phaseQ15 * 2^-15 in
+ * radians.
  *
  * ToneQ15_Direct: n = 0 to len - 1.
  * ToneQ15: the next len samples of a state, which counts them in 32 bits.
- * ToneGetStateSizeQ15: the bytes that ToneInitQ15 needs at pState: 40, at any address. ToneInitAllocQ15 takes the memory
- * itself. ToneFree gives back what ToneInitAllocQ15 took and does nothing to a state in the caller's block. A state
- * holds no address: it may be copied, or saved.
+ * ToneGetStateSizeQ15: the bytes that ToneInitQ15 needs at pState: 40, at any address. ToneInitAllocQ15 takes the
+ * memory itself. ToneFree gives back what ToneInitAllocQ15 took and does nothing to a state in the caller's block. A
+ * state holds no address: it may be copied, or saved.
  *
  * Statuses, in the order of the tests: a null pointer: orbStsNullPtrErr; len below 1: orbStsSizeErr; pState is no such
- * state: orbStsContextMatchErr; magn below 1: orbStsToneMagnErr; rFreqQ15 not in 0 to 16383: orbStsToneFreqErr; phaseQ15
- * not in 0 to 205886: orbStsTonePhaseErr; no memory: orbStsMemAllocErr. */
+ * state: orbStsContextMatchErr; magn below 1: orbStsToneMagnErr; rFreqQ15 not in 0 to 16383: orbStsToneFreqErr;
+ * phaseQ15 not in 0 to 205886: orbStsTonePhaseErr; no memory: orbStsMemAllocErr. */
 typedef struct OrbsToneState_16s OrbsToneState_16s;
 OrbStatus orbsToneQ15_Direct_16s(Orb16s* pDst, int len, Orb16s magn, Orb16s rFreqQ15, int phaseQ15);
 OrbStatus orbsToneInitQ15_16s(OrbsToneState_16s* pState, Orb16s magn, Orb16s rFreqQ15, int phaseQ15);
@@ -123,20 +124,20 @@ OrbStatus orbsToneFree(OrbsToneState_16s* pState);
 
 /* ---- Triangle_Direct -----------------------------------------------------------------------------------------
  * Alignment: any.
- * A wave of period 2 pi with straight sides: magn at phase 0, falling to -magn at H = pi + asym, rising to magn again at
- * 2 pi. pDst[n] is its value at 2 pi rFreq n + phase for n = 0 to len - 1; the imaginary part of the complex members is
- * the same wave (2 pi + H)/2 later, 0 and rising where the real part is magn. Phases are read from pPhase and replaced
- * as by Tone_Direct.
+ * A wave of period 2 pi with straight sides: magn at phase 0, falling to -magn at H = pi + asym, rising to magn again
+ * at 2 pi. pDst[n] is its value at 2 pi rFreq n + phase for n = 0 to len - 1; the imaginary part of the complex members
+ * is the same wave (2 pi + H)/2 further on, 0 and rising where the real part is magn. Phases are read from pPhase and
+ * replaced as by Tone_Direct.
  *
  * Samples are made in double precision, one from the other: a step up or down is added, and what comes to lie beyond an
  * end is folded back along the other side; a side that is shorter than a step is jumped over. With asym = -pi the wave
  * only rises. _64f and _64fc add up phases instead, from an rFreq of 0.14 (_64f) or 0.11 (_64fc) on. 16-bit members cut
  * the fraction off.
  *
- * Statuses, in the order of the tests: null pPhase: orbStsNullPtrErr; magn not above 0: orbStsTriangleMagnErr; rFreq not
- * in [0, 0.5): orbStsTriangleFreqErr; asym not in [-pi, pi): orbStsTriangleAsymErr; phase not in [0, 2 pi):
- * orbStsTrianglePhaseErr; null pDst: orbStsNullPtrErr; len below 1: orbStsSizeErr. A NaN is in no range; the ends are the
- * doubles nearest to pi and 2 pi, so that -pi as a float is below its range. */
+ * Statuses, in the order of the tests: null pPhase: orbStsNullPtrErr; magn not above 0: orbStsTriangleMagnErr; rFreq
+ * not in [0, 0.5): orbStsTriangleFreqErr; asym not in [-pi, pi): orbStsTriangleAsymErr; phase not in [0, 2 pi):
+ * orbStsTrianglePhaseErr; null pDst: orbStsNullPtrErr; len below 1: orbStsSizeErr. A NaN is in no range; the ends are
+ * the doubles nearest to pi and 2 pi, so that -pi as a float is below its range. */
 OrbStatus orbsTriangle_Direct_32f(Orb32f* pDst, int len, Orb32f magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);
 OrbStatus orbsTriangle_Direct_32fc(Orb32fc* pDst, int len, Orb32f magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);
 OrbStatus orbsTriangle_Direct_16s(Orb16s* pDst, int len, Orb16s magn, Orb32f rFreq, Orb32f asym, Orb32f* pPhase);

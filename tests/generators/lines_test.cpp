@@ -71,7 +71,7 @@ std::vector<T> slopeOf(Real offset, Real slope, int len) {
     for (int n = 0; n < working; ++n) {
         const Real value = lane[n % 4] + offset;
         if constexpr (isInteger) {
-            repeat(1, std::nearbyint(value));
+            repeat(1, nearestInMode(value));
         } else {
             v.push_back(value);
         }
