@@ -19,7 +19,7 @@ using support::sameValues;
 using support::shown;
 
 using Real = long double;
-using Integer = __int128;
+using Exact = __float128; // of integers up to 113 bits
 
 // ---- Calls of members over interleaved elements or parts ----
 
@@ -67,23 +67,20 @@ Elements<C> integers() {
 }
 
 template <class C>
-Integer power(C z) {
-    return Integer{z.re} * z.re + Integer{z.im} * z.im;
+Exact power(C z) {
+    return Exact(z.re) * z.re + Exact(z.im) * z.im;
 }
 
 // ---- Magnitude ----
 
 // Whether y is sqrt(square) * 2^-s, rounded once with ties to even and saturated.
 template <class R>
-bool isNearestRoot(Integer square, int scale, R y) {
-    if (scale < -30) return y == (square == 0 ? 0 : std::numeric_limits<R>::max());
-    const int s = std::min(scale, 36), up = std::max(-s, 0), down = std::max(s, 0);
-    const Integer four = 4 * square << (2 * up); // of (2 y)^2, at 2^(2 * down)
-    const Integer below = (2 * Integer{y} - 1) * (2 * Integer{y} - 1) << (2 * down);
-    const Integer above = (2 * Integer{y} + 1) * (2 * Integer{y} + 1) << (2 * down);
+bool isNearestRoot(Exact square, int s, R y) {
+    const Exact scaled = square * std::ldexp(4.0, -2 * std::clamp(s, -100, 100)); // that of 2 y
+    const Exact below = (2 * Exact(y) - 1) * (2 * Exact(y) - 1), above = (2 * Exact(y) + 1) * (2 * Exact(y) + 1);
     const bool even = y % 2 == 0, most = y == std::numeric_limits<R>::max();
-    return y >= 0 && (y == 0 || (even ? four >= below : four > below)) &&
-           (most || (even ? four <= above : four < above));
+    return y >= 0 && (y == 0 || (even ? scaled >= below : scaled > below)) &&
+           (most || (even ? scaled <= above : scaled < above));
 }
 
 template <class Member, class C>
@@ -153,12 +150,8 @@ TEST(PowerSpectr, OfIntegersIsExactAndRoundedOnce) {
     const auto z = integers<Orb16sc>();
     for (const int s : support::scaleFactors(-17, 34)) {
         const auto rule = [=](Orb16sc e) {
-            const Integer sum = power(e) << 40;
-            const int down = std::clamp(s, -40, 40) + 40;
-            Integer floor = sum >> down;
-            const Integer twice = 2 * (sum - (floor << down)), whole = Integer{1} << down;
-            if (twice > whole || (twice == whole && floor % 2 != 0)) ++floor;
-            return static_cast<Orb16s>(std::min<Integer>(floor, 32767));
+            const auto scaled = std::ldexp(static_cast<Orb64f>(power(e)), -std::clamp(s, -100, 100)); // exact
+            return static_cast<Orb16s>(std::min(std::nearbyint(scaled), 32767.0));
         };
         expectRule(&orbsPowerSpectr_16sc_Sfs, z, rule, s);
         expectRule(&orbsPowerSpectr_16s_Sfs, z, rule, s);
