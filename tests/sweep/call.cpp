@@ -82,6 +82,12 @@ unsigned char* Call::placeVector(std::size_t k) {
     } else if (a.use == Use::source || a.use == Use::update) {
         a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k + 11 * (areas_[k].size() - 1));
     }
+    if (a.positive && a.positive(case_)) {
+        for (std::size_t at = 0; at < count * a.type.size; at += a.type.size) {
+            bytes[at] |= 1;
+            bytes[at + a.type.size - 1] &= 0x7f;
+        }
+    }
     if (a.use == Use::source) area.before.assign(area.begin(), area.end());
     return bytes;
 }

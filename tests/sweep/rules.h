@@ -35,6 +35,7 @@ struct Argument {
     Count count = {};                         // of a vector; without, 1
     Number number = nullptr;                  // a number's value; of a vector: what it holds. Without, random elements.
     bool (*mayBeNull)(const Case&) = nullptr; // without: never
+    bool (*positive)(const Case&) = nullptr;  // no random element below 1 or the least number of its type
     bool refusalMayWrite = false;
 };
 

@@ -41,7 +41,7 @@ struct ComplexMagnitudes : InFixedLanes<Orb64f> {
 
 // The bits of magnitudes are ordered as they are, and a NaN is above all of them.
 template <class Float, std::size_t partsOfElement>
-struct Largest : InFixedLanes<hwy::MakeSigned<Float>, 1, partsOfElement> {
+struct Largest : InAnyLanes<hwy::MakeSigned<Float>, 1, partsOfElement * sizeof(Float)> {
     template <class D, class V, class... T>
     HWY_INLINE void add(D di, V (&sum)[1], const T*... p) const {
         const hn::Rebind<Float, D> d;

@@ -61,9 +61,7 @@ struct SquaresOfDifferences : InWords<Orb32u, 2, sizeof(Orb16s)> {
     }
 };
 
-struct Largest : InWords<Orb16u, 1, sizeof(Orb16s)> {
-    static constexpr std::size_t block = 0;
-
+struct Largest : InAnyLanes<Orb16u, 1, sizeof(Orb16s)> {
     template <class D, class V>
     HWY_INLINE void add(D d, V (&sum)[1], const Orb16s* p) const {
         sum[0] = hn::Max(sum[0], hn::BitCast(d, hn::Abs(loadShorts(d, p))));

@@ -38,6 +38,20 @@ struct InFixedLanes {
     }
 };
 
+// ---- Operations in as many lanes as is fast: integers, whose sums and extremes do not depend on the order ----
+
+template <class L, std::size_t count, std::size_t bytesOfElement, std::size_t vectors = 4>
+struct InAnyLanes {
+    using Lane = L;
+    static constexpr std::size_t sums = count, lanes = vectors * hn::MaxLanes(hn::ScalableTag<L>()),
+                                 row = lanes * sizeof(L) / bytesOfElement, block = 0;
+
+    template <class V>
+    static HWY_INLINE V merged(V a, V b) {
+        return hn::Add(a, b);
+    }
+};
+
 // ---- Loads ----
 
 // As many elements as d has lanes, converted to them without loss.
@@ -74,28 +88,40 @@ template <class S, std::size_t room>
 class FilledWithZeros {
 public:
     HWY_INLINE FilledWithZeros(const S* p, std::size_t count) {
-#if HWY_TARGET <= HWY_AVX2
+        if constexpr (masked) {
+            load(p, count);
+        } else {
+            std::memset(static_cast<void*>(elements_), 0, sizeof elements_);
+            std::memcpy(static_cast<void*>(elements_), p, count * sizeof(S));
+        }
+    }
+    HWY_INLINE const S* elements() const { return elements_; }
+
+private:
+    using Part = std::remove_pointer_t<decltype(partsAt(std::declval<S*>()))>;
+    static constexpr bool masked = HWY_TARGET <= HWY_AVX2 && room * sizeof(S) >= 16; // masks of less are not sharp
+
+    HWY_INLINE void load(const S* p, std::size_t count) {
         constexpr std::size_t least = HWY_TARGET <= HWY_AVX3 ? 1 : 4; // bytes that a mask may be of
         constexpr std::size_t size = std::max(sizeof(Part), least), all = room * sizeof(S) / size;
         const hn::CappedTag<hwy::UnsignedFromSize<size>, all> d;
         const auto* from = reinterpret_cast<const hn::TFromD<decltype(d)>*>(p);
         auto* to = reinterpret_cast<hn::TFromD<decltype(d)>*>(elements_);
         const std::size_t wanted = count * sizeof(S) / size;
-#    pragma GCC unroll 2
-        for (std::size_t n = 0; n < all; n += hn::MaxLanes(d))
-            hn::StoreU(hn::MaskedLoad(hn::FirstN(d, wanted - std::min(n, wanted)), d, from + n), d, to + n);
-        if (size > sizeof(S) && count % 2 != 0) elements_[count - 1] = elementAt(p + count - 1);
-#else
-        std::memset(static_cast<void*>(elements_), 0, sizeof elements_);
-        std::memcpy(static_cast<void*>(elements_), p, count * sizeof(S));
-#endif
-    }
-    HWY_INLINE const S* elements() const {
-        return elements_;
+#pragma GCC unroll 2
+        for (std::size_t n = 0; n < all; n += hn::MaxLanes(d)) {
+            auto v = hn::MaskedLoad(hn::FirstN(d, wanted - std::min(n, wanted)), d, from + n);
+            if constexpr (size > sizeof(S)) {
+                if (count % 2 != 0) { // half a word is left
+                    const auto place = hn::Iota(d, static_cast<hn::TFromD<decltype(d)>>(n));
+                    const auto last = hn::Set(d, static_cast<Orb16u>(elementAt(p + count - 1)));
+                    v = hn::Or(v, hn::IfThenElseZero(hn::Eq(place, hn::Set(d, wanted)), last));
+                }
+            }
+            hn::StoreU(v, d, to + n);
+        }
     }
 
-private:
-    using Part = std::remove_pointer_t<decltype(partsAt(std::declval<S*>()))>;
     alignas(64) S elements_[room];
 };
 

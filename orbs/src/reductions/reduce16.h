@@ -8,17 +8,10 @@
 
 namespace orbs {
 
-// The lanes are as many as is fast: the order of exact additions does not matter.
 template <class L, std::size_t count, std::size_t bytesOfElement, std::size_t vectors = 4>
-struct InWords {
-    using Lane = L;
-    static constexpr std::size_t sums = count, lanes = vectors * hn::MaxLanes(hn::ScalableTag<L>()),
-                                 row = lanes * sizeof(L) / bytesOfElement, block = 65536;
+struct InWords : InAnyLanes<L, count, bytesOfElement, vectors> {
+    static constexpr std::size_t block = 65536;
 
-    template <class V>
-    static HWY_INLINE V merged(V a, V b) {
-        return hn::Add(a, b);
-    }
     // Of sums that fit their lanes.
     template <std::size_t parts>
     static Sums<Orb64s, count, parts> total(const Sums<L, count, parts>& sums) {
