@@ -73,17 +73,17 @@ bool allEqual(const T* p, std::size_t len) {
 }
 
 template <class T>
-Spread spreadOf(const T* src, std::size_t len, OrbHintAlgorithm hint) {
-    const auto finished = [=](const Sums<Orb64f, 2, 1>& sums) {
-        const auto n = static_cast<Orb64f>(len);
-        const Orb64f s1 = sums[0][0], deviation = deviationOf(s1, sums[1][0], n);
-        return Spread{s1 / n,
-                      deviation > 0 && allEqual(src, len) ? 0.0 : deviation}; // what is left of them is rounding
-    };
+Sums<Orb64f, 2, 1> momentsOf(const T* src, std::size_t len, OrbHintAlgorithm hint) {
     if constexpr (std::is_same_v<T, Orb32f>) {
-        if (hint == orbAlgHintFast && len >= leastFast) return finished(reduced(FastMoments(), len, src));
+        if (hint == orbAlgHintFast && len >= leastFast) return reduced(FastMoments(), len, src);
     }
-    return finished(reduced(Moments<Orb64f>(), len, src));
+    return reduced(Moments<Orb64f>(), len, src);
+}
+template <class T>
+Spread spreadOf(const Sums<Orb64f, 2, 1>& sums, const T* src, std::size_t len) {
+    const auto n = static_cast<Orb64f>(len);
+    const Orb64f s1 = sums[0][0], deviation = deviationOf(s1, sums[1][0], n);
+    return {s1 / n, deviation > 0 && allEqual(src, len) ? 0.0 : deviation}; // what is left of equal ones is rounding
 }
 
 // ---- 16 bits ----
@@ -105,9 +105,8 @@ struct Moments16 : InWords<Orb32s, 3, sizeof(Orb16s)> {
 
 // With S1 = n q + r the stated variance is that of the distances from q: (n * sum of (x - q)^2 - r^2) / (n * (n - 1)).
 // They are small, so what cancels is exact in 64 bits, and what is not exact does not cancel.
-Spread spreadOf(const Orb16s* src, std::size_t len) {
-    const auto sums = reduced(Moments16(), len, src);
-    const Orb64s s1 = sums[0][0], s2 = sums[1][0], n = static_cast<Orb64s>(len);
+Spread spreadOf(const Sums<Orb64s, 2, 1>& sums, Orb64s n) {
+    const Orb64s s1 = sums[0][0], s2 = sums[1][0];
     const Orb64s q = s1 / n - (s1 % n < 0), r = s1 - q * n;
     const Orb64s aroundQ = s2 - q * (n * q + 2 * r);
     const auto real = static_cast<Orb64f>(n);
@@ -123,7 +122,9 @@ template <class T, class... Mean>
 OrbStatus deviation(const T* pSrc, int len, OrbHintAlgorithm hint, T* pStdDev, Mean*... pMean) {
     if (anyNull(pSrc, pStdDev, pMean...)) return orbStsNullPtrErr;
     if (len < 2) return orbStsSizeErr;
-    const Spread all = spreadOf(pSrc, static_cast<std::size_t>(len), hint);
+    const auto count = static_cast<std::size_t>(len);
+    const auto sums = momentsOf(pSrc, count, hint);
+    const Spread all = spreadOf(sums, pSrc, count);
     (setElement(pMean, static_cast<T>(all.mean)), ...);
     setElement(pStdDev, static_cast<T>(all.deviation));
     return orbStsNoErr;
@@ -142,7 +143,8 @@ OrbStatus deviationScaled(const Orb16s* pSrc, int len, int scaleFactor, R* pStdD
     if (anyNull(pSrc, pStdDev, pMean...)) return orbStsNullPtrErr;
     if (len < 2) return orbStsSizeErr;
     const SseQuiet quiet(SseRounding::nearest);
-    const Spread all = spreadOf(pSrc, static_cast<std::size_t>(len));
+    const auto sums = reduced(Moments16(), static_cast<std::size_t>(len), pSrc);
+    const Spread all = spreadOf(sums, len);
     (setElement(pMean, scaled<R>(all.mean, scaleFactor)), ...);
     setElement(pStdDev, scaled<R>(all.deviation, scaleFactor));
     return orbStsNoErr;
