@@ -6,22 +6,22 @@
 
 ORBS_DECLARATIONS_BEGIN
 
-/* Reproducible noise: the samples follow from the seed and the parameters, bit for bit, in every build of the library. No
- * seed is special. The generator is for signals, not for secrets.
+/* Reproducible noise: the samples follow from the seed and the parameters, bit for bit, in every build of the library.
+ * No seed is special. The generator is for signals, not for secrets.
  *
  * With an object a stream goes on from call to call, however it is cut into calls, samples of the halves of a Gaussian
  * pair included. The Direct members start from *pSeed each time and leave a word of the generator there: a chain of
  * calls is another stream than one long call, and only that of the same chain.
  *
- * InitAlloc takes the object's memory itself, and Free gives it back. Init fills *pState, which lies on a multiple of 4
- * bytes and has the size that GetSize tells; such an object needs no Free and must not be given to it. Either again
- * restarts the stream. An object belongs to one stream: no two calls may use it at a time. It holds no address and may be
- * copied. The size of an object in bytes is 48 (Uniform _8u, _16s), 52 (_32f), 60 (Gauss _8u, _16s), 68 (_32f).
+ * InitAlloc takes the object's memory itself, and Free gives it back. Init fills *pState, which lies on a multiple of
+ * 4 bytes and has the size that GetSize tells; such an object needs no Free and must not be given to it. Either again
+ * restarts the stream. An object belongs to one stream: no two calls may use it at a time. It holds no address and may
+ * be copied. The size of an object in bytes is 48 (Uniform _8u, _16s), 52 (_32f), 60 (Gauss _8u, _16s), 68 (_32f).
  *
  * Statuses, in the order of the tests:
  *   Init, InitAlloc, GetSize  null pointer: orbStsNullPtrErr; no memory: orbStsMemAllocErr
- *   samples with an object    null pDst or pState: orbStsNullPtrErr; len below 1: orbStsSizeErr; pState is not an object
- *                             of the member's kind: orbStsContextMatchErr
+ *   samples with an object    null pDst or pState: orbStsNullPtrErr; len below 1: orbStsSizeErr; pState is not an
+ *                             object of the member's kind: orbStsContextMatchErr
  *   Direct                    null pDst or pSeed: orbStsNullPtrErr; len below 1: orbStsSizeErr
  *   Free                      null pState: orbStsNullPtrErr; not an object of the member's kind: orbStsContextMatchErr
  * No value of a parameter or seed is refused. */

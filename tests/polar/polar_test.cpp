@@ -378,6 +378,20 @@ TEST(PolarToCart, OfLargePhasesLosesNothing) {
     }
 }
 
+TEST(PolarToCart, AndPhaseWriteOverTheirSources) {
+    const auto m = support::randomVector<Orb32f>(1001, 1), p = support::randomVector<Orb32f>(1001, 2);
+    Elements<Orb32f> re(1001), im(1001), phase(1001), magnitudeThenRe = m, phaseThenIm = p, overRe = m;
+    ASSERT_EQ(orbsPolarToCart_32f(m.data(), p.data(), re.data(), im.data(), 1001), orbStsNoErr);
+    ASSERT_EQ(orbsPolarToCart_32f(magnitudeThenRe.data(), phaseThenIm.data(), magnitudeThenRe.data(),
+                                  phaseThenIm.data(), 1001),
+              orbStsNoErr);
+    EXPECT_TRUE(sameBits(magnitudeThenRe, re, m, p));
+    EXPECT_TRUE(sameBits(phaseThenIm, im, m, p));
+    ASSERT_EQ(orbsPhase_32f(m.data(), p.data(), phase.data(), 1001), orbStsNoErr);
+    ASSERT_EQ(orbsPhase_32f(overRe.data(), p.data(), overRe.data(), 1001), orbStsNoErr);
+    EXPECT_TRUE(sameBits(overRe, phase, m, p));
+}
+
 template <class Rule>
 Orb16sc nearest16(Rule round, Real m, Real p) {
     const auto part = [=](Real v) { return static_cast<Orb16s>(std::clamp<Real>(round(v), -32768, 32767)); };

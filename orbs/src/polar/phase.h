@@ -112,11 +112,11 @@ HWY_INLINE auto isUnusual(D d, V x, V y) {
 
 template <class D, class V>
 HWY_INLINE V phaseOfUsual(D d, V re, V im) {
-    constexpr bool isSingle = sizeof(hn::TFromD<D>) == sizeof(Orb32f);
-    const V x = hn::Abs(re), y = hn::Abs(im);
-    const V least = hn::Min(x, y),
-            greatest = hn::Max(hn::Max(x, y),
-                               hn::Set(d, static_cast<hn::TFromD<D>>(isSingle ? 0x1p-60 : 0x1p-1000))); // of zeros
+    using T = hn::TFromD<D>;
+    constexpr bool isSingle = sizeof(T) == sizeof(Orb32f);
+    constexpr T inPlaceOfZero = static_cast<T>(isSingle ? 0x1p-60 : 0x1p-1000); // a divisor for two zeros
+    const V x = hn::Abs(re), y = hn::Abs(im), least = hn::Min(x, y);
+    const V greatest = hn::Max(hn::Max(x, y), hn::Set(d, inPlaceOfZero));
     const auto [c, high, low] = cellOf(d, least, greatest);
     const V denominator = greatest + c * least;
     Quotient<V> t;

@@ -135,10 +135,10 @@ template <class T>
 OrbStatus direct(T* pDst, int len, T mean, T stdDev, Orb32u* pSeed) {
     if (const OrbStatus status = checkVectors(len, pDst, pSeed)) return status;
     const auto count = static_cast<std::size_t>(len);
-    RandomCore core = seededCore(*pSeed);
+    RandomCore core = seededCore(elementAt(pSeed));
     Pairs pairs;
     gauss(core, pairs, count / 2 + 1, mean, stdDev, pDst, count);
-    *pSeed = core.x1;
+    setElement(pSeed, core.x1);
     return orbStsNoErr;
 }
 

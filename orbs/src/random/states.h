@@ -55,14 +55,14 @@ OrbStatus initAllocState(State** ppState, const State& begin) {
     if (anyNull(ppState)) return orbStsNullPtrErr;
     Orb8u* const block = orbsMalloc_8u(sizeof(State));
     if (!block) return orbStsMemAllocErr;
-    *ppState = new (block) State(begin);
+    setElement(ppState, new (block) State(begin));
     return orbStsNoErr;
 }
 
 template <class State>
 OrbStatus stateSize(int* pSize) {
     if (anyNull(pSize)) return orbStsNullPtrErr;
-    *pSize = sizeof(State);
+    setElement(pSize, sizeof(State));
     return orbStsNoErr;
 }
 

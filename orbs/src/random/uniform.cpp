@@ -98,11 +98,11 @@ OrbStatus direct(T* pDst, int len, T low, T high, Orb32u* pSeed) {
     if (const OrbStatus status = checkVectors(len, pDst, pSeed)) return status;
     const Interval<T> interval(low, high);
     const auto count = static_cast<std::size_t>(len), lone = std::is_integral_v<T> ? count % 2 : 0;
-    RandomCore core = seededCore(*pSeed);
+    RandomCore core = seededCore(elementAt(pSeed));
     uniform<Rounded>(core, interval.mid, interval.scale, pDst, count - lone);
     if constexpr (std::is_integral_v<T>)
         uniform<Truncated>(core, interval.mid, interval.scale, pDst + count - lone, lone);
-    *pSeed = core.x1;
+    setElement(pSeed, core.x1);
     return orbStsNoErr;
 }
 
