@@ -2,7 +2,7 @@
 #pragma once
 
 #include "support/guarded.h"
-#include "sweep/rules.h"
+#include "sweep/plan.h"
 
 #include <memory>
 #include <optional>

@@ -1,78 +1,90 @@
-// What the arguments of a member mean: how long its vectors are, what its numbers may be, which faults it must refuse
-// and with which status. Told by rules over names (rules.cpp), never member by member.
+// The rules over names that tell what the arguments of members mean. They match the whole of a member's name, without
+// "orbs", and the whole of an argument's name. The first rule of a kind that does holds.
 #pragma once
 
-#include "sweep/members.h"
+#include "sweep/plan.h"
 
-#include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace sweep {
 
-// One set of sizes to call a member with.
-struct Case {
-    int n = 1;     // elements of the vectors
-    int order = 0; // transforms: of 2^order points
-    int taps = 1;  // filters
-    int turn = 0;  // runs on, and picks scale factors, flags, hints and offsets
-
-    std::size_t points() const { return std::size_t{1} << order; }
+struct Pattern {
+    const char *members, *argument;
 };
 
-// Of the members that take an array of vectors, how many those are.
-int channels(const Case& c);
+inline bool always(const Case&) {
+    return true;
+}
 
-using Number = double (*)(const Case&); // set in the argument's own type
-using Count = std::function<std::size_t(const Case&)>;
-
-enum class Use { source, destination, update, scratch };
-
-struct Argument {
-    std::string name;
-    Type type{};
-    Use use = Use::source;
-    Count count = {};                         // of a vector; without, 1
-    Number number = nullptr;                  // a number's value; of a vector: what it holds. Without, random elements.
-    bool (*mayBeNull)(const Case&) = nullptr; // without: never
-    bool (*positive)(const Case&) = nullptr;  // no random element below 1 or the least number of its type
-    bool refusalMayWrite = false;
+// Memory that a caller gives to a family's calls: the argument, and that of the query which tells its size.
+struct Area {
+    std::string argument, size;
+    bool (*mayBeNull)(const Case&) = nullptr;
+};
+struct ObjectRule {
+    Pattern pattern;          // of the type; the kind is what it ends with
+    const char *verb, *query; // of the family's functions, and of the one that tells sizes
+    std::vector<Area> areas;  // with the object's own name: Init takes the memory itself, no place for a pointer to it
+    const char* kind = nullptr; // else the type tells it
+    bool freesAllocatedOnly = false;
+};
+struct VectorRule {
+    Pattern pattern;
+    Count count;
+    std::optional<Use> use = {}; // else const: source, pSrcDst...: update, others: destination
+    Number holds = nullptr;      // else random elements
+    bool (*positive)(const Case&) = nullptr;
 };
 
-// Something wrong with an argument, and the status that the call must give.
-struct Fault {
-    enum What { null, value, tag } what;
-    std::size_t argument;
-    Number bad; // value: of the number, of what the pointer points to, or which of several vectors is null; tag: what
-                // is added to the object's, 0 clears
+struct NumberRule {
+    Pattern pattern;
+    Number number; // null: a random element
+    std::vector<Number> faults = {};
+    OrbStatus status = orbStsNoErr;
+};
+
+struct PointeeRule {
+    Pattern pattern;
+    std::vector<Number> faults;
     OrbStatus status;
-    int rank; // of two faults the one that is tested first, that is of lower rank, decides
 };
-
-// The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on. The kind is the part of the
-// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc; one that serves all kinds ends with none.
-struct Family {
-    std::string verb, kind;
-    bool freesAllocatedOnly = false; // an object in a caller's memory must not be given to Free
-    const Member& function(const char* step) const;
-    const Member* find(const char* step) const; // or null
+struct Exception {
+    Pattern pattern;
 };
-
-struct Plan {
-    const Member* member = nullptr;
-    std::vector<Argument> arguments;
-    std::vector<Fault> faults;
-    std::vector<OrbStatus> warnings; // that a valid call may return
-    bool dependsOnPlace = false;     // what a valid call writes
-    Family family;                   // of the object among the arguments, if there is one
-    std::vector<Case> small, large;  // called at every alignment, and at both edges only
-    std::vector<Case> faulty;        // called with faults
-    std::vector<Case> digest;        // for the comparison of results between builds
-    std::string notUnderstood;       // why not, or empty
+struct NullRule {
+    Pattern pattern;
+    bool (*when)(const Case&) = always;
 };
-
-const Plan& planOf(const Member& member);
-// Rules that decide nothing about any member.
-std::vector<std::string> idleRules();
+// Members whose results may come with a warning.
+struct WarningRule {
+    Pattern pattern;
+    std::vector<OrbStatus> warnings;
+};
+// The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
+// What is not named comes where the * stands: pointers, then numbers, then what pointers point to, then tags.
+struct OrderRule {
+    Pattern pattern;
+    std::vector<std::string> order;
+};
+using Cases = std::vector<Case>;
+struct CaseRule {
+    Pattern pattern;
+    Cases small, large, faulty, digest;
+};
+struct Rules {
+    std::span<const ObjectRule> objects;
+    std::span<const VectorRule> vectors;
+    std::span<const NumberRule> numbers;
+    std::span<const PointeeRule> pointees;
+    std::span<const NullRule> nulls;
+    std::span<const Exception> resultsDependOnPlace, refusalMayWrite;
+    std::span<const WarningRule> warnings;
+    std::span<const OrderRule> orders;
+    std::span<const CaseRule> cases;
+};
+const Rules& rules();
 
 } // namespace sweep
