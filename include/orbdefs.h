@@ -97,6 +97,9 @@ enum { orbAlgHintNone = 0, orbAlgHintFast = 1, orbAlgHintAccurate = 2 };
 /* Rounding of a conversion: toward zero, or to nearest with ties to even. */
 enum { orbRndZero = 0, orbRndNear = 1 };
 
+/* Relation of a threshold: what is limited. Every value but orbCmpGreater means orbCmpLess. */
+enum { orbCmpLess = 0, orbCmpGreater = 4 };
+
 /* Which library this is; see orbsGetLibVersion. */
 typedef struct {
     Orb32s major;

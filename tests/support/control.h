@@ -3,6 +3,7 @@
 
 #include "orbdefs.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
@@ -20,6 +21,12 @@ auto inMode(Orb32u bits, F f) {
     EXPECT_EQ(_mm_getcsr() & ~Orb32u{_MM_EXCEPT_MASK}, control & ~Orb32u{_MM_EXCEPT_MASK}) << "in mode " << bits;
     _mm_setcsr(earlier);
     return result;
+}
+
+// The nearest integer as that register's mode says; in 32-bit code std::nearbyint looks at the x87's.
+inline double nearestInMode(double x) {
+    const double noFraction = std::copysign(0x1p52, x);
+    return std::fabs(x) < 0x1p52 ? (x + noFraction) - noFraction : x;
 }
 
 } // namespace support

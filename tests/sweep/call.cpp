@@ -30,6 +30,7 @@ bool upperHalvesInUse() {
 } // namespace
 
 std::size_t leastAlignment(const Plan& plan, const Argument& a) {
+    if (a.type.kind == Kind::object) return alignof(Orb32s); // raw memory for one
     // 32-bit code gives doubles and 64-bit integers that lie on 4 bytes only.
     return plan.member->anyAlignment ? 1 : std::min(a.type.alignment, sizeof(void*));
 }
@@ -38,7 +39,7 @@ Call::Call(const Plan& plan, const Case& sizes, const Placement& placement)
     : plan_(plan), case_(sizes), placement_(placement), values_(plan.arguments.size()), areas_(plan.arguments.size()) {
     for (std::size_t k = 0; k < values_.size(); ++k) {
         const Argument& a = plan_.arguments[k];
-        if (a.type.kind == Kind::object) {
+        if (a.type.kind == Kind::object && a.use != Use::scratch) {
             makeObject(k);
         } else if (a.type.kind != Kind::element) {
             place(k);
@@ -92,13 +93,16 @@ unsigned char* Call::placeVector(std::size_t k) {
 }
 
 void Call::makeObject(std::size_t k) {
-    maker_ = std::make_unique<Call>(planOf(plan_.family.function(placement_.allocated ? "InitAlloc" : "Init")), case_,
-                                    placement_);
+    const Family& family = plan_.family;
+    const bool allocated =
+        placement_.allocated || !family.find("Init") || (family.freesAllocatedOnly && isStep("Free"));
+    maker_ = std::make_unique<Call>(planOf(family.function(allocated ? "InitAlloc" : "Init")), case_, placement_);
     if (maker_->run() != orbStsNoErr) throw std::runtime_error("no object for " + std::string(plan_.member->name));
     values_[k] = maker_->object();
 }
 
 void* Call::object() const {
+    if (plan_.arguments[0].type.kind == Kind::object) return areas_[0][0]->data();
     void* stored;
     std::memcpy(&stored, areas_[0][0]->data(), sizeof stored);
     return stored;

@@ -60,7 +60,7 @@ private:
     void place(std::size_t k);
     unsigned char* placeVector(std::size_t k);
     void makeObject(std::size_t k);
-    void* object() const; // that a call of Init or InitAlloc stored
+    void* object() const; // that a call of Init or InitAlloc made
     bool isStep(const char* step) const;
 
     const Plan& plan_;

@@ -53,7 +53,9 @@ struct Area {
 struct ObjectRule {
     Pattern pattern;          // of the type; the kind is what it ends with
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
-    std::vector<Area> areas;
+    std::vector<Area> areas;  // with the object's own name: Init takes the memory itself, no place for a pointer to it
+    const char* kind = nullptr; // else the type tells it
+    bool freesAllocatedOnly = false;
 };
 const ObjectRule objectRules[] = {
     {{"OrbsFFTSpec(\\w+)", ""},
@@ -63,6 +65,10 @@ const ObjectRule objectRules[] = {
       {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+    {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
+    {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
+    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, nullptr, true},
+    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, nullptr, true},
 };
 
 // What the query of a family tells of one area.
@@ -110,6 +116,12 @@ std::size_t packedBytes(const Case& c) {
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
 
+template <auto... choices>
+double oneOf(const Case& c) {
+    static constexpr double values[] = {choices...};
+    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
+}
+
 struct VectorRule {
     Pattern pattern;
     Count count;
@@ -135,20 +147,22 @@ const VectorRule vectorRules[] = {
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{"(Min|Max).*", "p(Min|Max)(Abs)?|p(Min|Max)?Indx|pOrder"}, COUNT(1)},
+    {{"FindNearestOne_.*", "pOutVal|pOutIndx"}, COUNT(1)},
+    {{"FindNearest.*", "pVals|pOutVals|pOutIndexes|pTable"}, COUNT(c.n)},
+    {{"CountInRange_.*", "pCounts"}, COUNT(1)},
+    {{"SortIndex.*", "pDstIdx"}, COUNT(c.n), Use::update}, // one element leaves it as it was
+    {{"(Tone|Triangle)_Direct_.*", "pPhase"}, COUNT(1), Use::update, oneOf<0, 1.5, 6.28, 3.25>},
     // Mostly what has a logarithm: the first element without one decides alone.
     {{"SumLn_.*", "pSrc"}, COUNT(c.n), {}, nullptr, [](const Case& c) { return c.turn % 4 != 3; }},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
+    {{"Rand.*", "pSeed"}, COUNT(1), Use::update},
+    {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|Magn|Phase|BitsLen)?"}, COUNT(c.n)},
 };
 
 // ---- Numbers ----
-
-template <auto... choices>
-double oneOf(const Case& c) {
-    static constexpr double values[] = {choices...};
-    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
-}
 
 // Around every cut between kernels, and far beyond all of them.
 constexpr int scaleFactors[] = {0,  INT_MIN, -1000, -40, -33, -32, -31, -30, -17, -16, -15,  -14,
@@ -159,6 +173,11 @@ int scaleFactor(const Case& c) {
 }
 int turnOfScaleFactor(int s) {
     return static_cast<int>(std::ranges::find(scaleFactors, s) - scaleFactors);
+}
+
+// Of thresholds: among floats, and among integers.
+double levelOf(const Case& c) {
+    return oneOf<0, 0.25, 3000, 0.75, 20000, 30, 9000>(c);
 }
 
 struct NumberRule {
@@ -173,6 +192,16 @@ const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
+    {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
+    {{".*", "phaseScaleFactor"}, oneOf<-12, 0, 1, -10, INT_MIN, 40, -17, INT_MAX>},
+    {{"PolarToCart_16sc", "phaseFixedPoint"},
+     oneOf<12, 0, 15, 3>,
+     {NUMBER(-1), NUMBER(16), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
+    {{"PolarToCart_32sc", "phaseFixedPoint"},
+     oneOf<28, 0, 31, 3>,
+     {NUMBER(-1), NUMBER(32), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
     {{".*", "rndMode"}, oneOf<0, 1, 2, -1>},
     {{".*", "nChannels"}, NUMBER(channels(c)), belowOne, orbStsSizeErr},
     {{"[LR]ShiftC_.*", "val"},
@@ -201,8 +230,79 @@ const NumberRule numberRules[] = {
      oneOf<ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE>,
      {NUMBER(0), NUMBER(3), NUMBER(16), NUMBER(-1)},
      orbStsFftFlagErr},
-    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>},
+    {{"Vector(Ramp|Slope)_.*", "offset"}, oneOf<0, 3.5, -700.25, 40000, 100.5>},
+    {{"Vector(Ramp|Slope)_.*", "slope"}, oneOf<1, -0.375, 0, 0.01, 37.3, -3e6, -9>},
+    {{"VectorJaehne_\\d+u", "magn"}, oneOf<255, 100, 0, 0xffffffff>},
+    {{"VectorJaehne_\\d+s", "magn"}, oneOf<127, 100, 0>, {NUMBER(-1), NUMBER(-100)}, orbStsJaehneErr},
+    {{"VectorJaehne_\\d+f", "magn"}, oneOf<127.5, 1, 0>, {NUMBER(-1e-30), NUMBER(NAN)}, orbStsJaehneErr},
+    {{"Tone_Direct_(32|64)fc?", "magn"}, oneOf<1000, 1e-3>, {NUMBER(0), NUMBER(NAN)}, orbStsToneMagnErr},
+    {{"Tone.*", "magn"}, oneOf<1000, 1, 32767>, {NUMBER(0), NUMBER(-5)}, orbStsToneMagnErr},
+    {{"Tone_Direct_(16s|32f|64f)", "rFreq"},
+     oneOf<0.1, 0.0073, 0.49, 0, 0.25>,
+     {NUMBER(0.5), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsToneFreqErr},
+    {{"Tone_Direct_(16s|32f|64f)c", "rFreq"},
+     oneOf<0.1, 0.75, 0.0073, 0, 0.9999>,
+     {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsToneFreqErr},
+    {{"Tone.*", "rFreqQ15"}, oneOf<3000, 0, 16383, 17>, {NUMBER(16384), NUMBER(-1)}, orbStsToneFreqErr},
+    {{"Tone.*", "phaseQ15"},
+     oneOf<0, 205886, 70000>,
+     {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsTonePhaseErr},
+    {{"Triangle_Direct_(32|64)fc?", "magn"}, oneOf<1000, 1e-3>, {NUMBER(0), NUMBER(NAN)}, orbStsTriangleMagnErr},
+    {{"Triangle.*", "magn"}, oneOf<1000, 1, 32767>, {NUMBER(0), NUMBER(-5)}, orbStsTriangleMagnErr},
+    {{"Triangle_.*", "rFreq"},
+     oneOf<0.1, 0.0073, 0.49, 0, 0.135, 0.21>,
+     {NUMBER(0.5), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsTriangleFreqErr},
+    {{"Triangle_.*", "asym"},
+     oneOf<0, -3.1415, 1.25, 3.1415, -2>,
+     {NUMBER(-3.14159274), NUMBER(3.14159274), NUMBER(NAN)},
+     orbStsTriangleAsymErr},
+    {{"Triangle.*", "rFreqQ15"}, oneOf<3000, 0, 16383, 17>, {NUMBER(16384), NUMBER(-1)}, orbStsTriangleFreqErr},
+    {{"Triangle.*", "phaseQ15"},
+     oneOf<0, 205886, 70000>,
+     {NUMBER(205887), NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsTrianglePhaseErr},
+    {{"Triangle.*", "asymQ15"},
+     oneOf<0, -102943, 102943, 50000, -3>,
+     {NUMBER(102944), NUMBER(-102944), NUMBER(INT_MIN)},
+     orbStsTriangleAsymErr},
+    {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"Threshold_.*", "value(LT|GT)?"}, nullptr},
+    {{"Threshold_.*", "relOp"}, oneOf<orbCmpLess, orbCmpGreater, 1, -4>},
+    {{"Threshold_LTValGTVal_\\d+f.*", "levelLT"},
+     NUMBER(levelOf(c)),
+     {NUMBER(levelOf(c) + 9e9), NUMBER(NAN)},
+     orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_\\d+f.*", "levelGT"},
+     NUMBER(levelOf(c) + 0.5),
+     {NUMBER(levelOf(c) - 1), NUMBER(NAN)},
+     orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_.*", "levelLT"}, NUMBER(-levelOf(c)), {NUMBER(30000)}, orbStsThreshValOrderErr},
+    {{"Threshold_LTValGTVal_.*", "levelGT"}, NUMBER(levelOf(c)), {NUMBER(-30000)}, orbStsThreshValOrderErr},
+    {{"Threshold_(LTInv|LTAbs|GTAbs)_\\d+f.*|Threshold_.*fc.*", "level"},
+     NUMBER(levelOf(c)),
+     {NUMBER(-1), NUMBER(-INFINITY), NUMBER(NAN)},
+     orbStsThreshNegLevelErr},
+    {{"Threshold_(LTAbs|GTAbs)_.*|Threshold_.*sc.*", "level"},
+     NUMBER(levelOf(c)),
+     {NUMBER(-1), NUMBER(-32768)},
+     orbStsThreshNegLevelErr},
+    {{"Threshold_.*", "level"}, NUMBER(c.turn % 2 ? levelOf(c) : -levelOf(c))},
+    {{"FindNearestOne_.*", "inpVal"}, nullptr},
+    {{"FindNearest.*", "tblLen"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"CountInRange_.*", "lowerBound"}, oneOf<-1000000000, INT_MIN, 0>},
+    {{"CountInRange_.*", "upperBound"}, oneOf<1000000000, INT_MAX>},
+    // Each network, an even mask, and some beyond the vector.
+    {{"FilterMedian_.*", "maskSize"}, oneOf<3, 5, 6, 7, 9, 1, 11, 31, 255, INT_MAX>, belowOne, orbStsSizeErr},
+    {{"RandUniform.*", "low"}, oneOf<0, 3, 100, 17>},
+    {{"RandUniform.*", "high"}, oneOf<127, 100, 5, 18, 120>},
+    {{"RandGauss.*", "mean"}, oneOf<0, 20, 100>},
+    {{"RandGauss.*", "stdDev"}, oneOf<1, 50, 7, 127>},
+    {{"Rand.*", "seed"}, nullptr},
 };
 
 // ---- Exceptions ----
@@ -216,6 +316,8 @@ const PointeeRule pointeeRules[] = {
     // One of the channels is null.
     {{"Join.*", "pSrc"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
+    {{"Triangle_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTrianglePhaseErr},
+    {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
 };
 
 struct Exception {
@@ -229,11 +331,16 @@ const NullRule nullRules[] = {
     // The result does not depend on it.
     {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
+    {{"(Min|Max)Indx_.*", "pIndx"}},                          // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
     {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
+const Exception resultsDependOnPlace[] = {
+    {{"VectorRamp_64f", ""}}, // where the double precision begins
+};
 const Exception refusalMayWrite[] = {
-    {{"FFTInit_.*", "pMemSpec"}}, // the header is begun before the flag and the second buffer are tested
+    {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
+    {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
 };
 
 // Members whose results may come with a warning.
@@ -242,10 +349,12 @@ struct WarningRule {
     std::vector<OrbStatus> warnings;
 };
 const WarningRule warningRules[] = {
-    {{"Div(CRev)?_.*", ""}, {orbStsDivByZero}},
+    {{"Div(CRev)?_.*|Threshold_LTInv_.*", ""}, {orbStsDivByZero}},
     {{"Sqrt_.*", ""}, {orbStsSqrtNegArg}},
     {{"(Ln|10Log10|SumLn)_.*", ""}, {orbStsLnZeroArg, orbStsLnNegArg}},
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
+    {{"MaxOrder_\\d+f", ""}, {orbStsNanArg}},
+    {{"FilterMedian_.*", ""}, {orbStsEvenMedianMaskSize}},
 };
 
 // The order of the tests: arguments by name, NAME:value for what a pointer points to and NAME:tag for an object's tag.
@@ -257,11 +366,15 @@ struct OrderRule {
 const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
+    {{"MaxOrder_.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
+    // The magnitude's tests, then the phase's.
+    {{"CartToPolar_.*", ""}, {"pSrc", "pSrcRe", "pSrcIm", "pDstMagn", "len", "pDstPhase"}},
     {{"DivC_.*", ""}, {"*", "val"}},
     {{"Normalize_.*", ""}, {"*", "vDiv"}},
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
+    {{"(Tone|Triangle)_Direct_.*", ""}, {"pPhase", "magn", "rFreq", "asym", "pPhase:value", "pDst", "len"}},
     {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
@@ -299,6 +412,11 @@ Cases orders(int first, int last, int repeats) {
     Cases cases;
     for (int order = first; order <= last; ++order)
         cases.insert(cases.end(), static_cast<std::size_t>(repeats), {.order = order});
+    return cases;
+}
+// With hints for speed.
+Cases fast(Cases cases) {
+    for (std::size_t k = 0; k < cases.size(); ++k) cases[k].turn = 5 * static_cast<int>(k + 1) + 1;
     return cases;
 }
 Cases withTaps(Cases cases, std::initializer_list<int> taps) {
@@ -366,6 +484,13 @@ const CaseRule caseRules[] = {
      lengths({1030, 4099, 40007}),
      lengths({9, 9, 9, 40007}),
      atLeast(2, digestScales())},
+    // Around one block and several.
+    {{"Tone_Direct_.*", ""},
+     lengthsUpTo(70) + fast(lengthsUpTo(70)),
+     fast(lengths({1023, 1024, 1025, 1041, 2064, 4099, 8211, 20011})),
+     lengths({9, 9, 1031}),
+     digestLengths() +
+         fast(lengthsUpTo(70) + lengthsFrom(1022, 1062) + lengthsFrom(2046, 2070) + lengths({4096, 40007}))},
     // The lengths from which calls spread over threads, each with several scale factors.
     {{".*_I?Sfs", ""}, lengthsUpTo(70), longScales(), lengths({9, 9, 9, 40007}), digestScales()},
     {{".*", ""}, lengthsUpTo(70), lengths({4099, 40007}), lengths({9, 9, 9, 40007}), digestLengths()},
@@ -406,6 +531,7 @@ public:
         for (const std::string& text : texts) findObject(text);
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
         if (const WarningRule* rule = ruleFor(warningRules, name_)) plan_.warnings = rule->warnings;
+        plan_.dependsOnPlace = ruleFor(resultsDependOnPlace, name_);
         const CaseRule* cases = ruleFor(caseRules, name_);
         plan_.small = cases->small;
         plan_.large = cases->large;
@@ -425,7 +551,7 @@ private:
         const std::string name = match[1];
         object_ = ruleFor(objectRules, name);
         if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
-            plan_.family = {object_->verb, match[1]};
+            plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str(), object_->freesAllocatedOnly};
     }
 
     void add(const std::string& text, const Type& type) {
@@ -484,6 +610,12 @@ private:
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
         if (!object_) return refuse("no rule for the object " + text);
+        const bool isInit = name_.starts_with(plan_.family.verb + "Init");
+        if (isInit && a.type.kind == Kind::object) {
+            a.type.size = 1; // of raw memory
+            if (!addArea(a)) refuse("no size for the object " + text);
+            return;
+        }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
         if (a.type.kind == Kind::object)
             for (Number foreign : foreignTags)
@@ -526,19 +658,21 @@ int channels(const Case& c) {
     return 1 + c.turn % 9;
 }
 
-const Member& memberNamed(const std::string& name) {
+const Member* Family::find(const char* step) const {
     static const auto table = [] {
         std::map<std::string, const Member*, std::less<>> byName;
         for (const Member& member : members()) byName.emplace(member.name, &member);
         return byName;
     }();
-    const auto at = table.find(name);
-    if (at == table.end()) throw std::runtime_error("no member " + name);
-    return *at->second;
+    const std::string name = "orbs" + verb + step;
+    auto at = table.find(name + kind);
+    if (at == table.end()) at = table.find(name);
+    return at == table.end() ? nullptr : at->second;
 }
 
 const Member& Family::function(const char* step) const {
-    return memberNamed("orbs" + verb + step + kind);
+    if (const Member* member = find(step)) return *member;
+    throw std::runtime_error("no member orbs" + verb + step + kind);
 }
 
 std::vector<std::string> idleRules() {
@@ -549,6 +683,7 @@ std::vector<std::string> idleRules() {
     appendIdle(idle, numberRules);
     appendIdle(idle, pointeeRules);
     appendIdle(idle, nullRules);
+    appendIdle(idle, resultsDependOnPlace);
     appendIdle(idle, refusalMayWrite);
     appendIdle(idle, warningRules);
     appendIdle(idle, orderRules);

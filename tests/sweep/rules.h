@@ -50,10 +50,12 @@ struct Fault {
 };
 
 // The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on. The kind is the part of the
-// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc.
+// object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc; one that serves all kinds ends with none.
 struct Family {
     std::string verb, kind;
+    bool freesAllocatedOnly = false; // an object in a caller's memory must not be given to Free
     const Member& function(const char* step) const;
+    const Member* find(const char* step) const; // or null
 };
 
 struct Plan {
@@ -61,6 +63,7 @@ struct Plan {
     std::vector<Argument> arguments;
     std::vector<Fault> faults;
     std::vector<OrbStatus> warnings; // that a valid call may return
+    bool dependsOnPlace = false;     // what a valid call writes
     Family family;                   // of the object among the arguments, if there is one
     std::vector<Case> small, large;  // called at every alignment, and at both edges only
     std::vector<Case> faulty;        // called with faults
@@ -71,6 +74,5 @@ struct Plan {
 const Plan& planOf(const Member& member);
 // Rules that decide nothing about any member.
 std::vector<std::string> idleRules();
-const Member& memberNamed(const std::string& name);
 
 } // namespace sweep

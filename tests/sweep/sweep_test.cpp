@@ -80,7 +80,8 @@ void expectStaysWithin(const Plan& plan, const Case& c, std::vector<Placement> w
             expectedStatus = status;
         } else {
             ASSERT_EQ(status, expectedStatus) << told(c, placement);
-            ASSERT_TRUE(call.results() == expected) << "another result at " << told(c, placement);
+            ASSERT_TRUE(plan.dependsOnPlace || call.results() == expected)
+                << "another result at " << told(c, placement);
         }
     }
     for (std::size_t k = 0; k < plan.arguments.size(); ++k) {

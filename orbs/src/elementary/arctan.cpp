@@ -1,10 +1,7 @@
 // Arctan: arctangents of floats.
-#include "elementary/quad.h"
+#include "elementary/arctan.h"
 #include "orbs/elementary.h"
 #include "vectors/elementwise.h"
-#include "vectors/lookup.h"
-
-#include <array>
 
 namespace {
 
@@ -37,50 +34,13 @@ struct Arctan {
     }
 };
 
-// Cells of eight to the octave from 2^-5 to 36; c is the middle of one.
-constexpr int cellBits = 3;
-constexpr int belowCell = 52 - cellBits;
-constexpr int firstCell = (1023 - 5) << cellBits, lastCell = (1023 + 5) << cellBits;
-
-// arctan c of every cell, behind the 0 for what lies below them.
-constexpr auto arctanRows = [] {
-    std::array<Orb64f, 2 * (lastCell - firstCell + 2)> rows{};
-    for (int cell = firstCell; cell <= lastCell; ++cell) {
-        Quad c = 1 + static_cast<Quad>(2 * (cell % (1 << cellBits)) + 1) / (2 << cellBits);
-        const int octave = (cell >> cellBits) - 1023;
-        c = octave < 0 ? c / (1 << -octave) : c * (1 << octave);
-        const HighLow arctan(c < 1 ? quadArctan(c) : quadPi / 2 - quadArctan(1 / c));
-        const auto row = static_cast<std::size_t>(2 * (cell - firstCell + 1));
-        rows[row] = arctan.high;
-        rows[row + 1] = arctan.low;
-    }
-    return rows;
-}();
-
-// arctan |x| = arctan c + arctan t, t = (|x| - c) / (1 + c |x|), of the c that is nearest: |t| is at most 1/32. Far
-// above the last c, t is 1 / c.
 struct Arctan64 {
     template <class D, class V>
     static HWY_INLINE V result(D d, V x) {
-        const hn::RebindToSigned<D> di;
-        const hn::Repartition<Orb16s, D> words;
         const V magnitude = hn::Min(hn::Set(d, 0x1p60), hn::Abs(x)); // the second one if either is NaN
-        const auto bits = hn::BitCast(hn::RebindToUnsigned<D>(), magnitude);
-        // Two numbers of 14 bits, in lanes for which every processor has a minimum and a maximum.
-        const auto limit = [=](int cell) HWY_ATTR { return hn::BitCast(words, hn::Set(di, cell)); };
-        const auto cell = hn::BitCast(words, hn::ShiftRight<belowCell>(bits));
-        const auto limited = hn::BitCast(di, hn::Min(hn::Max(cell, limit(firstCell - 1)), limit(lastCell)));
-        const Rows<D, 2> rows(limited - hn::Set(di, firstCell - 1));
-        const auto [high, low] = rows.columns(arctanRows.data());
-        const V middle =
-            hn::BitCast(d, hn::Or(hn::ShiftLeft<belowCell>(limited), hn::Set(di, Orb64s{1} << (belowCell - 1))));
-        const V c = hn::IfThenElseZero(hn::Ge(magnitude, hn::Set(d, 0x1p-5)), middle);
-
+        const auto [c, high, low] = arctanCell(d, magnitude);
         const V t = (magnitude - c) / (hn::Set(d, 1.0) + c * magnitude);
-        const V z = t * t;
-        const V series = (hn::Set(d, -0x1.55555555554a5p-2) + z * hn::Set(d, 0x1.99999996ab1f8p-3)) +
-                         z * z * (hn::Set(d, -0x1.24922a1f85a9cp-3) + z * hn::Set(d, 0x1.c619b24af56e8p-4));
-        return hn::CopySignToAbs(high + (t + (t * z * series + low)), x);
+        return hn::CopySignToAbs(high + (t + (arctanBeyond(d, t) + low)), x);
     }
 };
 

@@ -1,7 +1,7 @@
 // What a norm is of: the elements of a vector, or the differences of those of two.
 #pragma once
 
-#include "vectors/reduce.h"
+#include "reductions/reduce.h"
 
 namespace orbs {
 

@@ -1,8 +1,8 @@
 // DotProd of floats, and of 32-bit integers, which are added up as doubles.
 #include "foundation/control.h"
 #include "orbs/norms.h"
+#include "reductions/reduce.h"
 #include "vectors/powers.h"
-#include "vectors/reduce.h"
 
 #include <functional>
 

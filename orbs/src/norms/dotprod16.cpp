@@ -1,7 +1,7 @@
 // DotProd of 16-bit integers: exact sums of 64 bits.
 #include "orbs/norms.h"
-#include "vectors/exact.h"
-#include "vectors/reduce16.h"
+#include "reductions/exact.h"
+#include "reductions/reduce16.h"
 
 namespace {
 

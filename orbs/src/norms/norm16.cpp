@@ -1,8 +1,8 @@
 // Norm and NormDiff of 16-bit integers.
 #include "orbs/norms.h"
-#include "vectors/exact.h"
+#include "reductions/exact.h"
+#include "reductions/reduce16.h"
 #include "vectors/powers.h"
-#include "vectors/reduce16.h"
 
 #include <type_traits>
 

@@ -1,9 +1,9 @@
 // StdDev and MeanStdDev.
 #include "foundation/control.h"
 #include "orbs/sums.h"
-#include "vectors/exact.h"
+#include "reductions/exact.h"
+#include "reductions/reduce16.h"
 #include "vectors/powers.h"
-#include "vectors/reduce16.h"
 
 #include <bit>
 #include <cmath>

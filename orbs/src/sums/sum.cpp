@@ -1,8 +1,8 @@
 // Sum and Mean.
 #include "orbs/sums.h"
-#include "vectors/exact.h"
+#include "reductions/exact.h"
+#include "reductions/reduce16.h"
 #include "vectors/powers.h"
-#include "vectors/reduce16.h"
 
 namespace {
 

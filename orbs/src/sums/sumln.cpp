@@ -3,7 +3,7 @@
 #include "elementary/ln.h"
 #include "orbcore.h"
 #include "orbs/sums.h"
-#include "vectors/reduce.h"
+#include "reductions/reduce.h"
 
 #include <bit>
 #include <cstdint>

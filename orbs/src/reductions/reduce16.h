@@ -2,7 +2,7 @@
 // blocks of so many elements that no lane, and no fold of all of them, leaves its 32 bits.
 #pragma once
 
-#include "vectors/reduce.h"
+#include "reductions/reduce.h"
 
 #include <cstdint>
 
