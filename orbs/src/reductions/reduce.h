@@ -225,7 +225,7 @@ HWY_INLINE R eachPart(const std::array<T, parts>& a, F f) {
 }
 
 template <class T>
-HWY_INLINE T squareRoot(T x) {
+T squareRoot(T x) {
     return hn::GetLane(hn::Sqrt(hn::Set(hn::CappedTag<T, 1>(), x)));
 }
 
