@@ -4,7 +4,6 @@
 #include "vectors.h"
 #include "volk_kernels.h"
 
-#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cstdlib>
@@ -28,7 +27,10 @@ Sum total(F f, int len, const T*... x) {
 template <class Sum, class F, class... T>
 Sum largest(F f, int len, const T*... x) {
     Sum most = 0;
-    for (int n = 0; n < len; ++n) most = std::max(most, static_cast<Sum>(f(x[n]...)));
+    for (int n = 0; n < len; ++n) {
+        const auto here = static_cast<Sum>(f(x[n]...));
+        most = most < here ? here : most;
+    }
     return most;
 }
 
@@ -44,7 +46,8 @@ auto eigen(const T* x, int len) {
 }
 
 constexpr auto product = [](auto a, auto b) { return a * b; };
-constexpr auto magnitude = [](auto x) { return std::abs(x); };
+// Functions of the C++ library are not inlined into code of other options.
+constexpr auto magnitude = [](auto x) { return x < 0 ? -x : x; };
 constexpr auto square = [](auto x) { return x * x; };
 
 template <class S1, class S2, class R, class... More>
@@ -140,7 +143,7 @@ void addNorms() {
     const auto* b = buffer<Orb16s>(1);
     addOrbs("NormDiff_L1_16s64s_Sfs(0)", orbsNormDiff_L1_16s64s_Sfs, 0);
     add("NormDiff_L1_16s64s_Sfs(0)", "loop",
-        kept([=](int len) { return total<long long>([](int p, int q) { return std::abs(p - q); }, len, a, b); }));
+        kept([=](int len) { return total<long long>([](int p, int q) { return magnitude(p - q); }, len, a, b); }));
     addOrbs("NormDiff_L2Sqr_16s64s_Sfs(0)", orbsNormDiff_L2Sqr_16s64s_Sfs, 0);
     add("NormDiff_L2Sqr_16s64s_Sfs(0)", "loop", kept([=](int len) {
             return total<long long>([](int p, int q) { return static_cast<long long>(p - q) * (p - q); }, len, a, b);
@@ -159,9 +162,10 @@ void addNormalize() {
     add("Normalize_32f", "volk", [=](int len) { volk_32f_s32f_normalize(y, 7, volk::count(len)); });
     add("Normalize_16s_Sfs(-3)", "orbs", [=](int len) { orbsNormalize_16s_Sfs(a, b, len, 3, 7, -3); });
     add("Normalize_16s_Sfs(-3)", "loop", [=](int len) {
-        for (int n = 0; n < len; ++n)
-            b[n] = static_cast<Orb16s>(
-                std::rint(std::clamp(static_cast<float>(a[n] - 3) * (8 / 7.0f), -32768.0f, 32767.0f)));
+        for (int n = 0; n < len; ++n) {
+            const float v = static_cast<float>(a[n] - 3) * (8 / 7.0f), most = v < 32767.0f ? v : 32767.0f;
+            b[n] = static_cast<Orb16s>(__builtin_rintf(most > -32768.0f ? most : -32768.0f));
+        }
     });
 }
 

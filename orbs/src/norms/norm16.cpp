@@ -86,7 +86,6 @@ R scaled(Orb64s r, int scaleFactor) {
     return scaleFactor > 0 ? saturated<R>(r >> scaleFactor) : shiftedLeft<R>(r, leftShift(scaleFactor, mostLeft));
 }
 
-// In one rounding. A sum of squares of differences takes all 63 bits.
 Orb64f root(Orb64s r) {
     return squareRoot(static_cast<Orb64f>(r));
 }

@@ -8,9 +8,10 @@
 //       static constexpr std::size_t sums;    // how many an element adds to
 //       static constexpr std::size_t lanes;   // of each sum
 //       static constexpr std::size_t row;     // elements that fill them
-//       static constexpr std::size_t block;   // elements after which the sums go to wider totals, or 0
+//       static constexpr std::size_t block;   // elements after which the sums go to totals, or 0
 //       add(d, sum, p...)                     // sum[k] += what the elements at p... add: those of the lanes of d
 //       merged(a, b)                          // of two lanes
+//       total(sums)                           // those of a block as numbers of 64 bits, if there are blocks
 //   };
 #pragma once
 
@@ -224,7 +225,7 @@ HWY_INLINE R eachPart(const std::array<T, parts>& a, F f) {
 }
 
 template <class T>
-HWY_INLINE T squareRoot(T x) {
+T squareRoot(T x) {
     return hn::GetLane(hn::Sqrt(hn::Set(hn::CappedTag<T, 1>(), x)));
 }
 
