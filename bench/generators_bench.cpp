@@ -129,9 +129,9 @@ const bool registered = [] {
         [](int n) { return loops::nearest<Orb16s>(20000 * std::cos(twoPi * 404 / 32768 * n + 30000 / 32768.0)); });
     addTriangle("Triangle_Direct_16s", &orbsTriangle_Direct_16s, Orb16s{20000}, 0.01234f);
     addTriangle("Triangle_Direct_32f", &orbsTriangle_Direct_32f, 3.0f, 0.01234f);
-    addTriangle("Triangle_Direct_32f at 0.3", &orbsTriangle_Direct_32f, 3.0f, 0.3f);
+    addTriangle("Triangle_Direct_32f(0.3)", &orbsTriangle_Direct_32f, 3.0f, 0.3f);
     addTriangle("Triangle_Direct_64f", &orbsTriangle_Direct_64f, 3.0, 0.01234);
-    addTriangle("Triangle_Direct_64f at 0.3", &orbsTriangle_Direct_64f, 3.0, 0.3);
+    addTriangle("Triangle_Direct_64f(0.3)", &orbsTriangle_Direct_64f, 3.0, 0.3);
     return true;
 }();
 
