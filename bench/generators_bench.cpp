@@ -2,7 +2,6 @@
 // where no function is called and no sample waits for the one before it. The complex tone stands beside VOLK's rotator,
 // which multiplies a vector, here of ones, by a tone.
 #include "loops.h"
-#include "members.h"
 #include "orbs.h"
 #include "vectors.h"
 #include "volk_kernels.h"
@@ -50,12 +49,16 @@ void addChirp(const Row& row, OrbStatus (*member)(T*, int, T), T magn) {
         [=](int n) { return converted<T>(static_cast<double>(magn) * std::sin(c * n * n)); });
 }
 
+Row hinted(const std::string& name, OrbHintAlgorithm hint) {
+    return name + (hint == orbAlgHintFast ? "(fast)" : "(accurate)");
+}
+
 template <class T, class Magn, class Real>
 void addTone(const char* name, OrbStatus (*member)(T*, int, Magn, Real, Real*, OrbHintAlgorithm), Magn magn) {
     constexpr Real rFreq = static_cast<Real>(0.01234), w = static_cast<Real>(twoPi) * rFreq;
     for (const auto hint : {orbAlgHintNone, orbAlgHintFast}) {
         addGenerator<T>(
-            members::with(name, hint),
+            hinted(name, hint),
             [=](T* dst, int len) {
                 Real phase = 1;
                 member(dst, len, magn, rFreq, &phase, hint);
@@ -77,7 +80,7 @@ void addRotator() {
     for (int n = 0; n < vectors::longest; ++n) ones[n] = {1, 0};
     Orb32fc* const dst = vectors::buffer<Orb32fc>(2);
     for (const auto hint : {orbAlgHintNone, orbAlgHintFast}) {
-        vectors::add(members::with("Tone_Direct_32fc", hint), "volk", [=](int len) {
+        vectors::add(hinted("Tone_Direct_32fc", hint), "volk", [=](int len) {
             lv_32fc_t phase = lv_cmake(1.0f, 0.0f);
             volk_32fc_s32fc_x2_rotator_32fc(volk::cast(dst), volk::cast(ones), lv_cmake(0.99699f, 0.07746f), &phase,
                                             volk::count(len));
