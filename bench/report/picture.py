@@ -12,7 +12,8 @@ plt.rcParams.update({"svg.fonttype": "none", "svg.hashsalt": "orbs", "font.famil
 
 # Colours that differ for colour-blind readers too (Okabe and Ito), and a shape each.
 MARKS = {"VOLK": ("#0072b2", "o"), "FFTW": ("#d55e00", "s"), "SLEEF": ("#009e73", "^"), "Highway": ("#cc79a7", "D"),
-         "liquid-dsp": ("#e69f00", "v"), "C++ library": ("#56b4e9", "P"), "plain loop": ("#555555", "X")}
+         "Eigen": ("#000000", "*"), "liquid-dsp": ("#e69f00", "v"), "C++ library": ("#56b4e9", "P"),
+         "plain loop": ("#555555", "X"), "fast-math loop": ("#999999", "p")}
 TICKS = [0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10]
 ROW, TOP, BOTTOM, WIDTH = 0.26, 0.75, 0.5, 9.0  # inches
 LEFT, ROOM, FAMILY, RIGHT = 0.345, 0.012, 0.122, 0.985  # of the width
@@ -62,5 +63,5 @@ def draw(families, title, path):
     figure.text(ROOM, 1 - 0.22 / height, title, weight="bold", size=12, va="center")
     figure.legend([handles[peer] for peer in MARKS if peer in handles], [peer for peer in MARKS if peer in handles],
                   loc="center left", bbox_to_anchor=(0, 1 - 0.52 / height), ncols=len(MARKS), frameon=False,
-                  handletextpad=0.1, columnspacing=1.2)
+                  handletextpad=0.1, columnspacing=0.6)
     figure.savefig(path, metadata={"Date": None})
