@@ -13,7 +13,7 @@ struct [[gnu::packed]] OrbsToneState_16s {
     Orb32s isAllocated;
     Orb32s isStarted;
 
-    static constexpr Orb32s stateTag = orbs::tagWord("CMAH"); // "HAMC" in memory
+    static constexpr Orb32s ownTag = orbs::tagWord("CMAH"); // "HAMC" in memory
 
     static OrbStatus check(Orb16s magnitude, Orb16s rFreqQ15, int phaseQ15) {
         if (magnitude < 1) return orbStsToneMagnErr;
@@ -54,7 +54,7 @@ OrbStatus direct(Orb16s* pDst, int len, Orb16s magn, Orb16s rFreqQ15, int phaseQ
 }
 
 OrbStatus next(Orb16s* pDst, int len, State* pState) {
-    if (const OrbStatus status = checkCall(pDst, len, pState)) return status;
+    if (const OrbStatus status = checkCall(len, pDst, pState)) return status;
     const Orb32u first = pState->isStarted ? static_cast<Orb32u>(pState->sample) : 0;
     cosines(pDst, len, first, *pState);
     pState->sample = static_cast<Orb32s>(first + static_cast<Orb32u>(len));

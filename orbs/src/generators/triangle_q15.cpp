@@ -12,7 +12,7 @@ struct [[gnu::packed]] OrbsTriangleState_16s {
     Orb32s isAllocated;
     Orb32s isStarted;
 
-    static constexpr Orb32s stateTag = orbs::tagWord("CMAI"); // "IAMC" in memory
+    static constexpr Orb32s ownTag = orbs::tagWord("CMAI"); // "IAMC" in memory
 
     static OrbStatus check(Orb16s magnitude, Orb16s rFreqQ15, int phaseQ15, int asymQ15) {
         if (magnitude < 1) return orbStsTriangleMagnErr;
@@ -46,7 +46,7 @@ OrbStatus direct(Orb16s* pDst, int len, Orb16s magn, Orb16s rFreqQ15, int phaseQ
 }
 
 OrbStatus next(Orb16s* pDst, int len, State* pState) {
-    if (const OrbStatus status = checkCall(pDst, len, pState)) return status;
+    if (const OrbStatus status = checkCall(len, pDst, pState)) return status;
     Walk walk = pState->isStarted ? Walk(pState->magn, pState->walk, pState->isRising != 0)
                                   : Walk(pState->magn, pState->rFreq, pState->phase, Spans(pState->asym));
     inRuns(

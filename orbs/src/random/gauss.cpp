@@ -108,7 +108,7 @@ State begin(T mean, T stdDev, Orb32u seed) {
 
 template <class State, class T>
 OrbStatus next(T* pDst, int len, State* pState) {
-    if (const OrbStatus status = checkState(len, pDst, pState)) return status;
+    if (const OrbStatus status = checkCall(len, pDst, pState)) return status;
     auto rest = static_cast<std::size_t>(len);
     const T mean = pState->mean, stdDev = pState->stdDev;
     if (!pState->useNewPair) {

@@ -2,13 +2,9 @@
 // has one size on every ABI.
 #pragma once
 
-#include "foundation/frame.h"
-#include "foundation/objects.h"
-#include "orbs/foundation.h"
+#include "foundation/states.h"
 #include "orbs/random.h"
 #include "random/core.h"
-
-#include <new>
 
 namespace orbs {
 
@@ -41,7 +37,7 @@ struct GaussState {
 
 #pragma pack(pop)
 
-// ---- Frames of the functions that make, use and release an object ----
+// ---- Frames of the functions that make an object ----
 
 template <class State>
 OrbStatus initState(State* pState, const State& begin) {
@@ -53,32 +49,7 @@ OrbStatus initState(State* pState, const State& begin) {
 template <class State>
 OrbStatus initAllocState(State** ppState, const State& begin) {
     if (anyNull(ppState)) return orbStsNullPtrErr;
-    Orb8u* const block = orbsMalloc_8u(sizeof(State));
-    if (!block) return orbStsMemAllocErr;
-    setElement(ppState, new (block) State(begin));
-    return orbStsNoErr;
-}
-
-template <class State>
-OrbStatus stateSize(int* pSize) {
-    if (anyNull(pSize)) return orbStsNullPtrErr;
-    setElement(pSize, sizeof(State));
-    return orbStsNoErr;
-}
-
-template <class State>
-OrbStatus checkState(int len, const typename State::Sample* pDst, const State* pState) {
-    if (const OrbStatus status = checkVectors(len, pDst, pState)) return status;
-    return checkTag(pState, State::ownTag);
-}
-
-// No field tells whose memory an object lies in.
-template <class State>
-OrbStatus freeState(State* pState) {
-    if (anyNull(pState)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pState, State::ownTag)) return status;
-    orbsFree(pState);
-    return orbStsNoErr;
+    return allocateState(ppState, begin);
 }
 
 } // namespace orbs

@@ -84,7 +84,7 @@ State begin(T low, T high, Orb32u seed) {
 
 template <class State, class T>
 OrbStatus next(T* pDst, int len, State* pState) {
-    if (const OrbStatus status = checkState(len, pDst, pState)) return status;
+    if (const OrbStatus status = checkCall(len, pDst, pState)) return status;
     using Stored = std::conditional_t<std::is_integral_v<T>, Truncated, Rounded>;
     RandomCore core = pState->core;
     uniform<Stored>(core, pState->mid, pState->scale, pDst, static_cast<std::size_t>(len));
