@@ -6,14 +6,6 @@
 
 namespace orbs {
 
-// a[2k] * b[2k] + a[2k + 1] * b[2k + 1] in 32 bits, which wrap.
-template <class V>
-auto sumOfProducts(V a, V b) {
-    const hn::RepartitionToWide<hn::DFromV<V>> wide;
-    auto unused = hn::Zero(wide);
-    return hn::ReorderWidenMulAccumulate(wide, a, b, hn::Zero(wide), unused);
-}
-
 struct Product {
     template <class D, class V>
     static auto result([[maybe_unused]] D d, V a, V b) {

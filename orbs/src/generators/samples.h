@@ -103,10 +103,9 @@ HWY_INLINE void storeNarrowed(D d, V v, T* p) {
     }
 }
 
-// To integers, by adding a half away from zero.
 template <class D, class V, class T>
 HWY_INLINE void storeRoundedAway(D d, V v, T* p) {
-    storeNarrowed(d, v + hn::CopySignToAbs(hn::Set(d, 0.5), v), p);
+    storeWhole(d, roundedAway<T>(d, v), p);
 }
 
 } // namespace orbs

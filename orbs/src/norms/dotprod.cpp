@@ -1,6 +1,7 @@
 // DotProd of floats, and of 32-bit integers, which are added up as doubles.
 #include "foundation/control.h"
 #include "orbs/norms.h"
+#include "reductions/exact.h"
 #include "reductions/reduce.h"
 #include "vectors/powers.h"
 
@@ -73,9 +74,7 @@ OrbStatus dotProduct(const S1* pSrc1, const S2* pSrc2, int len, R* pDp, int scal
     const SseQuiet quiet(SseRounding::nearest);
     const Orb64f scale = powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -31, 93));
     const auto sums = ProductsOf<Orb64f, S1, S2>::template result<S1, S2>(static_cast<std::size_t>(len), pSrc1, pSrc2);
-    setElement(pDp, eachPart<R>(sums, [=](Orb64f s) {
-                   return _mm_cvtsd_si32(_mm_set_sd(std::min(s * scale, 2147483647.0))); // stops at -2^31 by itself
-               }));
+    setElement(pDp, eachPart<R>(sums, [=](Orb64f s) { return nearest<Orb32s>(s * scale); }));
     return orbStsNoErr;
 }
 

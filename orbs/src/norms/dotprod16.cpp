@@ -53,7 +53,7 @@ struct Products<Orb16sc, Orb16sc> : InWords<Orb32s, 5, sizeof(Orb16sc), 2> {
     HWY_INLINE void add(D d, V (&sum)[5], const Orb16sc* p1, const Orb16sc* p2) const {
         const auto a = loadShorts(d, p1), b = loadShorts(d, p2);
         const auto swapped = hn::Reverse2(Shorts<D>(), b);
-        addNegated(pairs(d, a, hn::Xor(b, alternating(d, 0, -1))), sum[0], sum[1]);
+        addNegated(pairs(d, a, hn::Xor(b, alternating(Shorts<D>(), 0, -1))), sum[0], sum[1]);
         addNegated(pairs(d, a, swapped), sum[2], sum[3]);
         sum[4] = hn::Add(sum[4], hn::ShiftRight<16>(hn::BitCast(d, a)));
     }
@@ -73,18 +73,15 @@ OrbStatus dotProductWith(F finish, const S1* pSrc1, const S2* pSrc2, int len, R*
         sums, [=](const auto& all) { return eachPart<R>(all, finish); }, len, pDp, pSrc1, pSrc2);
 }
 
-template <class R>
-using Part = std::remove_pointer_t<decltype(partsAt(std::declval<R*>()))>;
-
 template <class S1, class S2, class R>
 OrbStatus dotProduct(const S1* pSrc1, const S2* pSrc2, int len, R* pDp) {
-    return dotProductWith([](Orb64s s) { return static_cast<Part<R>>(s); }, pSrc1, pSrc2, len, pDp);
+    return dotProductWith([](Orb64s s) { return static_cast<PartOf<R>>(s); }, pSrc1, pSrc2, len, pDp);
 }
 template <class S1, class S2, class R>
 OrbStatus dotProduct(const S1* pSrc1, const S2* pSrc2, int len, R* pDp, int scaleFactor) {
     const auto scaled = [=](Orb64s s) {
-        if (scaleFactor > 0) return saturated<Part<R>>(roundedShift(s, std::min(scaleFactor, 31)));
-        return shiftedLeft<Part<R>>(s, leftShift(scaleFactor, std::numeric_limits<Part<R>>::digits));
+        if (scaleFactor > 0) return saturated<PartOf<R>>(roundedShift(s, std::min(scaleFactor, 31)));
+        return shiftedLeft<PartOf<R>>(s, leftShift(scaleFactor, std::numeric_limits<PartOf<R>>::digits));
     };
     return dotProductWith(scaled, pSrc1, pSrc2, len, pDp);
 }

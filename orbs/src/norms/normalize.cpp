@@ -4,7 +4,6 @@
 #include "vectors/complex.h"
 #include "vectors/elementwise.h"
 #include "vectors/nearest.h"
-#include "vectors/powers.h"
 
 #include <bit>
 #include <cmath>
@@ -12,16 +11,6 @@
 namespace {
 
 using namespace orbs;
-
-// A number in all lanes, or the parts of one in turn.
-template <class D, class T>
-HWY_INLINE auto inAllLanes(D d, T val) {
-    if constexpr (isComplex<T>) {
-        return hn::OddEven(hn::Set(d, val.im), hn::Set(d, val.re));
-    } else {
-        return hn::Set(d, val);
-    }
-}
 
 template <class T, class Real>
 struct Normalized {

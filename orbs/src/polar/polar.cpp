@@ -123,9 +123,8 @@ struct AwayFromZero {
     template <class D, class V>
     static HWY_INLINE void store(D d, Planes<V> z, Orb16sc* p) {
         const hn::Rebind<Orb32s, D> pairs;
-        const auto low = hn::And(roundedAway<Orb16s>(d, z.re), hn::Set(pairs, 0xffff));
-        const auto high = hn::ShiftLeft<16>(roundedAway<Orb16s>(d, z.im));
-        hn::StoreU(hn::Or(low, high), pairs, reinterpret_cast<Orb32s*>(p));
+        const auto re = roundedAway<Orb16s>(d, z.re), im = roundedAway<Orb16s>(d, z.im);
+        hn::StoreU(pairsOfParts(re, im), pairs, reinterpret_cast<Orb32s*>(p));
     }
 };
 

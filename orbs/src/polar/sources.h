@@ -1,8 +1,8 @@
 // Where the members of this room take complex elements from: one interleaved vector, or a vector of each part.
 #pragma once
 
-#include "arith/products.h"
 #include "foundation/threads.h"
+#include "vectors/complex.h"
 #include "vectors/elementwise.h"
 #include "vectors/planes.h"
 
@@ -112,15 +112,6 @@ struct InParts {
         InParts source() const { return {re.data(), im.data()}; }
     };
 };
-
-// To the nearest integer, an exact half away from 0, saturated to R.
-template <class R, class D, class V>
-HWY_INLINE auto roundedAway(D d, V v) {
-    using Lane = hn::TFromD<D>;
-    const V low = hn::Set(d, Lane{std::numeric_limits<R>::min()}),
-            high = hn::Set(d, Lane{std::numeric_limits<R>::max()});
-    return truncatedInt32(hn::Min(hn::Max(v + hn::CopySign(hn::Set(d, Lane{0.5}), v), low), high));
-}
 
 // 2^31 as the next lower integer, which has the same root and the same scaled values in 16 bits.
 template <class V>

@@ -1,9 +1,10 @@
-// One exact 64-bit result, scaled and saturated: the end of integer reductions.
+// One result of 64 bits or of double precision, scaled and saturated: the end of integer reductions.
 #pragma once
 
-#include "orbdefs.h"
+#include "vectors/powers.h"
 
 #include <algorithm>
+#include <emmintrin.h>
 #include <limits>
 
 namespace orbs {
@@ -37,6 +38,18 @@ inline Orb64s roundedShift(Orb64s r, int shift) {
     return static_cast<Orb64s>(static_cast<Orb64u>(r) + ((Orb64u{1} << (shift - 1)) - 1) +
                                static_cast<Orb64u>(parity)) >>
            shift;
+}
+
+// r * 2^-scaleFactor, exact of what has up to 53 bits. Beyond 2^-128 and 2^128 only the sign is left.
+inline Orb64f scaled(Orb64f r, int scaleFactor) {
+    return r * powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -128, 128));
+}
+
+// In the thread's rounding mode, saturated; not of a NaN.
+template <class R>
+R nearest(Orb64f r) {
+    const Orb64f least = std::numeric_limits<R>::min(), most = std::numeric_limits<R>::max();
+    return static_cast<R>(_mm_cvtsd_si32(_mm_set_sd(std::clamp(r, least, most))));
 }
 
 } // namespace orbs

@@ -99,7 +99,7 @@ public:
     HWY_INLINE const S* elements() const { return elements_; }
 
 private:
-    using Part = std::remove_pointer_t<decltype(partsAt(std::declval<S*>()))>;
+    using Part = PartOf<S>;
     static constexpr bool masked = HWY_TARGET <= HWY_AVX2 && room * sizeof(S) >= 16; // masks of less are not sharp
 
     HWY_INLINE void load(const S* p, std::size_t count) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "reductions/reduce.h"
+#include "vectors/complex.h"
 
 #include <cstdint>
 
@@ -28,19 +29,11 @@ template <class D, class T>
 HWY_INLINE auto loadShorts(D, const T* p) {
     return hn::LoadU(Shorts<D>(), reinterpret_cast<const Orb16s*>(p));
 }
-// In even and odd elements.
-template <class D>
-HWY_INLINE auto alternating(D, Orb16s even, Orb16s odd) {
-    const Shorts<D> d;
-    return hn::OddEven(hn::Set(d, odd), hn::Set(d, even));
-}
 
 // a[2k] b[2k] + a[2k + 1] b[2k + 1]. Four times -32768 give 2^31, as the bits of a lane that otherwise is above -2^31.
 template <class D, class V>
-HWY_INLINE auto pairs(D, V a, V b) {
-    const hn::RebindToSigned<D> d;
-    auto unused = hn::Zero(d);
-    return hn::BitCast(D(), hn::ReorderWidenMulAccumulate(d, a, b, hn::Zero(d), unused));
+HWY_INLINE auto pairs(D d, V a, V b) {
+    return hn::BitCast(d, sumOfProducts(a, b));
 }
 
 // Wide numbers are added up twice, whole without what leaves 32 bits, and without their low halves: so much of the
@@ -68,8 +61,8 @@ struct Sum16<Orb16sc> : InWords<Orb32s, 2, sizeof(Orb16sc)> {
     template <class D, class V>
     HWY_INLINE void add(D d, V (&sum)[2], const Orb16sc* p) const {
         const auto x = loadShorts(d, p);
-        sum[0] = hn::Add(sum[0], pairs(d, x, alternating(d, 1, 0)));
-        sum[1] = hn::Add(sum[1], pairs(d, x, alternating(d, 0, 1)));
+        sum[0] = hn::Add(sum[0], pairs(d, x, alternating(Shorts<D>(), 1, 0)));
+        sum[1] = hn::Add(sum[1], pairs(d, x, alternating(Shorts<D>(), 0, 1)));
     }
 };
 

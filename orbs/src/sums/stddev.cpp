@@ -130,14 +130,6 @@ OrbStatus deviation(const T* pSrc, int len, OrbHintAlgorithm hint, T* pStdDev, M
     return orbStsNoErr;
 }
 
-// Beyond 2^-128 and 2^128 only the sign is left.
-template <class R>
-R scaled(Orb64f v, int scaleFactor) {
-    const Orb64f least = std::numeric_limits<R>::min(), most = std::numeric_limits<R>::max();
-    const Orb64f exact = v * powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -128, 128));
-    return static_cast<R>(_mm_cvtsd_si32(_mm_set_sd(std::clamp(exact, least, most))));
-}
-
 template <class R, class... Mean>
 OrbStatus deviationScaled(const Orb16s* pSrc, int len, int scaleFactor, R* pStdDev, Mean*... pMean) {
     if (anyNull(pSrc, pStdDev, pMean...)) return orbStsNullPtrErr;
@@ -145,8 +137,8 @@ OrbStatus deviationScaled(const Orb16s* pSrc, int len, int scaleFactor, R* pStdD
     const SseQuiet quiet(SseRounding::nearest);
     const auto sums = reduced(Moments16(), static_cast<std::size_t>(len), pSrc);
     const Spread all = spreadOf(sums, len);
-    (setElement(pMean, scaled<R>(all.mean, scaleFactor)), ...);
-    setElement(pStdDev, scaled<R>(all.deviation, scaleFactor));
+    (setElement(pMean, nearest<R>(scaled(all.mean, scaleFactor))), ...);
+    setElement(pStdDev, nearest<R>(scaled(all.deviation, scaleFactor)));
     return orbStsNoErr;
 }
 

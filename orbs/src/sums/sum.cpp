@@ -2,7 +2,6 @@
 #include "orbs/sums.h"
 #include "reductions/exact.h"
 #include "reductions/reduce16.h"
-#include "vectors/powers.h"
 
 namespace {
 
@@ -40,13 +39,10 @@ std::array<Orb64f, partsOf<T>> floatSum(const T* src, std::size_t len, OrbHintAl
 }
 
 template <class T>
-using Part = std::remove_pointer_t<decltype(partsAt(std::declval<T*>()))>;
-
-template <class T>
 OrbStatus sum(const T* pSrc, int len, T* pSum, OrbHintAlgorithm hint = orbAlgHintNone) {
     const auto sums = [=](std::size_t count, const T* src) { return floatSum(src, count, hint); };
     const auto finish = [](const auto& all) {
-        return eachPart<T>(all, [](Orb64f s) { return static_cast<Part<T>>(s); });
+        return eachPart<T>(all, [](Orb64f s) { return static_cast<PartOf<T>>(s); });
     };
     return reduction(sums, finish, len, pSum, pSrc);
 }
@@ -57,22 +53,16 @@ OrbStatus mean(const T* pSrc, int len, T* pMean, OrbHintAlgorithm hint = orbAlgH
     const auto sums = [=](std::size_t count, const T* src) { return floatSum(src, count, hint); };
     const auto finish = [n = static_cast<Orb64f>(len)](const auto& all) {
         return eachPart<T>(
-            all, [=](Orb64f s) { return static_cast<Part<T>>(std::is_same_v<T, Orb64fc> ? s * (1.0 / n) : s / n); });
+            all, [=](Orb64f s) { return static_cast<PartOf<T>>(std::is_same_v<T, Orb64fc> ? s * (1.0 / n) : s / n); });
     };
     return reduction(sums, finish, len, pMean, pSrc);
 }
 
 // ---- 16 bits ----
 
-// A double keeps every total and its products with powers of two exactly. Beyond 2^-128 and 2^128 only the sign is
-// left.
+// A double keeps every total and its products with powers of two exactly.
 Orb64f scaledSum(Orb64s total, int scaleFactor) {
-    return static_cast<Orb64f>(total) * powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -128, 128));
-}
-template <class R>
-R nearest(Orb64f v) {
-    const Orb64f least = std::numeric_limits<R>::min(), most = std::numeric_limits<R>::max();
-    return static_cast<R>(_mm_cvtsd_si32(_mm_set_sd(std::clamp(v, least, most))));
+    return scaled(static_cast<Orb64f>(total), scaleFactor);
 }
 
 constexpr auto exactSum = []<class T>(std::size_t len, const T* src) -> std::array<Orb64s, partsOf<T>> {
@@ -88,7 +78,7 @@ template <class T, class R>
 OrbStatus sumScaled(const T* pSrc, int len, R* pSum, int scaleFactor) {
     const auto finish = [=](const auto& sums) {
         return eachPart<R>(sums,
-                           [=](Orb64s s) { return saturated<Part<R>>(nearest<Orb32s>(scaledSum(s, scaleFactor))); });
+                           [=](Orb64s s) { return saturated<PartOf<R>>(nearest<Orb32s>(scaledSum(s, scaleFactor))); });
     };
     return reduction(exactSum, finish, len, pSum, pSrc);
 }

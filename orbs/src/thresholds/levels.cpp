@@ -56,12 +56,10 @@ private:
     V scaledPairs(D d, V pairs) const {
         const hn::RebindToSigned<D> whole;
         const hn::Rebind<Orb64f, D> dd;
-        const auto z = hn::BitCast(whole, pairs);
-        const auto re = hn::PromoteTo(dd, hn::ShiftRight<16>(hn::ShiftLeft<16>(z)));
-        const auto im = hn::PromoteTo(dd, hn::ShiftRight<16>(z));
+        const auto z = partsOfPairs(hn::BitCast(whole, pairs));
+        const auto re = hn::PromoteTo(dd, z.re), im = hn::PromoteTo(dd, z.im);
         const auto by = factor(dd, hn::Add(hn::Mul(re, re), hn::Mul(im, im)));
-        const auto low = hn::And(nearestInt32(hn::Mul(re, by)), hn::Set(whole, 0xffff));
-        return hn::BitCast(d, hn::Or(low, hn::ShiftLeft<16>(nearestInt32(hn::Mul(im, by)))));
+        return hn::BitCast(d, pairsOfParts(nearestInt32(hn::Mul(re, by)), nearestInt32(hn::Mul(im, by))));
     }
 };
 

@@ -1,7 +1,6 @@
 // What limits on elements share: the relation to a level, the squares of magnitudes, and the frame.
 #pragma once
 
-#include "arith/products.h"
 #include "vectors/complex.h"
 #include "vectors/elementwise.h"
 
@@ -69,7 +68,7 @@ auto levelSquared(D d, T level) {
 }
 template <class D, class T>
 auto inAllElements(D d, T re, T im) {
-    return elementsOf(d, hn::OddEven(hn::Set(d, im), hn::Set(d, re)));
+    return elementsOf(d, alternating(d, re, im));
 }
 
 // In both lanes of a float element: whether its square is 0. That of single precision is not to vanish.

@@ -9,6 +9,14 @@
 
 namespace orbs {
 
+// a[2k] * b[2k] + a[2k + 1] * b[2k + 1] in 32 bits, which wrap.
+template <class V>
+auto sumOfProducts(V a, V b) {
+    const hn::RepartitionToWide<hn::DFromV<V>> wide;
+    auto unused = hn::Zero(wide);
+    return hn::ReorderWidenMulAccumulate(wide, a, b, hn::Zero(wide), unused);
+}
+
 // Calls body(d, n) for runs of whole elements among `len` of them, n being the real lane where the run starts: full
 // vectors of Real, and shorter ones, down to one element, in front of them until dst + n is aligned, and behind them.
 // The bins of a packed spectrum start in the middle of a vector, and stores across cache lines cost more than a few

@@ -118,6 +118,9 @@ auto* partsAt(T* p) {
         return p;
     }
 }
+// Their type: T itself of real elements.
+template <class T>
+using PartOf = std::remove_pointer_t<decltype(partsAt(static_cast<T*>(nullptr)))>;
 
 template <class Op, class R, class... S>
 OrbStatus elementwise(Op op, int len, R* pDst, const S*... pSrc) {
@@ -185,6 +188,20 @@ OrbStatus filled(int byte, T* pDst, int len) {
     return orbStsNoErr;
 }
 
+template <class D, class T = hn::TFromD<D>>
+HWY_INLINE hn::Vec<D> alternating(D d, std::type_identity_t<T> even, std::type_identity_t<T> odd) {
+    return hn::OddEven(hn::Set(d, odd), hn::Set(d, even));
+}
+// A number in all lanes, or the parts of a complex one in turn.
+template <class D, class T>
+HWY_INLINE hn::Vec<D> inAllLanes(D d, T val) {
+    if constexpr (isComplex<T>) {
+        return alternating(d, val.re, val.im);
+    } else {
+        return hn::Set(d, val);
+    }
+}
+
 // Op(val, v...): the constant is the first operand. It is kept as a number, not as a vector: a kernel that takes a
 // vector in a register leaves its upper half in use when it returns, which slows down the callers' SSE code.
 template <class Op, class T>
@@ -193,22 +210,15 @@ struct WithConstant {
 
     template <class D, class... V>
     auto result(D d, V... v) const {
-        return Op::result(d, inAllLanes(), v...);
+        return Op::result(d, inAllLanes(PartTag(), val), v...);
     }
     template <class D, class... V>
     auto exact(D d, V... v) const {
-        return Op::exact(d, inAllLanes(), v...);
+        return Op::exact(d, inAllLanes(PartTag(), val), v...);
     }
 
 private:
-    auto inAllLanes() const {
-        if constexpr (isComplex<T>) {
-            const hn::ScalableTag<RealOf<T>> d;
-            return hn::OddEven(hn::Set(d, val.im), hn::Set(d, val.re));
-        } else {
-            return hn::Set(hn::ScalableTag<T>(), val);
-        }
-    }
+    using PartTag = hn::ScalableTag<PartOf<T>>;
 };
 
 template <class Op, class T>

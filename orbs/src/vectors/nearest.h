@@ -64,6 +64,15 @@ HWY_INLINE void storeNearest(D d, V v, T* p) {
     storeWhole(d, nearestInt32(hn::Min(v, top)), p);
 }
 
+// To the nearest integer, an exact half away from 0, limited to the range of T; a NaN gives the least of it.
+template <class T, class D, class V>
+HWY_INLINE auto roundedAway(D d, V v) {
+    using Lane = hn::TFromD<D>;
+    const V low = hn::Set(d, Lane{std::numeric_limits<T>::min()}),
+            high = hn::Set(d, Lane{std::numeric_limits<T>::max()});
+    return truncatedInt32(hn::Min(hn::Max(v + hn::CopySign(hn::Set(d, Lane{0.5}), v), low), high));
+}
+
 // ---- Complex, in planes ----
 
 template <class V>
@@ -71,10 +80,20 @@ struct Planes {
     V re, im;
 };
 
+// Parts of 16 bits in lanes of 32, and both of them in one.
+template <class V>
+HWY_INLINE Planes<V> partsOfPairs(V pairs) {
+    return {hn::ShiftRight<16>(hn::ShiftLeft<16>(pairs)), hn::ShiftRight<16>(pairs)};
+}
+template <class V>
+HWY_INLINE V pairsOfParts(V re, V im) {
+    return hn::Or(hn::And(re, hn::Set(hn::DFromV<V>(), 0xffff)), hn::ShiftLeft<16>(im));
+}
+
 template <class D>
 HWY_INLINE auto loadFloats(D d, const Orb16sc* p) {
-    const auto pairs = hn::LoadU(hn::Rebind<Orb32s, D>(), reinterpret_cast<const Orb32s*>(p));
-    return Planes{asFloats(d, hn::ShiftRight<16>(hn::ShiftLeft<16>(pairs))), asFloats(d, hn::ShiftRight<16>(pairs))};
+    const auto [re, im] = partsOfPairs(hn::LoadU(hn::Rebind<Orb32s, D>(), reinterpret_cast<const Orb32s*>(p)));
+    return Planes{asFloats(d, re), asFloats(d, im)};
 }
 template <class D, class V>
 HWY_INLINE void storeNearest(D d, Planes<V> v, Orb16sc* p) {
@@ -83,8 +102,7 @@ HWY_INLINE void storeNearest(D d, Planes<V> v, Orb16sc* p) {
     const auto nearest = [=](V part) HWY_ATTR {
         return nearestInt32(hn::Min(hn::Max(part, hn::Set(d, Lane{-0x8000})), hn::Set(d, Lane{0x7fff})));
     };
-    const auto low = hn::And(nearest(v.re), hn::Set(pairs, 0xffff)), high = hn::ShiftLeft<16>(nearest(v.im));
-    hn::StoreU(hn::Or(low, high), pairs, reinterpret_cast<Orb32s*>(p));
+    hn::StoreU(pairsOfParts(nearest(v.re), nearest(v.im)), pairs, reinterpret_cast<Orb32s*>(p));
 }
 
 } // namespace orbs
