@@ -96,8 +96,9 @@ OrbStatus orbsDCTInvGetBufSize_16s(const OrbsDCTInvSpec_16s* pSpec, int* pSize);
  * The error of the sums grows with N, that of the others with the root of the logarithm of N: docs/accuracy.md has a
  * table. NaN and infinity spread as the additions and multiplications of the method carry them.
  *
- * _16s_Sfs: x in single precision, transformed, times 2^-scaleFactor, rounded to nearest, ties to even, and saturated; a
- * NaN cannot arise. For N = 1 the value is scaled by the rule of all integer results, without floats.
+ * _16s_Sfs: transformed in single precision, then as orbsConvert_32f16s_Sfs has it: times 2^-scaleFactor, rounded to
+ * nearest, ties to even, saturated. Where that factor is infinite (from scaleFactor -128 down) 0 gives 32767. For N = 1
+ * the value is scaled by the rule of all integer results, without floats.
  *
  * Statuses: orbStsNullPtrErr (pSpec), orbStsContextMatchErr (an object of another kind or of the other direction, or
  * freed), orbStsNullPtrErr (data), orbStsMemAllocErr. */

@@ -9,6 +9,10 @@ namespace {
 
 // ---- Objects ----
 
+bool cosinesNeedNoMemory(const Case& c) {
+    return (c.n & (c.n - 1)) == 0 ? c.n <= 512 : c.n <= 100;
+}
+
 const ObjectRule objectRules[] = {
     {{"OrbsFFTSpec(\\w+)", ""},
      "FFT",
@@ -16,6 +20,18 @@ const ObjectRule objectRules[] = {
      {{"pMemSpec", "pSpecSize"},
       {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
+    {{"OrbsDCTFwdSpec(\\w+)", ""},
+     "DCTFwd",
+     "GetSize",
+     {{"pMemSpec", "pSpecSize"},
+      {"pMemInit", "pSpecBufferSize", cosinesNeedNoMemory},
+      {"pBuffer", "pBufferSize", always}}},
+    {{"OrbsDCTInvSpec(\\w+)", ""},
+     "DCTInv",
+     "GetSize",
+     {{"pMemSpec", "pSpecSize"},
+      {"pMemInit", "pSpecBufferSize", cosinesNeedNoMemory},
+      {"pBuffer", "pBufferSize", always}}},
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
@@ -268,8 +284,10 @@ const OrderRule orderRules[] = {
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
     {{"(Tone|Triangle)_Direct_.*", ""}, {"pPhase", "magn", "rFreq", "asym", "pPhase:value", "pDst", "len"}},
-    {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
+    {{"(FFT|DCT)(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
+    {{"DCT...GetSize_.*", ""}, {"len", "*"}},
+    {{"DCT...Init_.*", ""}, {"ppSpec", "len", "pMemSpec", "pMemInit"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
     {{"FIR\\w*_Direct_.*", ""},
      {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "tapsLen", "pDlyLine", "pDlyLineIndex",
@@ -357,6 +375,12 @@ const CaseRule caseRules[] = {
      orders(8, 19, 1),
      orders(10, 11, 1),
      numbered(orders(0, 12, 4) + orders(13, 18, 1))},
+    // Each plan, and those around the changes between them.
+    {{"DCT.*", ""},
+     lengthsUpTo(132) + lengths({150, 255, 256, 257}),
+     lengths({500, 512, 1000, 1009, 1024, 4096, 5001}),
+     lengths({8, 32, 100, 64, 101, 1024}),
+     numbered(lengthsUpTo(160) + lengths({255, 256, 360, 512, 1000, 1009, 1024, 1025, 2048, 4096, 8192, 10007, 65536}))},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
