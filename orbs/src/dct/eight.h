@@ -1,10 +1,29 @@
-// Cosine transforms of 1, 2, 4 and 8 points, on scalars and on vectors of any width. That of eight points turns two
-// pairs of differences by odd multiples of pi / 16 and adds (Loeffler, Ligtenberg and Moschytz, ICASSP 1989).
+// Cosine transforms of 1, 2, 4 and 8 points. That of eight points turns two pairs of differences by odd multiples of
+// pi / 16 and adds (Loeffler, Ligtenberg and Moschytz, ICASSP 1989).
 #pragma once
 
 #include "vectors/loops.h"
 
 namespace orbs::dct {
+
+// Numbers one by one, in vectors of one lane: the compiler would join plain ones to vectors by way of the memory, and
+// wait for what it has just stored there.
+template <class T>
+using LoneTag = hn::CappedTag<T, 1>;
+template <class T>
+using Lone = hn::Vec<LoneTag<T>>;
+template <class T>
+HWY_INLINE Lone<T> loadLone(const T* p) {
+    return hn::LoadU(LoneTag<T>(), p);
+}
+template <class T>
+HWY_INLINE void storeLone(Lone<T> v, T* p) {
+    hn::StoreU(v, LoneTag<T>(), p);
+}
+template <class T>
+HWY_INLINE Lone<T> loneOf(T value) {
+    return hn::Set(LoneTag<T>(), value);
+}
 
 // The factors of eight points: orthonormal, or twice as large and without one for element 0.
 template <bool orthonormal>
@@ -18,10 +37,10 @@ struct Eight {
     static constexpr double cos3 = half * 0.58793780120967935849, sin3 = half * 0.39284747919355109064;
 };
 
-// `constant` makes an X of a number.
-template <bool orthonormal, class X, class Constant>
-HWY_INLINE void forwardEight(X (&x)[8], Constant constant) {
+template <bool orthonormal, class X>
+HWY_INLINE void forwardEight(X (&x)[8]) {
     using F = Eight<orthonormal>;
+    const auto constant = [](double value) HWY_ATTR { return loneOf(static_cast<hn::TFromV<X>>(value)); };
     const X s0 = x[0] + x[7], s1 = x[1] + x[6], s2 = x[2] + x[5], s3 = x[3] + x[4];
     const X d0 = x[0] - x[7], d1 = x[1] - x[6], d2 = x[2] - x[5], d3 = x[3] - x[4];
     const X e0 = s0 + s3, e1 = s1 + s2, o0 = s0 - s3, o1 = s1 - s2;
@@ -45,9 +64,10 @@ HWY_INLINE void forwardEight(X (&x)[8], Constant constant) {
 }
 
 // The transpose of the forward one.
-template <bool orthonormal, class X, class Constant>
-HWY_INLINE void inverseEight(X (&x)[8], Constant constant) {
+template <bool orthonormal, class X>
+HWY_INLINE void inverseEight(X (&x)[8]) {
     using F = Eight<orthonormal>;
+    const auto constant = [](double value) HWY_ATTR { return loneOf(static_cast<hn::TFromV<X>>(value)); };
     const X mean = constant(F::mean), cos2 = constant(F::cos2), sin2 = constant(F::sin2);
     X x0 = x[0];
     if constexpr (orthonormal) x0 = mean * x0;
@@ -67,24 +87,19 @@ HWY_INLINE void inverseEight(X (&x)[8], Constant constant) {
     x[3] = s3 + d3, x[4] = s3 - d3;
 }
 
-template <class T>
-struct ScalarConstant {
-    constexpr T operator()(double value) const { return static_cast<T>(value); }
-};
-
 // ---- The lengths that are no more than this; pDst may be pSrc ----
 
 template <bool Inverse, class T>
 void transformSmall(const T* pSrc, T* pDst, std::size_t n) {
     if (n == 8) {
-        T x[8];
-        for (int i = 0; i < 8; ++i) x[i] = pSrc[i];
+        Lone<T> x[8];
+        for (int i = 0; i < 8; ++i) x[i] = loadLone(pSrc + i);
         if constexpr (Inverse) {
-            inverseEight<true>(x, ScalarConstant<T>());
+            inverseEight<true>(x);
         } else {
-            forwardEight<true>(x, ScalarConstant<T>());
+            forwardEight<true>(x);
         }
-        for (int i = 0; i < 8; ++i) pDst[i] = x[i];
+        for (int i = 0; i < 8; ++i) storeLone(x[i], pDst + i);
     } else if (n == 4) {
         constexpr T half = 0.5, c = static_cast<T>(0.65328148243818826393), s = static_cast<T>(0.27059805007309849220);
         const T x0 = pSrc[0], x1 = pSrc[1], x2 = pSrc[2], x3 = pSrc[3];
