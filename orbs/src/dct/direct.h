@@ -112,8 +112,13 @@ void transformDirect(const Spec<T>& spec, const T* pSrc, T* pDst) {
         }
         if (middle) pDst[half] = sums.even[half] + sums.odd[half];
     } else {
-        pDst[0] = sums.even[0] * spec.scale0;
-        for (std::size_t k = 1; k < n; ++k) pDst[k] = (k % 2 ? sums.odd[k / 2] : sums.even[k / 2]) * spec.scale1;
+        const T first = sums.even[0] * spec.scale0;
+        for (std::size_t k = 0; k < half; ++k) {
+            pDst[2 * k] = sums.even[k] * spec.scale1;
+            pDst[2 * k + 1] = sums.odd[k] * spec.scale1;
+        }
+        if (middle) pDst[n - 1] = sums.even[half] * spec.scale1;
+        pDst[0] = first;
     }
 }
 
