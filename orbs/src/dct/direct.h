@@ -56,29 +56,33 @@ void sumByMatrix(DirectShape shape, const T* matrix, const DirectSums<T>& terms,
     }
 }
 
-// Without a matrix: each column walks the table of cosines in steps of its own.
+// Without a matrix: each column walks the table of cosines in steps of its own. Two at a time, and one too many at the
+// end.
 template <bool Inverse, class T>
 void sumByTable(DirectShape shape, const T* cosines, const DirectSums<T>& terms, DirectSums<T>& sums) {
-    const std::size_t turn = 4 * shape.n, last = shape.terms() - 1, from = std::min<std::size_t>(last, 1);
-    for (std::size_t column = 0; column <= last; ++column) {
-        T sum[2] = {0, 0};
-        std::size_t at[2], step[2];
-        for (const bool odd : {false, true}) {
-            const T term = odd ? terms.odd[0] : terms.even[0];
-            sum[odd] += term * cosines[shape.angle<Inverse>(0, column, odd)];
-            at[odd] = shape.angle<Inverse>(from, column, odd);
-            step[odd] = Inverse ? 2 * (2 * column + 1) : 2 * (2 * column + odd);
+    const std::size_t turn = 4 * shape.n, count = shape.terms(), second = std::min<std::size_t>(count - 1, 1);
+    for (std::size_t column = 0; column < count; column += 2) {
+        struct {
+            T sum;
+            std::size_t at, step;
+        } walks[4];
+        for (std::size_t w = 0; w < 4; ++w) {
+            const std::size_t place = column + w / 2;
+            const bool odd = w % 2;
+            const T first = odd ? terms.odd[0] : terms.even[0];
+            walks[w].sum = T(0) + first * cosines[shape.angle<Inverse>(0, place, odd)];
+            walks[w].at = shape.angle<Inverse>(second, place, odd);
+            walks[w].step = (Inverse ? 2 * (2 * place + 1) : 2 * (2 * place + odd)) % turn;
         }
-        for (std::size_t r = 1; r <= last; ++r) {
-            sum[0] += terms.even[r] * cosines[at[0]];
-            sum[1] += terms.odd[r] * cosines[at[1]];
-            for (const bool odd : {false, true}) {
-                at[odd] += step[odd];
-                if (at[odd] >= turn) at[odd] -= turn;
+        for (std::size_t r = 1; r < count; ++r) {
+            for (std::size_t w = 0; w < 4; ++w) {
+                auto& [sum, at, step] = walks[w];
+                sum += (w % 2 ? terms.odd[r] : terms.even[r]) * cosines[at];
+                at += step;
+                at -= at >= turn ? turn : 0;
             }
         }
-        sums.even[column] = sum[0];
-        sums.odd[column] = sum[1];
+        for (std::size_t w = 0; w < 4; ++w) (w % 2 ? sums.odd : sums.even)[column + w / 2] = walks[w].sum;
     }
 }
 
