@@ -107,11 +107,13 @@ long double exactElement(const std::vector<T>& x, const std::vector<long double>
 
 // In epsilons, of the root mean square error over that of the values, which the transform keeps. A sum of m terms one
 // after the other rounds partial sums that grow as their root: at most half an epsilon of each, its mean over them. A
-// fast transform rounds two or three times a level; a chirp has two of twice the length or more.
+// fast transform rounds two or three times a level; a chirp has two of twice the length or more. Halving divides
+// differences by cosines, which makes their errors larger by the root of n over 2 in the mean.
 double tolerance(std::size_t n) {
-    const double levels = std::bit_width(n - 1) + 1.0;
+    const double length = static_cast<double>(n), levels = std::bit_width(n - 1) + 1.0;
+    if (n == 16 || n == 32) return 1 + std::sqrt(length) / 2;
     if (std::has_single_bit(n)) return 0.5 + 0.5 * levels;
-    return n <= 100 ? 1 + 0.5 * std::sqrt((static_cast<double>(n) + 1) / 2) : 1 + levels + 1;
+    return n <= 100 ? 1 + 0.5 * std::sqrt((length + 1) / 2) : 2 + levels;
 }
 
 // The root mean square over every `stride`-th element.
