@@ -86,12 +86,12 @@ OrbStatus orbsFFTGetBufSize_R_16s32s(const OrbsFFTSpec_R_16s32s* pSpec, int* pSi
  * what the float transform gives, and 2^-scaleFactor is 0 from the scale factor 150 on; below -127 it is infinite, and
  * zeros become the largest value with it.
  *
- * In integers (C_16sc and C_16s at orders 1 to 3): the samples times 2^(15 - order); sums are exact; only the points of
- * order 3 have factors other than 1 and i, and each such part is an exact sum times 11585 * 2^-14, rounded to nearest
- * with halves up. ORB_FFT_SCALE_FWD and _INV shift by the order, ORB_FFT_SCALE_SQRT by half of it, and odd orders
- * multiply by 23170 * 2^-15, rounded likewise. The shifts, the scale factor and the 15 - order bits together are one
- * shift by the scale rule: to nearest, ties to even, then saturated; no shift is too long. The planes have the same
- * results as interleaved points.
+ * In integers (C_16sc and C_16s at orders 1 to 3): the samples times 2^(15 - order). Sums are exact. Only order 3 has
+ * factors other than 1 and i: a point k of 1 or 3 is the sum of an exact value and of a product, that of an exact sum and
+ * 11585 * 2^-14, rounded to nearest with halves up in each part; the point k + 4 is their difference. ORB_FFT_SCALE_FWD
+ * and _INV shift by the order, ORB_FFT_SCALE_SQRT by half of it, and odd orders multiply by 23170 * 2^-15, rounded
+ * likewise. These shifts, the scale factor and the 15 - order bits together are one shift by the scale rule: to nearest,
+ * ties to even, then saturated; no shift is too long. The planes have the same results as interleaved points.
  *
  * pBuffer: work memory of the size that GetBufSize tells, at any alignment, or null: then a call of order 4 and above
  * takes what it needs and gives it back, and orbStsMemAllocErr, with nothing written, says that it could not. Results are
@@ -123,10 +123,9 @@ OrbStatus orbsFFTInv_CToC_32s_ISfs(Orb32s* pSrcDstRe, Orb32s* pSrcDstIm, const O
  *
  * Through floats: as the complex transforms; _16s32s and _32s16s convert by orbsConvert_16s32f, _32f32s_Sfs, _32s32f and
  * _32f16s_Sfs, so values of a 32-bit spectrum are rounded to 24 bits first.
- * In integers (R_16s at orders 1 to 3): the samples in pairs times 2^(16 - order), the exact transform of N / 2 points,
- * and one pass that makes the spectrum of it, or the other way round. At order 3 its bins 1 and 3 have a factor of
- * 11585 * 2^-14: forward half of the sum of an exact value and such a product is rounded once to nearest with halves up,
- * inverse the product. No value overflows, not even of spectra that no samples have. Then as the complex transforms.
+ * In integers (R_16s at orders 1 to 3): the samples times 2^(16 - order), then as the complex transforms. At order 3 the
+ * bins 1 and 3, and on the way back the samples 1, 3, 5 and 7, have such a product, of the inverse twice. No value
+ * overflows, not even of spectra that no samples have.
  *
  * pBuffer, aliasing, statuses, threads: as in the complex transforms. */
 OrbStatus orbsFFTFwd_RToCCS_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsFFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);

@@ -97,12 +97,11 @@ HWY_INLINE void recombineForward(Point* z) {
     z[0] = {z[0].re + z[0].im, z[0].re - z[0].im};
     if constexpr (m > 1) z[m / 2].im = -z[m / 2].im;
     if constexpr (m == 4) {
-        const Wide sr = z[1].re + z[3].re, dr = z[1].re - z[3].re, si = z[1].im + z[3].im, di = z[1].im - z[3].im;
-        const auto half = [](Wide plain, Wide turned) {
-            return nearest(plain * (1 << 14) + turned * rootOfHalf14, 15);
-        };
-        z[1] = {half(sr, si - dr), half(di, -si - dr)};
-        z[3] = {half(sr, dr - si), half(-di, -si - dr)};
+        // Z[1] and Z[3] are the sums and differences of two transforms, so what is halved is even.
+        const Point sum = z[1] + z[3], difference = z[1] - z[3];
+        const Wide p = byRootOfHalf14((sum.im - difference.re) / 2), q = byRootOfHalf14((-sum.im - difference.re) / 2);
+        z[1] = {sum.re / 2 + p, difference.im / 2 + q};
+        z[3] = {sum.re / 2 - p, q - difference.im / 2};
     }
 }
 
@@ -112,9 +111,10 @@ HWY_INLINE void recombineInverse(Point* z) {
     z[0] = {z[0].re + z[0].im, z[0].re - z[0].im};
     if constexpr (m > 1) z[m / 2] = {2 * z[m / 2].re, -2 * z[m / 2].im};
     if constexpr (m == 4) {
-        const Wide sr = z[1].re + z[3].re, dr = z[1].re - z[3].re, si = z[1].im + z[3].im, di = z[1].im - z[3].im;
-        z[1] = {sr + byRootOfHalf14(-dr - si), di + byRootOfHalf14(dr - si)};
-        z[3] = {sr + byRootOfHalf14(dr + si), -di + byRootOfHalf14(dr - si)};
+        const Point sum = z[1] + z[3], difference = z[1] - z[3];
+        const Wide p = byRootOfHalf14(-difference.re - sum.im), q = byRootOfHalf14(difference.re - sum.im);
+        z[1] = {sum.re + p, difference.im + q};
+        z[3] = {sum.re - p, q - difference.im};
     }
 }
 

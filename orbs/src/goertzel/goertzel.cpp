@@ -85,49 +85,42 @@ OrbStatus scaledQ15(const Orb16sc* pSrc, int len, Orb16sc* pVal, const std::arra
 
 // ---- Double precision: the recursion s[n] = x[n] + 2 cos(theta) s[n-1] - s[n-2] ----
 
-constexpr hn::FixedTag<Orb64f, 2> dState;
+constexpr hn::FixedTag<Orb64f, 2> dState; // a complex one
 using State = hn::Vec<decltype(dState)>;
 
-// One frequency; a register holds a complex state.
-class Recursion {
-public:
-    explicit HWY_INLINE Recursion(Orb64f rFreq)
-        : root_(sinCos(twoPi * rFreq)), factor_(hn::Set(dState, 2 * root_.cos)), newer_(hn::Zero(dState)),
-          older_(hn::Zero(dState)) {}
-
-    HWY_INLINE void step(State x) {
-        const State s = (x - older_) + factor_ * newer_;
-        older_ = newer_;
-        newer_ = s;
-    }
-    // exp(i theta) s[N-1] - s[N-2]
-    HWY_INLINE Orb64fc value() const {
-        Orb64fc s1, s2;
-        hn::StoreU(newer_, dState, asReal(&s1));
-        hn::StoreU(older_, dState, asReal(&s2));
-        return {root_.cos * s1.re - s2.re - root_.sin * s1.im, root_.cos * s1.im - s2.im + root_.sin * s1.re};
-    }
-
-private:
-    SinCos<Orb64f> root_;
-    State factor_, newer_, older_;
+struct States {
+    State newer, older;
 };
+HWY_INLINE States next(States s, State x, State factor) {
+    return {(x - s.older) + factor * s.newer, s.newer};
+}
+
+// exp(i theta) s[N-1] - s[N-2]
+HWY_INLINE Orb64fc valueOf(States s, SinCos<Orb64f> root) {
+    const Orb64fc s1{hn::GetLane(s.newer), hn::ExtractLane(s.newer, 1)};
+    const Orb64fc s2{hn::GetLane(s.older), hn::ExtractLane(s.older, 1)};
+    return {root.cos * s1.re - s2.re - root.sin * s1.im, root.cos * s1.im - s2.im + root.sin * s1.re};
+}
 
 template <std::size_t frequencies>
 OrbStatus twice(const Orb64fc* pSrc, int len, Orb64fc* pVal, const std::array<Orb64f, frequencies>& rFreq) {
     return evaluate(pSrc, len, pVal, rFreq, [](const Orb64fc* p, std::size_t count, const auto& f) {
+        const SinCos<Orb64f> root = sinCos(twoPi * f[0]);
+        const State factor = hn::Set(dState, 2 * root.cos);
+        States s{hn::Zero(dState), hn::Zero(dState)};
         if constexpr (frequencies == 1) {
-            Recursion recursion(f[0]);
-            for (std::size_t n = 0; n < count; ++n) recursion.step(hn::LoadU(dState, asReal(p + n)));
-            return std::array{recursion.value()};
+            for (std::size_t n = 0; n < count; ++n) s = next(s, hn::LoadU(dState, asReal(p + n)), factor);
+            return std::array{valueOf(s, root)};
         } else {
-            Recursion first(f[0]), second(f[1]);
+            const SinCos<Orb64f> root2 = sinCos(twoPi * f[1]);
+            const State factor2 = hn::Set(dState, 2 * root2.cos);
+            States t = s;
             for (std::size_t n = 0; n < count; ++n) {
-                const auto x = hn::LoadU(dState, asReal(p + n));
-                first.step(x);
-                second.step(x);
+                const State x = hn::LoadU(dState, asReal(p + n));
+                s = next(s, x, factor);
+                t = next(t, x, factor2);
             }
-            return std::array{first.value(), second.value()};
+            return std::array{valueOf(s, root), valueOf(t, root2)};
         }
     });
 }

@@ -25,7 +25,7 @@ struct Rotations {
         const auto [s, c] = sinCos(twoPi * static_cast<Orb64f>(rFreq));
         const Orb64f c2 = 2 * c * c - 1, s2 = 2 * c * s;
         const auto narrowed = [](Orb64f a, Orb64f b, Orb64f c3, Orb64f d) -> std::array<Orb32f, lanes + 1> {
-            return {0, static_cast<Orb32f>(a), static_cast<Orb32f>(b), static_cast<Orb32f>(c3), static_cast<Orb32f>(d)};
+            return {1, static_cast<Orb32f>(a), static_cast<Orb32f>(b), static_cast<Orb32f>(c3), static_cast<Orb32f>(d)};
         };
         cos = narrowed(c, c2, 4 * c * c * c - 3 * c, 2 * c2 * c2 - 1);
         sin = narrowed(s, s2, 3 * s - 4 * s * s * s, 2 * c2 * s2);
@@ -58,65 +58,56 @@ HWY_INLINE Group loadGroup(const Orb16sc* p) {
             hn::ConvertTo(dLanes, hn::ShiftRight<16>(both))};
 }
 
-// One frequency's lanes, from the last group of samples to the first: A = A exp(-4 i theta) + x. What does not depend
-// on the longest wait comes first.
-class Horner {
-public:
-    HWY_INLINE Horner(const Rotations& rotations, RealGroup x) : Horner(rotations, Group{x.re, hn::Zero(dLanes)}) {}
-    HWY_INLINE Horner(const Rotations& rotations, Group x)
-        : re_(x.re), im_(x.im), cos_(hn::Set(dLanes, rotations.cos[lanes])),
-          sin_(hn::Set(dLanes, rotations.sin[lanes])) {}
+// One frequency's lanes on the way from the last group of samples to the first: A = A exp(-4 i theta) + x. What does
+// not depend on the longest wait comes first.
+HWY_INLINE Group next(Group a, RealGroup x, Lanes c, Lanes s) {
+    return {a.re * c + (x.re + a.im * s), a.im * c - a.re * s};
+}
+HWY_INLINE Group next(Group a, Group x, Lanes c, Lanes s) {
+    return {a.re * c + (x.re + a.im * s), a.im * c + (x.im - a.re * s)};
+}
+HWY_INLINE Group begun(RealGroup x) {
+    return {x.re, hn::Zero(dLanes)};
+}
+HWY_INLINE Group begun(Group x) {
+    return x;
+}
 
-    HWY_INLINE void step(RealGroup x) {
-        const Lanes im = im_ * cos_ - re_ * sin_;
-        re_ = re_ * cos_ + (x.re + im_ * sin_);
-        im_ = im;
-    }
-    HWY_INLINE void step(Group x) {
-        const Lanes im = im_ * cos_ + (x.im - re_ * sin_);
-        re_ = re_ * cos_ + (x.re + im_ * sin_);
-        im_ = im;
-    }
+// Lane k times exp(-i k theta), added up in pairs. Lane 0 stays as it is, an infinity too.
+HWY_INLINE Orb32fc sumOfLanes(Group a, const Rotations& rotations) {
+    const Lanes c = hn::LoadU(dLanes, rotations.cos.data()), s = hn::LoadU(dLanes, rotations.sin.data());
+    const auto first = hn::FirstN(dLanes, 1);
+    const auto sum = [](Lanes v) HWY_ATTR {
+        const Lanes pairs = v + hn::Shuffle2301(v);
+        return hn::GetLane(pairs + hn::Shuffle1032(pairs));
+    };
+    return {sum(hn::IfThenElse(first, a.re, a.re * c + a.im * s)),
+            sum(hn::IfThenElse(first, a.im, a.im * c - a.re * s))};
+}
 
-    // Lane k times exp(-i k theta), added up.
-    HWY_INLINE Orb32fc sum(const Rotations& rotations) const {
-        Orb32f re[lanes], im[lanes];
-        hn::StoreU(re_, dLanes, re);
-        hn::StoreU(im_, dLanes, im);
-        for (std::size_t k = 1; k < lanes; ++k) {
-            const Orb32f c = rotations.cos[k], s = rotations.sin[k], turned = im[k] * c - re[k] * s;
-            re[k] = re[k] * c + im[k] * s;
-            im[k] = turned;
-        }
-        return {(re[0] + re[1]) + (re[2] + re[3]), (im[0] + im[1]) + (im[2] + im[3])};
-    }
-
-private:
-    Lanes re_, im_, cos_, sin_;
-};
-
-// pVal[f] = sum over n of pSrc[n] exp(-i theta_f n). The samples behind the last whole group are one with zeros.
+// The sums over n of pSrc[n] exp(-i theta n). The samples behind the last whole group are one with zeros.
 template <std::size_t frequencies, class S>
 std::array<Orb32fc, frequencies> spectrumAt(const S* pSrc, std::size_t len,
                                             const std::array<Orb32f, frequencies>& rFreq) {
     S rest[lanes] = {};
     std::size_t n = len / lanes * lanes;
     std::memcpy(static_cast<void*>(rest), pSrc + n, (len - n) * sizeof(S));
-    const auto last = loadGroup(rest);
+    const Rotations rotations(rFreq[0]);
+    const Lanes c = hn::Set(dLanes, rotations.cos[lanes]), s = hn::Set(dLanes, rotations.sin[lanes]);
+    Group a = begun(loadGroup(rest));
     if constexpr (frequencies == 1) {
-        const Rotations rotations(rFreq[0]);
-        Horner horner(rotations, last);
-        for (; n > 0; n -= lanes) horner.step(loadGroup(pSrc + n - lanes));
-        return {horner.sum(rotations)};
+        for (; n > 0; n -= lanes) a = next(a, loadGroup(pSrc + n - lanes), c, s);
+        return {sumOfLanes(a, rotations)};
     } else {
-        const Rotations rotations[] = {Rotations(rFreq[0]), Rotations(rFreq[1])};
-        Horner first(rotations[0], last), second(rotations[1], last);
+        const Rotations others(rFreq[1]);
+        const Lanes c2 = hn::Set(dLanes, others.cos[lanes]), s2 = hn::Set(dLanes, others.sin[lanes]);
+        Group a2 = a;
         for (; n > 0; n -= lanes) {
             const auto x = loadGroup(pSrc + n - lanes);
-            first.step(x);
-            second.step(x);
+            a = next(a, x, c, s);
+            a2 = next(a2, x, c2, s2);
         }
-        return {first.sum(rotations[0]), second.sum(rotations[1])};
+        return {sumOfLanes(a, rotations), sumOfLanes(a2, others)};
     }
 }
 
