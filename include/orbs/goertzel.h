@@ -16,7 +16,7 @@ ORBS_DECLARATIONS_BEGIN
  * elsewhere. Its error grows with len / sin(theta), so it is largest close to the frequencies 0 and 0.5.
  * All others have the plain phase at every frequency. They sum in single precision: four lanes, of every fourth sample,
  * from the last to the first, each step A = A exp(-4 i theta) + x; the rotations are made in double precision. The
- * error grows with the number of steps, len / 4, at most by about 3 epsilon of the sum of all magnitudes a step.
+ * error grows with the number of steps, len / 4, at most by 4 epsilon of the sum of all magnitudes a step.
  * The caller's rounding mode holds. A NaN or an infinity may turn both parts into NaN, or an infinity into one.
  *
  * _Sfs: that sum times 2^-scaleFactor, to nearest with ties to even whatever the caller's rounding mode is, saturated.
