@@ -96,6 +96,10 @@ const VectorRule vectorRules[] = {
     {{"SumLn_.*", "pSrc"}, COUNT(c.n), {}, nullptr, [](const Case& c) { return c.turn % 4 != 3; }},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
+    {{"GoertzTwo.*", "pVal"}, COUNT(2)},
+    {{"GoertzTwoQ15_.*", "rFreqQ15"}, COUNT(2), {}, oneOf<3277, 0, 32767, 17, 16384>},
+    {{"GoertzTwo_.*", "rFreq"}, COUNT(2), {}, oneOf<0.1, 0, 0.75, 0.0073, 0.25, 0.9999>},
+    {{"Goertz.*", "pVal"}, COUNT(1)},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|BitsLen)?"}, COUNT(c.n)},
     {{"Rand.*", "pSeed"}, COUNT(1), Use::update},
     {{".*", "p(Src|Src1|Src2|Dst|SrcDst)(Re|Im|Magn|Phase|BitsLen)?"}, COUNT(c.n)},
@@ -235,6 +239,11 @@ const NumberRule numberRules[] = {
     {{"RandGauss.*", "mean"}, oneOf<0, 20, 100>},
     {{"RandGauss.*", "stdDev"}, oneOf<1, 50, 7, 127>},
     {{"Rand.*", "seed"}, nullptr},
+    {{"Goertz.*Q15_.*", "rFreqQ15"}, oneOf<3277, 0, 32767, 17, 16384>, {NUMBER(-1), NUMBER(-32768)}, orbStsRelFreqErr},
+    {{"Goertz_.*", "rFreq"},
+     oneOf<0.1, 0, 0.75, 0.0073, 0.25, 0.9999>,
+     {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)},
+     orbStsRelFreqErr},
 };
 
 // ---- Exceptions ----
@@ -245,6 +254,8 @@ const PointeeRule pointeeRules[] = {
     {{"Split.*", "pDst"}, {NUMBER(0), NUMBER(channels(c) - 1)}, orbStsNullPtrErr},
     {{"Triangle_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTrianglePhaseErr},
     {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
+    {{"GoertzTwoQ15_.*", "rFreqQ15"}, {NUMBER(-1), NUMBER(-32768)}, orbStsRelFreqErr},
+    {{"GoertzTwo_.*", "rFreq"}, {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)}, orbStsRelFreqErr},
 };
 
 const NullRule nullRules[] = {
@@ -289,6 +300,9 @@ const OrderRule orderRules[] = {
     {{"DCT...GetSize_.*", ""}, {"len", "*"}},
     {{"DCT...Init_.*", ""}, {"ppSpec", "len", "pMemSpec", "pMemInit"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
+    {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
+    {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
+    {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
     {{"FIR\\w*_Direct_.*", ""},
      {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "tapsLen", "pDlyLine", "pDlyLineIndex",
       "*"}},
@@ -369,6 +383,12 @@ Cases longScales() {
 }
 
 const CaseRule caseRules[] = {
+    // Of integers: the orders that may have integer arithmetic under each hint, with several scale factors.
+    {{"FFT(Fwd|Inv)_.*_I?Sfs", ""},
+     orders(0, 3, 10) + orders(4, 7, 4),
+     orders(8, 19, 1) + orders(10, 11, 1),
+     orders(0, 3, 5) + orders(10, 11, 1),
+     numbered(orders(0, 3, 36) + orders(4, 12, 4) + orders(13, 18, 1))},
     // Each order with each flag, and those around the changes between the engines.
     {{"FFT.*", ""},
      orders(0, 7, 4),
