@@ -72,6 +72,16 @@ constexpr int chooseOuterStages(const Radices& radices, std::uint64_t n) {
     return best;
 }
 
+// Those of an odd number of real samples: all but those whose blocks are too short for lanes to run over half of their
+// points.
+constexpr int chooseOuterRealStages(const Radices& radices, std::uint64_t n) {
+    std::uint64_t rest = n;
+    int stages = 0;
+    do rest /= static_cast<std::uint64_t>(radices.radix[stages++]);
+    while (stages < radices.stages && rest / static_cast<std::uint64_t>(radices.radix[stages]) >= 17);
+    return stages;
+}
+
 template <class T>
 constexpr Choice choose(std::uint64_t length, Kind kind) {
     Choice choice{kind, Plan::small, length, length};
@@ -86,7 +96,8 @@ constexpr Choice choose(std::uint64_t length, Kind kind) {
         choice.plan = Plan::mixedRadix;
         choice.staysOutOfOrder = kind == Kind::outOfOrder && length > outOfOrderLimit<T>;
         if (!choice.staysOutOfOrder) exchangeFinal(choice.radices);
-        choice.outerStages = chooseOuterStages<T>(choice.radices, choice.points);
+        choice.outerStages = choice.isOddReal() ? chooseOuterRealStages(choice.radices, choice.points)
+                                                : chooseOuterStages<T>(choice.radices, choice.points);
     } else {
         choice.plan = choice.points > (choice.isOddReal() ? realDirectLimit : directLimit) ? Plan::chirp : Plan::direct;
     }
@@ -220,7 +231,7 @@ Spec<T>* layOut(Layout& layout, const Choice& choice) {
                                            : columnTwiddles(radix, rest, lanesFor<T>(rest));
         place(stage ? &stage->twiddles : nullptr, twiddles);
     }
-    if (choice.isOddReal() || choice.staysOutOfOrder) return spec;
+    if (choice.staysOutOfOrder) return spec;
     std::uint64_t leaves = 1;
     for (int i = 0; i < choice.outerStages; ++i) leaves *= static_cast<std::uint64_t>(choice.radices.radix[i]);
     place(field(&Spec<T>::leafPlaces), leaves);

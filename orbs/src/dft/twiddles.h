@@ -104,14 +104,20 @@ void fillMatrix(T* table, Roots<T> roots, std::size_t p) {
 
 // ---- Real transforms ----
 
-// Stages of odd length in half-complex form: of columns 1 to (columns - 1) / 2 the twiddles of rows 1 to radix - 1,
-// real and imaginary.
+// Stages of odd length in half-complex form: of each row 1 to radix - 1 the columns k = 1 to (columns - 1) / 2, real
+// parts and then imaginary parts.
 constexpr std::size_t realTwiddles(std::size_t radix, std::size_t columns) {
     return (radix - 1) * (columns - 1);
 }
 template <class T>
 void fillRealTwiddles(T* table, Roots<T> roots, std::size_t radix, std::size_t columns) {
-    fillPlainTwiddles(table, roots, radix, columns / 2 + 1);
+    const std::size_t stride = roots.n / (radix * columns), half = columns / 2;
+    for (std::size_t row = 1; row < radix; ++row, table += 2 * half) {
+        for (std::size_t k = 1; k <= half; ++k) {
+            table[k - 1] = roots.re(row * k * stride);
+            table[half + k - 1] = roots.im(row * k * stride);
+        }
+    }
 }
 
 // Recombination of a half-length transform: for k = 1, 2, ... in groups of columnGroup values, forward 0.5 cos and then
