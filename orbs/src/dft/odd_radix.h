@@ -152,7 +152,7 @@ HWY_INLINE void complexButterfly(const Radix& radix, In in, First first, Low low
 
 // Calls body with the radix, known to the code or not.
 template <class T, class Body>
-HWY_INLINE void withRadix(int radix, const T* matrix, Body body) {
+HWY_INLINE void withOddRadix(int radix, const T* matrix, Body body) {
     switch (radix) {
     case 3:
         return body(FixedRadix<T, 3>());

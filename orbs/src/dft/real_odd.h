@@ -206,14 +206,14 @@ HWY_INLINE void forEachRun(std::size_t columns, Columns body) {
     const auto each = [&](auto d) __attribute__((always_inline)) {
         for (; k + hn::MaxLanes(d) <= columns + 1; k += hn::MaxLanes(d)) body(d, k);
     };
-    each(fft::GroupTag<T>());
-    if constexpr (hn::MaxLanes(fft::GroupTag<T>()) > 4) each(hn::CappedTag<T, 4>());
-    if constexpr (hn::MaxLanes(fft::GroupTag<T>()) > 2) each(hn::CappedTag<T, 2>());
+    each(RestTag<T>());
+    if constexpr (hn::MaxLanes(RestTag<T>()) > 4) each(hn::CappedTag<T, 4>());
+    if constexpr (hn::MaxLanes(RestTag<T>()) > 2) each(hn::CappedTag<T, 2>());
     each(hn::CappedTag<T, 1>());
 }
 template <class T, class Whole>
 void joinBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
-    withRadix<T>(stage.radix, stage.matrix, [&](auto radix) HWY_ATTR {
+    withOddRadix<T>(stage.radix, stage.matrix, [&](auto radix) HWY_ATTR {
         joinReal(radix, stage, hn::CappedTag<T, 1>(), blocks, whole);
         forEachRun<T>(columnsOf(stage), [&](auto d, std::size_t k) HWY_ATTR {
             joinColumns(radix, stage, d, blocks, whole, k);
@@ -222,7 +222,7 @@ void joinBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
 }
 template <class T, class Whole>
 void splitBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
-    withRadix<T>(stage.radix, stage.matrix, [&](auto radix) HWY_ATTR {
+    withOddRadix<T>(stage.radix, stage.matrix, [&](auto radix) HWY_ATTR {
         splitReal(radix, stage, hn::CappedTag<T, 1>(), blocks, whole);
         forEachRun<T>(columnsOf(stage), [&](auto d, std::size_t k) HWY_ATTR {
             splitColumns(radix, stage, d, blocks, whole, k);
@@ -272,9 +272,9 @@ HWY_INLINE void forEachStart(std::size_t count, Body body) {
         constexpr std::size_t lanes = hn::MaxLanes(d);
         for (std::size_t s = 0; s < count; s += lanes) body(d, std::min(s, count - lanes));
     };
-    constexpr std::size_t most = hn::MaxLanes(fft::GroupTag<T>());
+    constexpr std::size_t most = hn::MaxLanes(RestTag<T>());
     if (count >= most) {
-        each(fft::GroupTag<T>());
+        each(RestTag<T>());
     } else if (most > 4 && count >= 4) {
         each(hn::CappedTag<T, 4>());
     } else if (count >= 2) {
@@ -288,7 +288,7 @@ HWY_INLINE void forEachStart(std::size_t count, Body body) {
 template <std::size_t lanes, class T, class Body>
 HWY_INLINE void forEachBlockInLanes(const Stage<T>& stage, T* local, std::size_t leaf, Body body) {
     const std::size_t block = pointsOf(stage);
-    withRadix<T>(stage.radix, stage.matrix, [&](auto radix) __attribute__((always_inline)) {
+    withOddRadix<T>(stage.radix, stage.matrix, [&](auto radix) __attribute__((always_inline)) {
         for (std::size_t b = 0; b < leaf; b += block) body(radix, InLanes<T, lanes>{local + b * lanes, block});
     });
 }
@@ -298,7 +298,7 @@ template <std::size_t lanes, class T, class Body>
 HWY_INLINE void forEachInnermostInLanes(const Spec<T>& spec, T* local, std::size_t leaf, Body body) {
     const Stage<T>& final = spec.finalStage();
     const auto points = static_cast<std::size_t>(final.radix);
-    withRadix<T>(final.radix, final.matrix, [&](auto radix) __attribute__((always_inline)) {
+    withOddRadix<T>(final.radix, final.matrix, [&](auto radix) __attribute__((always_inline)) {
         const Orb32s* first = spec.innermostPlaces;
         for (std::size_t b = 0; b < leaf; b += points, ++first)
             body(radix, InLanes<T, lanes>{local + b * lanes, points}, static_cast<std::size_t>(*first));

@@ -316,15 +316,17 @@ OrbStatus fill(Spec<T>& spec, const Choice& choice, int flag, Orb8u* scratch) {
 
 // ---- What the exported functions of all kinds do ----
 
+// `moreWork` bytes are told in front of the work area of the transform itself.
 template <class T, class Object>
-OrbStatus initAlloc(Object** ppSpec, int length, int flag, OrbHintAlgorithm hint, Kind kind, Orb32s tag) {
+OrbStatus initAlloc(Object** ppSpec, int length, int flag, OrbHintAlgorithm hint, Kind kind, Orb32s tag,
+                    std::uint64_t moreWork = 0) {
     if (!ppSpec) return orbStsNullPtrErr;
     if (length < 1) return orbStsSizeErr;
     if (!fft::isFlag(flag)) return orbStsFftFlagErr;
     const Choice choice = choose<T>(static_cast<std::uint64_t>(length), kind);
     Layout measure(nullptr);
     layOut<T>(measure, choice);
-    const std::uint64_t scratchSize = scratchSizeOf<T>(choice), workSize = workSizeOf<T>(choice);
+    const std::uint64_t scratchSize = scratchSizeOf<T>(choice), workSize = workSizeOf<T>(choice) + moreWork;
     constexpr std::uint64_t largest = std::numeric_limits<int>::max();
     if (measure.used() > largest || scratchSize > largest || workSize > largest) return orbStsMemAllocErr;
 
