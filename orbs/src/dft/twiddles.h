@@ -80,8 +80,8 @@ void fillPlainTwiddles(T* table, Roots<T> roots, std::size_t radix, std::size_t 
 
 // ---- General odd radices ----
 
-// For p points, p odd: in row j, j = 1 to (p - 1) / 2, cos(2 pi j k / p) of k = 1 to (p - 1) / 2 and then
-// -sin(2 pi j k / p), each run filled up with zeros to a number of values that is a multiple of 32 bytes.
+// For p points, p odd: in row j, j = 1 to (p - 1) / 2, cos(2 pi j k / p) of k = 1 to (p - 1) / 2 and on to a multiple
+// of 32 bytes, and then -sin(2 pi j k / p) likewise.
 template <class T>
 constexpr std::size_t matrixRun(std::size_t p) {
     return (p / 2 + columnGroup<T> - 1) / columnGroup<T> * columnGroup<T>;
@@ -95,9 +95,8 @@ void fillMatrix(T* table, Roots<T> roots, std::size_t p) {
     const std::size_t run = matrixRun<T>(p), step = roots.n / p;
     for (std::size_t j = 1; j <= p / 2; ++j, table += 2 * run) {
         for (std::size_t k = 1; k <= run; ++k) {
-            const bool within = k <= p / 2;
-            table[k - 1] = within ? roots.re(j * k % p * step) : T(0);
-            table[run + k - 1] = within ? roots.im(j * k % p * step) : T(0);
+            table[k - 1] = roots.re(j * k % p * step);
+            table[run + k - 1] = roots.im(j * k % p * step);
         }
     }
 }
