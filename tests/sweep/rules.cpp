@@ -22,6 +22,7 @@ const ObjectRule objectRules[] = {
     {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, nullptr, true},
     {{"OrbsWTFwdState(\\w+)", ""}, "WTFwd", nullptr, {}},
     {{"OrbsWTInvState(\\w+)", ""}, "WTInv", nullptr, {}},
+    {{"OrbsHilbertSpec(\\w+)", ""}, "Hilbert", nullptr, {}},
     {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, nullptr, true},
 };
 
@@ -137,6 +138,7 @@ double levelOf(const Case& c) {
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"Hilbert.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{"WT.*", "lenLow"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
     {{"WT.*", "lenHigh"}, NUMBER(highTaps(c)), belowOne, orbStsSizeErr},
     {{"WT.*", "offsLow"}, NUMBER(lowOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
@@ -279,6 +281,7 @@ const Exception resultsDependOnPlace[] = {
 };
 const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
+    {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
 };
 
@@ -404,6 +407,12 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 1700}), {5, 70}),
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
               everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
+    // Of every plan of the transforms inside.
+    {{"Hilbert.*", ""},
+     lengthsUpTo(70),
+     lengths({151, 181, 302, 1000, 1009, 1024, 2310, 5003}),
+     lengths({1, 3, 9, 60, 64, 101, 302}),
+     numbered(lengthsUpTo(70) + lengths({149, 151, 181, 302, 1000, 1009, 1024, 2310, 5003}))},
     // Around a vector, a head of a block, a piece of one, and several.
     {{"WT(Fwd|Inv)([A-Z].*)?_.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 9, 16, 33}),
