@@ -17,9 +17,9 @@ ORBS_DECLARATIONS_BEGIN
  * _16s16sc_Sfs: results times 2^-scaleFactor are rounded to nearest, ties to even, and saturated; beyond N of 2 as
  * orbsConvert_32f16s_Sfs does that, with what it makes of scales that single precision does not hold.
  *
- * InitAlloc makes an object for N = length; hint is handed to the transforms and may have any value. The object holds
- * two transforms of orbs/dft.h as blocks of their own and must stay where it is. Free releases all. An object is only
- * read: any number of threads may use it at once. A call for N of 3 and more takes the work memory of the transforms,
+ * InitAlloc makes an object for N = length, one block that holds two transforms of orbs/dft.h; hint is handed to them
+ * and may have any value. Free releases it. An object is only read: any number of threads may use it at once. It holds
+ * no address: its block may be copied, saved, or mapped elsewhere at an equal alignment to 32 bytes. A call for N of 3 and more takes the work memory of the transforms,
  * those with 16-bit samples room for 4 N or 12 N bytes as well, and gives it back.
  *
  * pSrc and pDst must not overlap. Statuses, in the order of the tests:

@@ -1,13 +1,10 @@
 // Analytic signals: the upper half of a real vector's spectrum taken away, the lower half doubled.
 #include "orbs/hilbert.h"
 
-#include "foundation/control.h"
-#include "foundation/frame.h"
-#include "foundation/objects.h"
+#include "dft/spec.h"
 #include "orbs/arith.h"
 #include "orbs/convert.h"
 #include "orbs/dft.h"
-#include "orbs/foundation.h"
 #include "vectors/nearest.h"
 
 #include <algorithm>
@@ -17,14 +14,13 @@
 
 namespace orbs {
 
-// Transforms of any length are blocks of their own, so this object holds addresses.
 struct HilbertSpec {
     Orb32s tag;
     Orb32s length;
     Orb32s workSize; // of the transform that needs more
     Orb32s hint;
-    OrbsDFTSpec_C_32fc* dftComplex; // divides by the length on the way back
-    OrbsDFTSpec_R_32f* dftReal;
+    RelativePtr<OrbsDFTSpec_C_32fc> dftComplex; // divides by the length on the way back
+    RelativePtr<OrbsDFTSpec_R_32f> dftReal;
 
     std::size_t points() const { return static_cast<std::size_t>(length); }
     bool transforms() const { return length > 2; }
@@ -48,35 +44,67 @@ using namespace orbs;
 
 // ---- Objects ----
 
-OrbStatus makeTransforms(HilbertSpec& spec, OrbHintAlgorithm hint) {
-    if (const OrbStatus status = orbsDFTInitAlloc_C_32fc(&spec.dftComplex, spec.length, ORB_FFT_SCALE_INV, hint))
-        return status;
-    const OrbStatus status = orbsDFTInitAlloc_R_32f(&spec.dftReal, spec.length, ORB_FFT_SCALE_INV, hint);
-    if (status != orbStsNoErr) {
-        orbsDFTFree_C_32fc(spec.dftComplex);
-        return status;
+// A transform of its own. As it holds no address it may move into a block of more.
+template <class Inner, auto initAlloc, auto getBufSize, auto release, dft::Kind kind>
+class Transform {
+public:
+    Transform(int length, OrbHintAlgorithm hint)
+        : status_(initAlloc(&spec_, length, ORB_FFT_SCALE_INV, hint)), length_(static_cast<std::uint64_t>(length)) {}
+    ~Transform() {
+        if (spec_) release(spec_);
     }
-    int complexSize = 0, realSize = 0;
-    orbsDFTGetBufSize_C_32fc(spec.dftComplex, &complexSize);
-    orbsDFTGetBufSize_R_32f(spec.dftReal, &realSize);
-    spec.workSize = std::max(complexSize, realSize);
-    return orbStsNoErr;
-}
+    Transform(const Transform&) = delete;
+    Transform& operator=(const Transform&) = delete;
+
+    OrbStatus status() const { return status_; }
+    int workSize() const {
+        int size = 0;
+        getBufSize(spec_, &size);
+        return size;
+    }
+    // Over a null base only measures.
+    Inner* copyTo(Layout& block) const {
+        Layout own(nullptr);
+        dft::layOut<Orb32f>(own, dft::choose<Orb32f>(length_, kind));
+        Orb8u* const copy = block.take<Orb8u>(own.used(), 32);
+        if (copy) std::memcpy(copy, spec_, own.used());
+        return reinterpret_cast<Inner*>(copy);
+    }
+
+private:
+    Inner* spec_ = nullptr;
+    OrbStatus status_;
+    std::uint64_t length_;
+};
+using ComplexTransform = Transform<OrbsDFTSpec_C_32fc, orbsDFTInitAlloc_C_32fc, orbsDFTGetBufSize_C_32fc,
+                                   orbsDFTFree_C_32fc, dft::Kind::interleaved>;
+using RealTransform =
+    Transform<OrbsDFTSpec_R_32f, orbsDFTInitAlloc_R_32f, orbsDFTGetBufSize_R_32f, orbsDFTFree_R_32f, dft::Kind::real>;
 
 template <class Spec>
 OrbStatus initAlloc(Spec** ppSpec, int length, OrbHintAlgorithm hint) {
     if (anyNull(ppSpec)) return orbStsNullPtrErr;
     if (length < 1) return orbStsSizeErr;
-    void* const block = orbsMalloc_8u(sizeof(Spec));
-    if (!block) return orbStsMemAllocErr;
-    Spec* const spec = new (block) Spec{};
+    const ComplexTransform complex(length, hint);
+    if (complex.status() != orbStsNoErr) return complex.status();
+    const RealTransform real(length, hint);
+    if (real.status() != orbStsNoErr) return real.status();
+
+    Layout measure(nullptr);
+    measure.take<Spec>(1, 32);
+    complex.copyTo(measure);
+    real.copyTo(measure);
+    if (measure.used() > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
+    Orb8u* const memory = orbsMalloc_8u(static_cast<int>(measure.used()));
+    if (!memory) return orbStsMemAllocErr;
+    Layout block(memory);
+    Spec* const spec = new (block.take<Spec>(1, 32)) Spec{};
     spec->tag = Spec::ownTag;
     spec->length = length;
+    spec->workSize = std::max(complex.workSize(), real.workSize());
     spec->hint = hint;
-    if (const OrbStatus status = makeTransforms(*spec, hint)) {
-        orbsFree(block);
-        return status;
-    }
+    spec->dftComplex = complex.copyTo(block);
+    spec->dftReal = real.copyTo(block);
     *ppSpec = spec;
     return orbStsNoErr;
 }
@@ -85,10 +113,8 @@ template <class Spec>
 OrbStatus release(Spec* pSpec) {
     if (anyNull(pSpec)) return orbStsNullPtrErr;
     if (const OrbStatus status = checkTag(pSpec, Spec::ownTag)) return status;
-    const OrbStatus ofComplex = orbsDFTFree_C_32fc(pSpec->dftComplex);
-    const OrbStatus ofReal = orbsDFTFree_R_32f(pSpec->dftReal);
     orbsFree(pSpec);
-    return std::min(ofComplex, ofReal);
+    return orbStsNoErr;
 }
 
 // ---- The transform ----
