@@ -37,11 +37,12 @@ struct ChannelPlan {
     std::uint64_t lineLen() const { return 2 * static_cast<std::uint64_t>(kept) + pieceLen; }
 };
 
-// Both runs together are the output. Their oldest samples are neighbours.
+// One run for each line; together they are the output. Their oldest samples are neighbours.
 inline ChannelPlan planForward(std::int64_t taps, std::int64_t offset) {
     const std::int64_t oldest = -offset - (taps - 1), reach = std::max<std::int64_t>(-oldest, 0);
-    const auto run = [=](std::int64_t r) {
-        return RunPlan{taps - 1 - r, (taps + 1 - r) / 2, (oldest + r) & 1, (oldest + r) >> 1};
+    const auto run = [=](std::int64_t line) {
+        const std::int64_t r = (oldest + line) & 1;
+        return RunPlan{taps - 1 - r, (taps + 1 - r) / 2, line, (oldest + r) >> 1};
     };
     return {reach, (reach + 1) / 2, 2, {run(0), run(1)}};
 }
@@ -81,11 +82,11 @@ struct Channel {
         const Orb32s n = lines * kept - reach + static_cast<Orb32s>(which);
         return line[n % lines] + (end - kept + n / lines);
     }
-    // Of output n from the newest elements on.
-    TapRun runAt(std::size_t which, std::size_t n) const {
+    // Of output n from the newest elements of a channel on, this one or one with the same samples there.
+    TapRun runAt(std::size_t which, std::size_t n, const Channel& samples) const {
         const Run& run = runs[which];
         return {run.taps, static_cast<std::size_t>(run.count),
-                line[run.line] + (end + run.place) + static_cast<std::ptrdiff_t>(n)};
+                samples.line[run.line] + (samples.end + run.place) + static_cast<std::ptrdiff_t>(n)};
     }
     // Of the outputs of a piece, which begins at output `first` of its block, those that reach back before the block.
     std::size_t headOf(std::size_t first, std::size_t count) const {

@@ -19,16 +19,40 @@ void splitPairs(const Orb32f* src, std::size_t count, Orb32f* first, Orb32f* sec
     }
 }
 
-void run(Channel& channel, const Orb32f* src, Orb32f* dst, std::size_t len) {
-    for (std::size_t first = 0, count = 0; first < len; first += count) {
-        count = std::min(pieceLen, len - first);
-        channel.makeRoom(count);
-        splitPairs(src + 2 * first, count, channel.line[0] + channel.end, channel.line[1] + channel.end);
-        const std::size_t head = channel.headOf(first, count);
-        sumProducts<Orb64f>(channel.runAt(0, 0), channel.runAt(1, 0), dst + first, head);
-        sumProducts<Orb32f>(channel.runAt(0, head), channel.runAt(1, head), dst + first + head, count - head);
-        channel.end += static_cast<Orb32s>(count);
-    }
+Output outputAt(const Channel& channel, std::size_t n, const Channel& samples, Orb32f* dst) {
+    return {channel.runAt(0, n, samples), channel.runAt(1, n, samples), dst + n};
+}
+
+// A piece of a block, whose first output is that told. Both channels are made at once where all of their samples are
+// the block's.
+void runPiece(Channel& low, Channel& high, const Orb32f* src, Orb32f* dstLow, Orb32f* dstHigh, std::size_t first,
+              std::size_t count) {
+    low.makeRoom(count);
+    high.makeRoom(count);
+    splitPairs(src, count, low.line[0] + low.end, low.line[1] + low.end);
+    for (std::size_t k = 0; k < 2; ++k)
+        std::memcpy(high.line[k] + high.end, low.line[k] + low.end, count * sizeof(Orb32f));
+
+    const std::size_t headLow = low.headOf(first, count), headHigh = high.headOf(first, count);
+    const std::size_t both = std::max(headLow, headHigh);
+    const auto alone = [both](const Channel& channel, Orb32f* dst, std::size_t head) {
+        sumProducts<Orb64f>(std::array{outputAt(channel, 0, channel, dst)}, head);
+        sumProducts<Orb32f>(std::array{outputAt(channel, head, channel, dst)}, both - head);
+    };
+    alone(low, dstLow, headLow);
+    alone(high, dstHigh, headHigh);
+    const Channel& samples = low.reach > high.reach ? low : high; // which has them all
+    sumProducts<Orb32f>(std::array{outputAt(low, both, samples, dstLow), outputAt(high, both, samples, dstHigh)},
+                        count - both);
+    low.end += static_cast<Orb32s>(count);
+    high.end += static_cast<Orb32s>(count);
+}
+
+template <class State>
+void run(State* state, const Orb32f* src, Orb32f* dstLow, Orb32f* dstHigh, std::size_t len) {
+    for (std::size_t first = 0; first < len; first += pieceLen)
+        runPiece(*state->lowChannel, *state->highChannel, src + 2 * first, dstLow + first, dstHigh + first, first,
+                 std::min(pieceLen, len - first));
 }
 
 template <class State>
@@ -41,9 +65,7 @@ OrbStatus checkForward(const void* pSrc, const Orb32f* pDstLow, const Orb32f* pD
 template <class State>
 OrbStatus forward(const Orb32f* pSrc, Orb32f* pDstLow, Orb32f* pDstHigh, int dstLen, State* pState) {
     if (const OrbStatus status = checkForward(pSrc, pDstLow, pDstHigh, dstLen, pState)) return status;
-    const auto len = static_cast<std::size_t>(dstLen);
-    run(*pState->lowChannel, pSrc, pDstLow, len);
-    run(*pState->highChannel, pSrc, pDstHigh, len);
+    run(pState, pSrc, pDstLow, pDstHigh, static_cast<std::size_t>(dstLen));
     return orbStsNoErr;
 }
 
@@ -56,8 +78,7 @@ OrbStatus forwardConverted(const T* pSrc, Orb32f* pDstLow, Orb32f* pDstHigh, int
     for (std::size_t first = 0; first < len; first += pieceLen) {
         const std::size_t count = std::min(pieceLen, len - first);
         convert(pSrc + 2 * first, samples, static_cast<int>(2 * count));
-        run(*pState->lowChannel, samples, pDstLow + first, count);
-        run(*pState->highChannel, samples, pDstHigh + first, count);
+        run(pState, samples, pDstLow + first, pDstHigh + first, count);
     }
     return orbStsNoErr;
 }

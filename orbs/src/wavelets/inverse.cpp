@@ -17,12 +17,12 @@ void run(Channel& channel, const Orb32f* src, std::size_t first, std::size_t cou
     channel.makeRoom(count);
     std::memcpy(channel.line[0] + channel.end, src, count * sizeof(Orb32f));
     const std::size_t head = channel.headOf(first, count);
-    const auto sum = [&](std::size_t which, Orb32f* dst) {
-        sumProducts<Orb64f>(channel.runAt(which, 0), {}, dst, head);
-        sumProducts<Orb32f>(channel.runAt(which, head), {}, dst + head, count - head);
+    const auto outputsAt = [&](std::size_t n) {
+        return std::array{Output{channel.runAt(0, n, channel), {}, y.even + n},
+                          Output{channel.runAt(1, n, channel), {}, y.odd + n}};
     };
-    sum(0, y.even);
-    sum(1, y.odd);
+    sumProducts<Orb64f>(outputsAt(0), head);
+    sumProducts<Orb32f>(outputsAt(head), count - head);
     channel.end += static_cast<Orb32s>(count);
 }
 

@@ -61,7 +61,7 @@ template <class T, class Body>
 HWY_INLINE bool coverPairs(std::size_t count, Body body) {
     constexpr std::size_t lanes = fewLanes<T>;
     if (count < lanes) return false;
-    std::size_t n = forWholeVectors<T>(0, count, body);
+    std::size_t n = forWholeVectorsByFour<T>(0, count, body);
     for (; n + lanes <= count; n += lanes) body(FewTag<T>(), n);
     if (n != count) body(FewTag<T>(), count - lanes);
     return true;
