@@ -36,6 +36,9 @@ const ObjectRule objectRules[] = {
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, nullptr, true},
+    {{"OrbsWTFwdState(\\w+)", ""}, "WTFwd", nullptr, {}},
+    {{"OrbsWTInvState(\\w+)", ""}, "WTInv", nullptr, {}},
+    {{"OrbsHilbertSpec(\\w+)", ""}, "Hilbert", nullptr, {}},
     {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, nullptr, true},
 };
 
@@ -57,6 +60,24 @@ std::size_t packedBytes(const Case& c) {
     int bits = 0;
     for (Orb32s length : lengths) bits += std::clamp(length, 0, 32);
     return bitsAsBytes(destinationOffset(c), bits);
+}
+
+// Of the channels of a filter bank: taps, offset, and what each remembers of its stream.
+int highTaps(const Case& c) {
+    return c.taps + c.turn % 3;
+}
+int lowOffset(const Case& c) {
+    constexpr int offsets[] = {0, 1, -1, 2, 7, 16, 700};
+    return offsets[static_cast<std::size_t>(c.turn) % std::size(offsets)];
+}
+int highOffset(const Case& c) {
+    return c.turn / 2 % 4 - 1;
+}
+int forwardLine(int taps, int offset) {
+    return std::max(taps - 1 + offset, 0);
+}
+int inverseLine(int taps, int offset) {
+    return (taps - 1 + std::abs(offset)) / 2;
 }
 
 #define COUNT(expression)                                                                                              \
@@ -94,6 +115,17 @@ const VectorRule vectorRules[] = {
     {{"(Tone|Triangle)_Direct_.*", "pPhase"}, COUNT(1), Use::update, oneOf<0, 1.5, 6.28, 3.25>},
     // Mostly what has a logarithm: the first element without one decides alone.
     {{"SumLn_.*", "pSrc"}, COUNT(c.n), {}, nullptr, [](const Case& c) { return c.turn % 4 != 3; }},
+    {{"WTHaar(Fwd|Inv)_.*", "p(Src|Dst)Low"}, COUNT((c.n + 1) / 2)},
+    {{"WTHaar(Fwd|Inv)_.*", "p(Src|Dst)High"}, COUNT(c.n / 2)},
+    {{"WT(Fwd|Inv)InitAlloc_.*", "pTapsLow"}, COUNT(c.taps)},
+    {{"WT(Fwd|Inv)InitAlloc_.*", "pTapsHigh"}, COUNT(highTaps(c))},
+    {{"WTFwd.*", "pDlyLow"}, COUNT(forwardLine(c.taps, lowOffset(c)))},
+    {{"WTFwd.*", "pDlyHigh"}, COUNT(forwardLine(highTaps(c), highOffset(c)))},
+    {{"WTInv.*", "pDlyLow"}, COUNT(inverseLine(c.taps, lowOffset(c)))},
+    {{"WTInv.*", "pDlyHigh"}, COUNT(inverseLine(highTaps(c), highOffset(c)))},
+    {{"WTFwd_.*", "pSrc"}, COUNT(2 * c.n)},
+    {{"WTInv_.*", "pDst"}, COUNT(2 * c.n)},
+    {{".*", "p(Src|Dst)(Low|High)"}, COUNT(c.n)},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
     {{"GoertzTwo.*", "pVal"}, COUNT(2)},
@@ -126,7 +158,12 @@ double levelOf(const Case& c) {
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
-    {{".*", "len|lenDst|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"Hilbert.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"WT.*", "lenLow"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
+    {{"WT.*", "lenHigh"}, NUMBER(highTaps(c)), belowOne, orbStsSizeErr},
+    {{"WT.*", "offsLow"}, NUMBER(lowOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
+    {{"WT.*", "offsHigh"}, NUMBER(highOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
+    {{".*", "len|lenDst|dstLen|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "phaseScaleFactor"}, oneOf<-12, 0, 1, -10, INT_MIN, 40, -17, INT_MAX>},
@@ -271,6 +308,7 @@ const Exception resultsDependOnPlace[] = {
 };
 const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
+    {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
 };
 
@@ -303,6 +341,10 @@ const OrderRule orderRules[] = {
     {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
     {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
+    {{"WT(Fwd|Inv)InitAlloc_.*", ""},
+     {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
+    {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
+    {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
     {{"FIR\\w*_Direct_.*", ""},
      {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "tapsLen", "pDlyLine", "pDlyLineIndex",
       "*"}},
@@ -409,6 +451,19 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 1700}), {5, 70}),
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
               everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
+    // Of every plan of the transforms inside.
+    {{"Hilbert.*", ""},
+     lengthsUpTo(70),
+     lengths({151, 181, 302, 1000, 1009, 1024, 2310, 5003}),
+     lengths({1, 3, 9, 60, 64, 101, 302}),
+     numbered(lengthsUpTo(70) + lengths({149, 151, 181, 302, 1000, 1009, 1024, 2310, 5003}))},
+    // Around a vector, a head of a block, a piece of one, and several.
+    {{"WT(Fwd|Inv)([A-Z].*)?_.*", ""},
+     withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 9, 16, 33}),
+     withTaps(lengths({511, 512, 513, 1024, 1025, 1600}), {1, 2, 8, 17, 130}),
+     withTaps(lengths({9, 9, 9, 9, 600}), {5, 1, 2, 8}),
+     numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 9, 16, 33}) +
+              everyPair(lengths({511, 512, 513, 1025, 1600}), {1, 2, 3, 8, 17, 64, 130}))},
     // Deviations are of two elements and more.
     {{"(Mean)?StdDev_.*", ""},
      lengthsFrom(2, 70),
