@@ -210,15 +210,14 @@ TYPED_TEST(Dft, NotANumberSpreads) {
     const auto isNotANumber = [](T t) { return t != t; };
     for (std::size_t n : {3u, 7u, 12u, 77u, 149u, 151u, 302u, 945u}) {
         auto x = randomVector<T>(2 * n);
-        x[2 * (n / 2)] = std::numeric_limits<T>::quiet_NaN();
+        x[n - 2] = std::numeric_limits<T>::quiet_NaN(); // in Perm layout a real part
         const auto spec = TypeParam::interleaved.make(n);
         std::vector<T> y(2 * n);
         TypeParam::complex[0](asComplex<const C>(x.data()), asComplex<C>(y.data()), spec.get(), nullptr);
         for (std::size_t k = 0; k < n; ++k) EXPECT_TRUE(isNotANumber(y[2 * k]) || isNotANumber(y[2 * k + 1])) << n;
         const auto real = TypeParam::real.make(n);
         TypeParam::inverse[perm](x.data(), y.data(), real.get(), nullptr);
-        const bool among = 2 * (n / 2) < n; // it is one of the first n values
-        for (std::size_t k = 0; among && k < n; ++k) EXPECT_TRUE(isNotANumber(y[k])) << n << " " << k;
+        for (std::size_t k = 0; k < n; ++k) EXPECT_TRUE(isNotANumber(y[k])) << n << " " << k;
     }
 }
 
@@ -237,8 +236,11 @@ std::size_t fftWork(std::size_t n, bool real, std::size_t valueSize) {
     return static_cast<std::size_t>(work);
 }
 // The complex values of scratch that a mixed-radix plan counts for its largest general radix.
-std::size_t generalRadixScratch(std::size_t n) {
-    const auto radices = radicesOf(n);
+std::size_t generalRadixScratch(std::size_t n, bool outOfOrder) {
+    auto radices = radicesOf(n);
+    // A 4 or a 2 changes places with the final radix.
+    const std::size_t even = radices[0] != 4 && radices[1] == 4 ? 1 : 0;
+    if (!outOfOrder && radices[even] % 2 == 0) std::swap(radices[even], radices.back());
     std::size_t values = 0, rest = n;
     for (std::size_t i = 0; i < radices.size(); ++i) {
         rest /= radices[i];
@@ -254,7 +256,7 @@ std::size_t definedWork(std::size_t n, bool real, std::size_t r, bool outOfOrder
     case Plan::powerOfTwo:
         return fftWork(n, real, r);
     case Plan::mixedRadix:
-        return 2 * r * ((outOfOrder ? 0 : points) + generalRadixScratch(points)) + 64;
+        return 2 * r * ((outOfOrder ? 0 : points) + generalRadixScratch(points, outOfOrder)) + 64;
     case Plan::direct:
         return (real && n % 2 ? r : 2 * r) * points + 32;
     case Plan::chirp: {

@@ -46,7 +46,7 @@ void smallInverse(const T* perm, T* x, std::size_t n, T scale) {
 
 template <class T>
 void smallToFormat(const T* x, T* dst, std::size_t n, Format format, T scale) {
-    T perm[4];
+    T perm[8];
     smallForward(x, perm, n, scale);
     const Spectrum<T> spectrum = spectrumAt(dst, n, format, T(1));
     dst[0] = perm[0];
@@ -55,7 +55,7 @@ void smallToFormat(const T* x, T* dst, std::size_t n, Format format, T scale) {
 }
 template <class T>
 void smallFromFormat(const T* src, T* x, std::size_t n, Format format, T scale) {
-    T perm[4] = {src[0]};
+    T perm[8] = {src[0]};
     if (n > 2) std::copy_n(spectrumAt(src, n, format, T(1)).pairs + 2, 2, perm + n - 2);
     if (n % 2 == 0) perm[1] = fft::middleOf(src, n, format);
     smallInverse(perm, x, n, scale);
