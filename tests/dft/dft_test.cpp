@@ -46,8 +46,8 @@ TYPED_TEST(Dft, ComplexAgreesWithLongDouble) {
     for (std::size_t n : lengths()) expectComplexAccurate<TypeParam>(n);
 }
 
-// In place, with and without a buffer, in planes, each of them in place or not: always the same bits, and nothing outside
-// the buffer of the size told is touched.
+// In place, with and without a buffer, in planes, each of them in place or not: always the same bits, and nothing
+// outside the buffer of the size told is touched.
 template <class P>
 void expectSameBitsHoweverCalled(std::size_t n, int inverse) {
     using T = typename P::Real;
@@ -228,10 +228,10 @@ std::size_t fftWork(std::size_t n, bool real, std::size_t valueSize) {
     const int order = std::countr_zero(n);
     if (valueSize == 4) {
         (real ? orbsFFTGetSize_R_32f : orbsFFTGetSize_C_32fc)(order, ORB_FFT_SCALE_NONE, orbAlgHintNone, &spec, &init,
-                                                               &work);
+                                                              &work);
     } else {
         (real ? orbsFFTGetSize_R_64f : orbsFFTGetSize_C_64fc)(order, ORB_FFT_SCALE_NONE, orbAlgHintNone, &spec, &init,
-                                                               &work);
+                                                              &work);
     }
     return static_cast<std::size_t>(work);
 }
@@ -244,7 +244,8 @@ std::size_t generalRadixScratch(std::size_t n, bool outOfOrder) {
     std::size_t values = 0, rest = n;
     for (std::size_t i = 0; i < radices.size(); ++i) {
         rest /= radices[i];
-        if (radices[i] > 5) values = std::max(values, i + 1 < radices.size() && rest % 4 == 0 ? 4 * radices[i] : radices[i]);
+        if (radices[i] > 5)
+            values = std::max(values, i + 1 < radices.size() && rest % 4 == 0 ? 4 * radices[i] : radices[i]);
     }
     return values;
 }
@@ -281,7 +282,8 @@ TYPED_TEST(Dft, WorkSizesAreThoseDefined) {
 template <class S>
 void expectRefused(const Cycle<S>& cycle) {
     S* spec = nullptr;
-    EXPECT_EQ(cycle.init(&spec, std::numeric_limits<int>::max(), ORB_FFT_SCALE_NONE, orbAlgHintNone), orbStsMemAllocErr);
+    EXPECT_EQ(cycle.init(&spec, std::numeric_limits<int>::max(), ORB_FFT_SCALE_NONE, orbAlgHintNone),
+              orbStsMemAllocErr);
     EXPECT_EQ(cycle.init(&spec, 1 << 30, ORB_FFT_SCALE_NONE, orbAlgHintNone), orbStsMemAllocErr);
     EXPECT_EQ(spec, nullptr);
 }

@@ -53,9 +53,9 @@ TEST(DftSixteenBits, ComplexIsSinglePrecisionBetweenConversions) {
                 const auto want = rounded(y, s);
                 std::vector<Orb16s> got(2 * n), re(n), im(n);
                 const auto* source = reinterpret_cast<const Orb16sc*>(x.data());
-                ASSERT_EQ(complex16[inverse](source, reinterpret_cast<Orb16sc*>(got.data()), spec.get(), s,
-                                             buffer.data()),
-                          orbStsNoErr);
+                ASSERT_EQ(
+                    complex16[inverse](source, reinterpret_cast<Orb16sc*>(got.data()), spec.get(), s, buffer.data()),
+                    orbStsNoErr);
                 EXPECT_TRUE(sameBits(got, want)) << nameOf(complex16[inverse]) << " of length " << n << ", " << s;
                 got = x;
                 auto* block = reinterpret_cast<Orb16sc*>(got.data());

@@ -18,8 +18,10 @@ constexpr Orb32s tagC32fc = 13, tagC32f = 14, tagOutOfOrder32fc = 0x434D414A;
 // The 16-bit members run on these.
 template OrbStatus orbs::dft::interleaved<false>(const Orb32fc*, Orb32fc*, const Spec<Orb32f>*, Orb8u*, Orb32s);
 template OrbStatus orbs::dft::interleaved<true>(const Orb32fc*, Orb32fc*, const Spec<Orb32f>*, Orb8u*, Orb32s);
-template OrbStatus orbs::dft::planes<false>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*, Orb32s);
-template OrbStatus orbs::dft::planes<true>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*, Orb32s);
+template OrbStatus orbs::dft::planes<false>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*,
+                                            Orb32s);
+template OrbStatus orbs::dft::planes<true>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*,
+                                           Orb32s);
 
 // clang-format off
 extern "C" {

@@ -108,9 +108,10 @@ HWY_INLINE void realForward(const Radix& radix, In in, First first, Out out) {
         total = total + sums[j];
     });
     first(total);
-    radix.sums(x0, sums, differences, [&](int k, V a, V b) __attribute__((always_inline)) {
-        out(k, fft::Cx<V>{a, b});
-    });
+    radix.sums(
+        x0, sums, differences, [&](int k, V a, V b) __attribute__((always_inline)) {
+            out(k, fft::Cx<V>{a, b});
+        });
 }
 // And back: out(j, x[j]) from the real X[0] = first and X[k] = in(k).
 template <class Radix, class V, class In, class Out>
@@ -124,10 +125,11 @@ HWY_INLINE void realInverse(const Radix& radix, V first, In in, Out out) {
         total = total + sums[k];
     });
     out(0, total);
-    radix.sums(first, sums, differences, [&](int j, V a, V b) __attribute__((always_inline)) {
-        out(j, a + b);
-        out(radix.size - j, a - b);
-    });
+    radix.sums(
+        first, sums, differences, [&](int j, V a, V b) __attribute__((always_inline)) {
+            out(j, a + b);
+            out(radix.size - j, a - b);
+        });
 }
 
 // Complex elements, low(k) being element k and high(k) element p - k of what `in` gives.
@@ -144,10 +146,11 @@ HWY_INLINE void complexButterfly(const Radix& radix, In in, First first, Low low
         total = total + sums[j];
     });
     first(total);
-    radix.sums(x0, sums, differences, [&](int k, X a, X b) __attribute__((always_inline)) {
-        low(k, fft::addTurned<!Inverse>(a, b));
-        high(k, fft::subTurned<!Inverse>(a, b));
-    });
+    radix.sums(
+        x0, sums, differences, [&](int k, X a, X b) __attribute__((always_inline)) {
+            low(k, fft::addTurned<!Inverse>(a, b));
+            high(k, fft::subTurned<!Inverse>(a, b));
+        });
 }
 
 // Calls body with the radix, known to the code or not.

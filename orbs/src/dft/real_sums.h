@@ -16,8 +16,8 @@ MirrorPairs<T> mirrorPairs(const Spec<T>& spec, Orb8u* work) {
     return {values, values + spec.length / 2};
 }
 
-// The sums a[k] and b[k] of odd_radix.h, k = 1 to h at k - 1, in room for largestRealRun values. Returns the first value
-// plus all sums.
+// The sums a[k] and b[k] of odd_radix.h, k = 1 to h at k - 1, in room for largestRealRun values. Returns the first
+// value plus all sums.
 constexpr std::size_t largestRealRun = (realDirectLimit / 2 + 15) / 16 * 16;
 template <class T>
 T sumInLanes(const Spec<T>& spec, T first, MirrorPairs<T> pairs, T* a, T* b) {
@@ -157,7 +157,8 @@ OrbStatus chirpInverse(const Spec<T>& spec, Spectrum<const T> spectrum, T* dst, 
         to.store(d, k, conjugate(x));
         fft::storeReversed(d, to, points - k - hn::MaxLanes(d) + 1, x);
     });
-    return chirp::run<T>(spec.chirp, points, chirp::FromInterleaved<T>{whole}, points, IntoSamples<T>{dst, scale}, work);
+    return chirp::run<T>(spec.chirp, points, chirp::FromInterleaved<T>{whole}, points, IntoSamples<T>{dst, scale},
+                         work);
 }
 
 } // namespace orbs::dft

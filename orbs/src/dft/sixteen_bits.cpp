@@ -12,8 +12,10 @@ namespace orbs::dft {
 
 extern template OrbStatus interleaved<false>(const Orb32fc*, Orb32fc*, const Spec<Orb32f>*, Orb8u*, Orb32s);
 extern template OrbStatus interleaved<true>(const Orb32fc*, Orb32fc*, const Spec<Orb32f>*, Orb8u*, Orb32s);
-extern template OrbStatus planes<false>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*, Orb32s);
-extern template OrbStatus planes<true>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*, Orb32s);
+extern template OrbStatus planes<false>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*,
+                                        Orb32s);
+extern template OrbStatus planes<true>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*,
+                                       Orb32s);
 extern template OrbStatus forwardReal(const Spec<Orb32f>&, const Orb32f*, Orb32f*, Format, Orb8u*);
 extern template OrbStatus inverseReal(const Spec<Orb32f>&, const Orb32f*, Orb32f*, Format, Orb8u*);
 
@@ -21,8 +23,12 @@ namespace {
 
 constexpr Orb32s tagC16sc = 10, tagC16s = 11, tagR16s = 12;
 
-constexpr std::uint64_t moreComplexWork(int length) { return length < 1 ? 0 : 8 * std::uint64_t(length) + 32; }
-constexpr std::uint64_t moreRealWork(int length) { return length < 1 ? 0 : 4 * std::uint64_t(length) + 40; }
+constexpr std::uint64_t moreComplexWork(int length) {
+    return length < 1 ? 0 : 8 * std::uint64_t(length) + 32;
+}
+constexpr std::uint64_t moreRealWork(int length) {
+    return length < 1 ? 0 : 4 * std::uint64_t(length) + 40;
+}
 
 // Calls run(values, buffer) with room for `count` values and the rest of the work area. A single point needs none.
 template <class Run>
@@ -48,7 +54,8 @@ OrbStatus narrow(const Spec<Orb32f>& spec, const Orb32f* from, Orb16s* to, std::
 }
 
 template <bool Inverse>
-OrbStatus interleaved16(const Orb16sc* pSrc, Orb16sc* pDst, const Spec<Orb32f>* pSpec, int scaleFactor, Orb8u* pBuffer) {
+OrbStatus interleaved16(const Orb16sc* pSrc, Orb16sc* pDst, const Spec<Orb32f>* pSpec, int scaleFactor,
+                        Orb8u* pBuffer) {
     if (const OrbStatus status = checkCall(pSpec, tagC16sc, pSrc, pDst)) return status;
     const auto count = 2 * static_cast<std::size_t>(pSpec->length);
     return inSinglePrecision(*pSpec, count, pBuffer, [&](Orb32f* values, Orb8u* buffer) {
