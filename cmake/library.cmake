@@ -16,7 +16,6 @@ if(ORBS_SANITIZE)
     set_source_files_properties(
         ${PROJECT_SOURCE_DIR}/orbs/src/fft/fft_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/fft/fft_64f.cpp
         ${PROJECT_SOURCE_DIR}/orbs/src/dft/dft_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/dft/dft_64f.cpp
-        ${PROJECT_SOURCE_DIR}/orbs/src/dft/real_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/dft/real_64f.cpp
         PROPERTIES COMPILE_OPTIONS "-O1;-g1;-fno-var-tracking;--param;asan-stack=0")
 endif()
 

@@ -4,7 +4,7 @@
 // short for that, run on several transforms at a time, in lanes, and put their blocks in order as they store them.
 #pragma once
 
-#include "dft/odd_radix.h"
+#include "dft/butterflies.h"
 #include "dft/spec.h"
 #include "fft/real.h"
 
@@ -35,26 +35,26 @@ struct Run {
     }
     // k, k + 1, ...
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> load(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t k) const {
         return {hn::LoadU(d, base + k), hn::Reverse(d, hn::LoadU(d, base + n - k - hn::MaxLanes(d) + 1))};
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         hn::StoreU(x.re, d, base + k);
         hn::StoreU(hn::Reverse(d, x.im), d, base + n - k - hn::MaxLanes(d) + 1);
     }
     // k, k - 1, ...
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
         return {hn::Reverse(d, hn::LoadU(d, base + k - hn::MaxLanes(d) + 1)), hn::LoadU(d, base + n - k)};
     }
     template <class D>
-    HWY_INLINE void storeBack(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void storeBack(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         hn::StoreU(hn::Reverse(d, x.re), d, base + k - hn::MaxLanes(d) + 1);
         hn::StoreU(x.im, d, base + n - k);
     }
     template <class D>
-    HWY_INLINE static fft::Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
+    HWY_INLINE static Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
         return {hn::LoadU(d, row + k - 1), hn::LoadU(d, row + columns + k - 1)};
     }
 };
@@ -75,24 +75,24 @@ struct InLanes {
         hn::Store(x, d, base);
     }
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> load(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t k) const {
         return {hn::Load(d, base + k * lanes), hn::Load(d, base + (n - k) * lanes)};
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         hn::Store(x.re, d, base + k * lanes);
         hn::Store(x.im, d, base + (n - k) * lanes);
     }
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
         return load(d, k);
     }
     template <class D>
-    HWY_INLINE void storeBack(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void storeBack(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         store(d, k, x);
     }
     template <class D>
-    HWY_INLINE static fft::Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
+    HWY_INLINE static Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
         return {hn::Set(d, row[k - 1]), hn::Set(d, row[columns + k - 1])};
     }
 };
@@ -116,7 +116,7 @@ struct Spectrum {
         return fft::Interleaved<T>{pairs}.load(d, k);
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         fft::Interleaved<T>{pairs}.store(d, k, x * hn::Set(d, scale));
     }
     template <class D>
@@ -124,7 +124,7 @@ struct Spectrum {
         return fft::loadReversed(d, fft::Interleaved<T>{pairs}, k - hn::MaxLanes(d) + 1);
     }
     template <class D>
-    HWY_INLINE void storeBack(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void storeBack(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         fft::storeReversed(d, fft::Interleaved<T>{pairs}, k - hn::MaxLanes(d) + 1, x * hn::Set(d, scale));
     }
 };
@@ -139,7 +139,7 @@ std::size_t columnsOf(const Stage<T>& stage) {
 }
 
 template <class V>
-HWY_INLINE fft::Cx<V> conjugate(fft::Cx<V> x) {
+HWY_INLINE Cx<V> conjugate(Cx<V> x) {
     return {x.re, hn::Neg(x.im)};
 }
 
@@ -155,7 +155,7 @@ HWY_INLINE void joinReal(const Radix& radix, const Stage<T>& stage, D d, Blocks 
 }
 template <class T, class Radix, class D, class Blocks, class Whole>
 HWY_INLINE void joinColumns(const Radix& radix, const Stage<T>& stage, D d, Blocks blocks, Whole whole, std::size_t k) {
-    using X = fft::Cx<hn::Vec<D>>;
+    using X = Cx<hn::Vec<D>>;
     const std::size_t rest = static_cast<std::size_t>(stage.rest), columns = columnsOf(stage);
     const auto at = [=](int q) { return static_cast<std::size_t>(q) * rest; };
     complexButterfly<false>(
@@ -179,7 +179,7 @@ HWY_INLINE void splitReal(const Radix& radix, const Stage<T>& stage, D d, Blocks
 template <class T, class Radix, class D, class Blocks, class Whole>
 HWY_INLINE void splitColumns(const Radix& radix, const Stage<T>& stage, D d, Blocks blocks, Whole whole,
                              std::size_t k) {
-    using X = fft::Cx<hn::Vec<D>>;
+    using X = Cx<hn::Vec<D>>;
     const std::size_t rest = static_cast<std::size_t>(stage.rest), columns = columnsOf(stage);
     const auto at = [=](int q) { return static_cast<std::size_t>(q) * rest; };
     const auto put = [&](int q, X x) __attribute__((always_inline)) {
@@ -238,12 +238,12 @@ HWY_INLINE void exchangeLanes(D d, T* local, std::size_t points, T* blocks, cons
         for (std::size_t n = 0; points >= lanes && n < points; n += lanes) {
             const std::size_t i = std::min(n, points - lanes);
             hn::Vec<D> v[lanes];
-            fft::repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
+            repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
                 const auto lane = static_cast<std::size_t>(l);
                 v[l] = toBlocks ? hn::Load(d, local + (i + lane) * lanes) : hn::LoadU(d, block(lane) + i);
             });
             fft::transpose(d, v);
-            fft::repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
+            repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
                 const auto lane = static_cast<std::size_t>(l);
                 if constexpr (toBlocks) {
                     hn::StoreU(v[l], d, block(lane) + i);
