@@ -1,12 +1,11 @@
 // Forward transforms of integers through floats, beside the same with FFTW: a loop that converts, the transform planned
 // with FFTW_MEASURE, and a loop that scales, rounds, saturates and converts back.
+#include "fftw.h"
 #include "orbs.h"
 #include "vectors.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <fftw3.h>
 #include <limits>
 #include <string>
 
@@ -14,35 +13,6 @@ namespace {
 
 constexpr int orders[] = {2, 3, 6, 8, 10, 12, 16, 18};
 constexpr int scaleFactor = 5;
-
-// FFTW by the type of its samples.
-template <class T>
-struct Fftw;
-template <>
-struct Fftw<Orb32f> {
-    using Complex = fftwf_complex;
-    static constexpr auto planComplex = fftwf_plan_dft_1d;
-    static constexpr auto planReal = fftwf_plan_dft_r2c_1d;
-    static constexpr auto execute = fftwf_execute;
-    static constexpr auto destroy = fftwf_destroy_plan;
-};
-template <>
-struct Fftw<Orb64f> {
-    using Complex = fftw_complex;
-    static constexpr auto planComplex = fftw_plan_dft_1d;
-    static constexpr auto planReal = fftw_plan_dft_r2c_1d;
-    static constexpr auto execute = fftw_execute;
-    static constexpr auto destroy = fftw_destroy_plan;
-};
-
-template <class Call>
-void measure(benchmark::State& run, Call call) {
-    call();
-    for (auto _ : run) {
-        call();
-        benchmark::ClobberMemory();
-    }
-}
 
 template <class T, class F>
 void convertTo(const T* from, F* to, std::size_t count) {
@@ -85,26 +55,25 @@ void addTransform(const std::string& member, const Members<X, Spec>& members) {
             members.init(&spec, order, ORB_FFT_SCALE_NONE, orbAlgHintNone);
             members.bufferSize(spec, &size);
             Orb8u* const buffer = orbsMalloc_8u(size);
-            measure(run, [=] { members.transform(x, y, spec, scaleFactor, buffer); });
+            fftw::measure(run, [=] { members.transform(x, y, spec, scaleFactor, buffer); });
             orbsFree(buffer);
             members.release(spec);
         });
         add("fftw", [=](benchmark::State& run) {
-            using Complex = typename Fftw<F>::Complex;
+            static const fftw::Plans plans;
             const auto plan = [=] {
                 if constexpr (isReal) {
-                    return Fftw<F>::planReal(static_cast<int>(len), f, reinterpret_cast<Complex*>(g), FFTW_MEASURE);
+                    return fftw::planReal<F>(static_cast<int>(len), f, g);
                 } else {
-                    return Fftw<F>::planComplex(static_cast<int>(len), reinterpret_cast<Complex*>(f),
-                                                reinterpret_cast<Complex*>(g), FFTW_FORWARD, FFTW_MEASURE);
+                    return fftw::planComplex<F>(static_cast<int>(len), f, g);
                 }
             }();
-            measure(run, [=] {
+            fftw::measure(run, [=] {
                 convertTo(reinterpret_cast<const T*>(x), f, in);
-                Fftw<F>::execute(plan);
+                fftw::Fftw<F>::execute(plan);
                 convertBack(g, reinterpret_cast<T*>(y), out);
             });
-            Fftw<F>::destroy(plan);
+            fftw::Fftw<F>::destroy(plan);
         });
     }
 }

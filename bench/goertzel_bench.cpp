@@ -35,6 +35,12 @@ auto recursion(const S* x, int len, F rFreq) {
     return result;
 }
 
+// Frequencies and results.
+constexpr Orb32f singles[] = {Orb32f(twoFrequencies[0]), Orb32f(twoFrequencies[1])};
+Orb32fc single[2];
+Orb64fc twice[2];
+Orb16sc integers[2];
+
 template <class F, class S, class Call>
 void addSingle(const char* member, Call call) {
     const S* const x = buffer<S>(0);
@@ -51,10 +57,6 @@ void addTwo(const char* member, Call call) {
 }
 
 [[maybe_unused]] const bool registered = [] {
-    static Orb32fc single[2];
-    static Orb64fc twice[2];
-    static Orb16sc integers[2];
-    static constexpr Orb32f singles[] = {Orb32f(twoFrequencies[0]), Orb32f(twoFrequencies[1])};
     constexpr auto f = Orb32f(frequency);
     addSingle<Orb32f, Orb32f>("Goertz_32f", [=](auto* x, int len) { orbsGoertz_32f(x, len, single, f); });
     addSingle<Orb32f, Orb32fc>("Goertz_32fc", [=](auto* x, int len) { orbsGoertz_32fc(x, len, single, f); });

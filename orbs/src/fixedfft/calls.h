@@ -88,16 +88,43 @@ Stored storedBy(const S& spec, int headroom, int scaleFactor) {
 
 // ---- Complex ----
 
-// Through the integer core: read(n) is a point, store(n, re, im) takes what becomes of it.
-template <bool Inverse, class S, class Read, class Store>
-OrbStatus nativeComplex(const S& spec, int scaleFactor, Read read, Store store) {
+// Points of 16 bits on the stack, and back.
+template <int points>
+void gather(Orb16s (&to)[2 * points], const Orb16sc* from) {
+    std::memcpy(to, from, sizeof to);
+}
+template <int points>
+void gather(Orb16s (&to)[2 * points], fft::Planes<const Orb16s> from) {
+    for (int n = 0; n < points; ++n) {
+        to[2 * n] = elementAt(from.re + n);
+        to[2 * n + 1] = elementAt(from.im + n);
+    }
+}
+template <int points>
+void scatter(const Orb16s (&from)[2 * points], Orb16sc* to) {
+    std::memcpy(to, from, sizeof from);
+}
+template <int points>
+void scatter(const Orb16s (&from)[2 * points], fft::Planes<Orb16s> to) {
+    for (int n = 0; n < points; ++n) {
+        setElement(to.re + n, from[2 * n]);
+        setElement(to.im + n, from[2 * n + 1]);
+    }
+}
+
+// Through the integer core.
+template <bool Inverse, class S, class From, class To>
+OrbStatus nativeComplex(const S& spec, int scaleFactor, From from, To to) {
     withOrder<0>(spec.order, [=, &spec](auto constant) {
         constexpr int order = constant, points = 1 << order;
-        Point x[points];
-        for (int n = 0; n < points; ++n) x[Inverse ? (points - n) % points : n] = withHeadroom<order>(read(n));
+        Orb16s numbers[2 * points];
+        gather<points>(numbers, from);
+        Point<Orb32s> x[points];
+        for (int n = 0; n < points; ++n)
+            x[Inverse ? (points - n) % points : n] = withHeadroom<Orb32s, order>(numbers[2 * n], numbers[2 * n + 1]);
         fourier<order>(x);
-        const Stored stored = storedBy<Inverse>(spec, headroomOf(order), scaleFactor);
-        for (int n = 0; n < points; ++n) store(n, stored(x[n].re), stored(x[n].im));
+        storedBy<Inverse>(spec, headroomOf(order), scaleFactor).template store<2 * points>(&x[0].re, numbers);
+        scatter<points>(numbers, to);
     });
     return orbStsNoErr;
 }
@@ -105,29 +132,17 @@ OrbStatus nativeComplex(const S& spec, int scaleFactor, Read read, Store store) 
 template <bool Inverse, class S, class C>
 OrbStatus interleaved(const C* pSrc, C* pDst, const S* pSpec, int scaleFactor, Orb8u* pBuffer) {
     if (const OrbStatus status = checkCall(pSpec, pSrc, pDst)) return status;
-    const auto* const src = asReal(pSrc);
-    auto* const dst = asReal(pDst);
     if constexpr (S::hasCore) {
-        if (!pSpec->viaFloat) {
-            return nativeComplex<Inverse>(
-                *pSpec, scaleFactor,
-                [=](int n) {
-                    return Point{elementAt(src + 2 * n), elementAt(src + 2 * n + 1)};
-                },
-                [=](int n, auto re, auto im) {
-                    setElement(dst + 2 * n, re);
-                    setElement(dst + 2 * n + 1, im);
-                });
-        }
+        if (!pSpec->viaFloat) return nativeComplex<Inverse>(*pSpec, scaleFactor, pSrc, pDst);
     }
     using Members = fft::Members<typename S::Inner>;
     return withFloats(*pSpec, pBuffer, [=](auto* floats, Orb8u* rest) -> OrbStatus {
         const int count = 2 << pSpec->order;
-        toFloats(src, floats, count);
+        toFloats(asReal(pSrc), floats, count);
         const auto transform = Inverse ? Members::inverse : Members::forward;
         auto* const points = reinterpret_cast<PointOf<typename S::Inner>*>(floats);
         if (const OrbStatus status = transform(points, points, pSpec->inner, rest)) return status;
-        toIntegers(floats, dst, count, scaleFactor);
+        toIntegers(floats, asReal(pDst), count, scaleFactor);
         return orbStsNoErr;
     });
 }
@@ -137,17 +152,9 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
                  Orb8u* pBuffer) {
     if (const OrbStatus status = checkCall(pSpec, pSrcRe, pSrcIm, pDstRe, pDstIm)) return status;
     if constexpr (S::hasCore) {
-        if (!pSpec->viaFloat) {
-            return nativeComplex<Inverse>(
-                *pSpec, scaleFactor,
-                [=](int n) {
-                    return Point{elementAt(pSrcRe + n), elementAt(pSrcIm + n)};
-                },
-                [=](int n, auto re, auto im) {
-                    setElement(pDstRe + n, re);
-                    setElement(pDstIm + n, im);
-                });
-        }
+        if (!pSpec->viaFloat)
+            return nativeComplex<Inverse>(*pSpec, scaleFactor, fft::Planes<const T>{pSrcRe, pSrcIm},
+                                          fft::Planes<T>{pDstRe, pDstIm});
     }
     using Members = fft::Members<typename S::Inner>;
     return withFloats(*pSpec, pBuffer, [=](auto* re, Orb8u* rest) -> OrbStatus {
@@ -168,58 +175,55 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
 // One sample is its own spectrum.
 template <bool Inverse, class S>
 Orb16s nativeSample(const S& spec, Orb16s x, int scaleFactor) {
-    return storedBy<Inverse>(spec, headroomOf(0), scaleFactor)(withHeadroom<0>({x, 0}).re);
+    Orb32s value = withHeadroom<Orb32s, 0>(x, 0).re;
+    Orb16s result;
+    storedBy<Inverse>(spec, headroomOf(0), scaleFactor).template store<1>(&value, &result);
+    return result;
 }
 
 // The core has the half that is enough as R0 and RM, then the bins from the first on.
-template <class S, class T>
-OrbStatus nativeForward(const S& spec, const T* pSrc, T* pDst, int scaleFactor, Format format) {
+template <class S>
+OrbStatus nativeForward(const S& spec, const Orb16s* pSrc, Orb16s* pDst, int scaleFactor, Format format) {
     const int samples = 1 << spec.order;
-    T spectrum[(1 << nativeOrders) + 2];
+    Orb16s spectrum[(1 << nativeOrders) + 2];
     if (spec.order == 0) {
         spectrum[0] = nativeSample<false>(spec, elementAt(pSrc), scaleFactor);
     } else {
         withOrder<1>(spec.order, [&](auto order) {
             constexpr int coreOrder = order - 1, m = 1 << coreOrder;
-            Point z[m];
+            Point<Orb32s> z[m];
             for (int n = 0; n < m; ++n)
-                z[n] = withHeadroom<coreOrder>({elementAt(pSrc + 2 * n), elementAt(pSrc + 2 * n + 1)});
+                z[n] = withHeadroom<Orb32s, coreOrder>(elementAt(pSrc + 2 * n), elementAt(pSrc + 2 * n + 1));
             fourier<coreOrder>(z);
             recombineForward<m>(z);
-            const Stored stored = storedBy<false>(spec, headroomOf(coreOrder), scaleFactor);
-            for (int n = 0; n < m; ++n) {
-                spectrum[2 * n] = stored(z[n].re);
-                spectrum[2 * n + 1] = stored(z[n].im);
-            }
+            storedBy<false>(spec, headroomOf(coreOrder), scaleFactor).template store<2 * m>(&z[0].re, spectrum);
         });
     }
     fft::formatSpectrum(spectrum, static_cast<std::size_t>(samples), format);
-    for (int n = 0; n < lengthOf(format, samples); ++n) setElement(pDst + n, spectrum[n]);
+    std::memcpy(pDst, spectrum, static_cast<std::size_t>(lengthOf(format, samples)) * sizeof(Orb16s));
     return orbStsNoErr;
 }
 
-template <class S, class T>
-OrbStatus nativeInverse(const S& spec, const T* pSrc, T* pDst, int scaleFactor, Format format) {
+template <class S>
+OrbStatus nativeInverse(const S& spec, const Orb16s* pSrc, Orb16s* pDst, int scaleFactor, Format format) {
     if (spec.order == 0) {
         setElement(pDst, nativeSample<true>(spec, elementAt(pSrc), scaleFactor));
         return orbStsNoErr;
     }
     withOrder<1>(spec.order, [=, &spec](auto order) {
         constexpr int coreOrder = order - 1, m = 1 << coreOrder;
-        const T* const bins = pSrc - fft::pairsBefore(format);
-        const T* const middle = pSrc + (format == Format::ccs ? 2 * m : format == Format::pack ? 2 * m - 1 : 1);
-        Point z[m];
-        z[0] = withHeadroom<coreOrder>({elementAt(pSrc), elementAt(middle)});
+        const Orb16s* const bins = pSrc - fft::pairsBefore(format);
+        const Orb16s* const middle = pSrc + (format == Format::ccs ? 2 * m : format == Format::pack ? 2 * m - 1 : 1);
+        Point<Wide> z[m];
+        z[0] = withHeadroom<Wide, coreOrder>(elementAt(pSrc), elementAt(middle));
         for (int k = 1; k < m; ++k)
-            z[k] = withHeadroom<coreOrder>({elementAt(bins + 2 * k), elementAt(bins + 2 * k + 1)});
+            z[k] = withHeadroom<Wide, coreOrder>(elementAt(bins + 2 * k), elementAt(bins + 2 * k + 1));
         recombineInverse<m>(z);
         std::reverse(z + 1, z + m);
         fourier<coreOrder>(z);
-        const Stored stored = storedBy<true>(spec, headroomOf(coreOrder), scaleFactor);
-        for (int n = 0; n < m; ++n) {
-            setElement(pDst + 2 * n, stored(z[n].re));
-            setElement(pDst + 2 * n + 1, stored(z[n].im));
-        }
+        Orb16s results[2 * m];
+        storedBy<true>(spec, headroomOf(coreOrder), scaleFactor).template store<2 * m>(&z[0].re, results);
+        std::memcpy(pDst, results, sizeof results);
     });
     return orbStsNoErr;
 }
