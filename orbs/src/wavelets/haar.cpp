@@ -127,7 +127,7 @@ void inversePairs(Op op, std::size_t count, const T* low, const T* high, T* dst)
 }
 
 template <class Op, class T>
-void convertLone(Op op, const T* from, T* to) {
+HWY_INLINE void convertLone(Op op, const T* from, T* to) {
     if constexpr (std::is_floating_point_v<T>) {
         std::memcpy(to, from, sizeof(T));
     } else {
