@@ -158,11 +158,13 @@ OrbStatus orbsDFTInv_PermToR_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFT
  * Alignment: of the elements.
  * The data become single precision, are transformed by the plan of their length, and come back as
  *
- *     result * 2^-scaleFactor, to the nearest integer, ties to even, saturated to -32768 to 32767.
+ *     result * 2^-scaleFactor, to the nearest integer, ties to even, saturated to -32768 to 32767,
  *
- * No scaleFactor is an error. _16sc: interleaved; C objects of _16s: two planes; R objects: real data in the layouts above.
+ * as orbsConvert_32f16s_Sfs does it: with a scaleFactor below -127 a result of 0 becomes 32767. No scaleFactor is an
+ * error. _16sc: interleaved; C objects of _16s: two planes; R objects: real data in the layouts above.
  * Between exact result and integer stand the errors of the transform in single precision: with N points of full range and
- * scaleFactor 0 about 2^-8 of the root of N. A length of 1 only scales. pDst may be pSrc; planes as in the complex DFT.
+ * scaleFactor 0 about 2^-8 of the root of N. A length of 1 only scales, and keeps 0. pDst may be pSrc; planes as in the
+ * complex DFT.
  *
  * pBuffer: as in the complex DFT, of the size that GetBufSize tells of the 16-bit object; used from length 2 on.
  * Statuses: orbStsNullPtrErr (pSpec), orbStsContextMatchErr, orbStsNullPtrErr (data), orbStsMemAllocErr. */

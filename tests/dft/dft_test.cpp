@@ -46,8 +46,8 @@ TYPED_TEST(Dft, ComplexAgreesWithLongDouble) {
     for (std::size_t n : lengths()) expectComplexAccurate<TypeParam>(n);
 }
 
-// In place, with and without a buffer, in planes, each of them in place or not: always the same bits, and nothing outside
-// the buffer of the size told is touched.
+// In place, with and without a buffer, in planes, each of them in place or not: always the same bits, and nothing
+// outside the buffer of the size told is touched.
 template <class P>
 void expectSameBitsHoweverCalled(std::size_t n, int inverse) {
     using T = typename P::Real;
@@ -210,15 +210,14 @@ TYPED_TEST(Dft, NotANumberSpreads) {
     const auto isNotANumber = [](T t) { return t != t; };
     for (std::size_t n : {3u, 7u, 12u, 77u, 149u, 151u, 302u, 945u}) {
         auto x = randomVector<T>(2 * n);
-        x[2 * (n / 2)] = std::numeric_limits<T>::quiet_NaN();
+        x[n - 2] = std::numeric_limits<T>::quiet_NaN(); // in Perm layout a real part
         const auto spec = TypeParam::interleaved.make(n);
         std::vector<T> y(2 * n);
         TypeParam::complex[0](asComplex<const C>(x.data()), asComplex<C>(y.data()), spec.get(), nullptr);
         for (std::size_t k = 0; k < n; ++k) EXPECT_TRUE(isNotANumber(y[2 * k]) || isNotANumber(y[2 * k + 1])) << n;
         const auto real = TypeParam::real.make(n);
         TypeParam::inverse[perm](x.data(), y.data(), real.get(), nullptr);
-        const bool among = 2 * (n / 2) < n; // it is one of the first n values
-        for (std::size_t k = 0; among && k < n; ++k) EXPECT_TRUE(isNotANumber(y[k])) << n << " " << k;
+        for (std::size_t k = 0; k < n; ++k) EXPECT_TRUE(isNotANumber(y[k])) << n << " " << k;
     }
 }
 
@@ -229,20 +228,24 @@ std::size_t fftWork(std::size_t n, bool real, std::size_t valueSize) {
     const int order = std::countr_zero(n);
     if (valueSize == 4) {
         (real ? orbsFFTGetSize_R_32f : orbsFFTGetSize_C_32fc)(order, ORB_FFT_SCALE_NONE, orbAlgHintNone, &spec, &init,
-                                                               &work);
+                                                              &work);
     } else {
         (real ? orbsFFTGetSize_R_64f : orbsFFTGetSize_C_64fc)(order, ORB_FFT_SCALE_NONE, orbAlgHintNone, &spec, &init,
-                                                               &work);
+                                                              &work);
     }
     return static_cast<std::size_t>(work);
 }
 // The complex values of scratch that a mixed-radix plan counts for its largest general radix.
-std::size_t generalRadixScratch(std::size_t n) {
-    const auto radices = radicesOf(n);
+std::size_t generalRadixScratch(std::size_t n, bool outOfOrder) {
+    auto radices = radicesOf(n);
+    // A 4 or a 2 changes places with the final radix.
+    const std::size_t even = radices[0] != 4 && radices[1] == 4 ? 1 : 0;
+    if (!outOfOrder && radices[even] % 2 == 0) std::swap(radices[even], radices.back());
     std::size_t values = 0, rest = n;
     for (std::size_t i = 0; i < radices.size(); ++i) {
         rest /= radices[i];
-        if (radices[i] > 5) values = std::max(values, i + 1 < radices.size() && rest % 4 == 0 ? 4 * radices[i] : radices[i]);
+        if (radices[i] > 5)
+            values = std::max(values, i + 1 < radices.size() && rest % 4 == 0 ? 4 * radices[i] : radices[i]);
     }
     return values;
 }
@@ -254,7 +257,7 @@ std::size_t definedWork(std::size_t n, bool real, std::size_t r, bool outOfOrder
     case Plan::powerOfTwo:
         return fftWork(n, real, r);
     case Plan::mixedRadix:
-        return 2 * r * ((outOfOrder ? 0 : points) + generalRadixScratch(points)) + 64;
+        return 2 * r * ((outOfOrder ? 0 : points) + generalRadixScratch(points, outOfOrder)) + 64;
     case Plan::direct:
         return (real && n % 2 ? r : 2 * r) * points + 32;
     case Plan::chirp: {
@@ -279,7 +282,8 @@ TYPED_TEST(Dft, WorkSizesAreThoseDefined) {
 template <class S>
 void expectRefused(const Cycle<S>& cycle) {
     S* spec = nullptr;
-    EXPECT_EQ(cycle.init(&spec, std::numeric_limits<int>::max(), ORB_FFT_SCALE_NONE, orbAlgHintNone), orbStsMemAllocErr);
+    EXPECT_EQ(cycle.init(&spec, std::numeric_limits<int>::max(), ORB_FFT_SCALE_NONE, orbAlgHintNone),
+              orbStsMemAllocErr);
     EXPECT_EQ(cycle.init(&spec, 1 << 30, ORB_FFT_SCALE_NONE, orbAlgHintNone), orbStsMemAllocErr);
     EXPECT_EQ(spec, nullptr);
 }

@@ -123,20 +123,20 @@ inline Plan planOf(std::size_t n, bool real) {
 inline std::vector<std::size_t> lengths() {
     std::vector<std::size_t> all;
     for (std::size_t n = 1; n <= 162; ++n) all.push_back(n);
-    for (std::size_t n : {169, 179, 180, 181, 225, 256, 289, 298, 300, 302, 303, 343, 360, 447, 499, 500, 501, 502, 512,
-                          604, 720, 945, 1000, 1001, 1009, 1155, 1200, 1999, 2000, 2001, 2002, 2187, 2310, 2401, 2592,
-                          3375, 4095, 4096, 4998, 4999, 5000, 5001, 5002, 5005, 6561, 7200, 2003, 10395, 22201, 22801,
-                          30030, 44100, 45045, 59049, 100000})
+    for (std::size_t n : {169,  179,  180,  181,  225,  256,   289,   298,   300,   302,   303,   343,   360,   447,
+                          499,  500,  501,  502,  512,  604,   720,   945,   1000,  1001,  1009,  1155,  1200,  1999,
+                          2000, 2001, 2002, 2187, 2310, 2401,  2592,  3375,  4095,  4096,  4998,  4999,  5000,  5001,
+                          5002, 5005, 6561, 7200, 2003, 10395, 22201, 22801, 30030, 44100, 45045, 59049, 100000})
         all.push_back(n);
     return all;
 }
 
 // ---- Bounds ----
 
-// Half an epsilon for each rounding on the way of a value through a transform: a radix p has p / 2 products and sums, one
-// sum of mirror elements and a twiddle's product (two more roundings); a power of two as in the tests of the room fft. A
-// chirp has two transforms of convolution length, whose errors spread over twice as many bins as are taken, and three
-// products. Real lengths, halved, pass once more, and a scale adds one.
+// Half an epsilon for each rounding on the way of a value through a transform: a radix p has p / 2 products and sums,
+// one sum of mirror elements and a twiddle's product (two more roundings); a power of two as in the tests of the room
+// fft. A chirp has two transforms of convolution length, whose errors spread over twice as many bins as are taken, and
+// three products. Real lengths, halved, pass once more, and a scale adds one.
 template <class T>
 double tolerance(std::size_t n, bool real) {
     const std::size_t points = real && n % 2 == 0 ? n / 2 : n;

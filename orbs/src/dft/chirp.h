@@ -70,6 +70,7 @@ template <class T>
 OrbStatus fill(Chirp<T>& part, std::size_t n, Orb8u* scratch) {
     using Complex = std::conditional_t<sizeof(T) == sizeof(Orb32f), Orb32fc, Orb64fc>;
     using Members = fft::Members<typename Chirp<T>::Inner>;
+    const SseRounding nearest(SseRounding::nearest);
     T *const chirp = part.chirp, *const spectrum = part.spectrum;
     const int order = convOrder(n);
     const std::size_t points = std::size_t{1} << order;

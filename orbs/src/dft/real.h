@@ -1,9 +1,9 @@
-// Real transforms of any length: the choice of plan, the formats, the frames of the calls.
+// Real transforms of any length: even ones through the complex transform of half their length, direct sums and chirps
+// of odd ones; formats; the choice of plan and the frames of the calls.
 #pragma once
 
 #include "dft/calls.h"
-#include "dft/real_sums.h"
-#include "dft/recombine.h"
+#include "dft/real_odd.h"
 
 namespace orbs::dft {
 
@@ -14,6 +14,215 @@ template <class T>
 Spectrum<T> spectrumAt(T* base, std::size_t n, Format format, std::remove_const_t<T> scale) {
     const bool behindOne = n % 2 == 0 ? format == Format::pack : format != Format::ccs;
     return {base, base - (behindOne ? 1 : 0), scale};
+}
+
+// ---- Even lengths N = 2 M: fft/real.h for any M, odd ones included, and with a scale behind it ----
+
+// body(d, k, mirror, first, second) for k = 1 to (M - 1) / 2: element k and those behind it, the mirror elements M - k
+// and those before it, which start at `mirror`, and the two table values of each k.
+template <class T, class Body>
+HWY_INLINE void forEachMirrored(std::size_t m, const T* table, Body body) {
+    forEachRun<T>((m - 1) / 2, [&](auto d, std::size_t k) __attribute__((always_inline)) {
+        constexpr std::size_t group = columnGroup<T>;
+        const T* values = table + (k - 1) / group * 2 * group + (k - 1) % group;
+        body(d, k, m - k - hn::MaxLanes(d) + 1, hn::LoadU(d, values), hn::LoadU(d, values + group));
+    });
+}
+
+// The spectrum of x[2n] + i x[2n+1] becomes that of x, in Perm layout, in place.
+template <class T>
+void recombineScaled(T* data, std::size_t m, const T* table, T scale) {
+    const fft::Interleaved<T> z{data};
+    const T re = data[0], im = data[1];
+    forEachMirrored(m, table, [=](auto d, std::size_t k, std::size_t mirror, auto a, auto b) HWY_ATTR {
+        const auto joined = fft::joinPair(z.load(d, k), fft::loadReversed(d, z, mirror), a, b);
+        z.store(d, k, joined.low * hn::Set(d, scale));
+        fft::storeReversed(d, z, mirror, joined.high * hn::Set(d, scale));
+    });
+    data[0] = (re + im) * scale;
+    data[1] = (re - im) * scale;
+    if (m % 2 == 0) {
+        data[m] *= scale;
+        data[m + 1] *= -scale;
+    }
+}
+
+// The way back: from the pairs k = 1 to M - 1 at `from` and the real values R0 and RM to twice the spectrum of
+// x[2n] + i x[2n+1]. `to` may be `from`.
+template <class T>
+void separate(const T* from, T r0, T rm, T* to, std::size_t m, const T* table) {
+    const fft::Interleaved<const T> x{from};
+    const fft::Interleaved<T> z{to};
+    const T middleRe = m % 2 == 0 ? from[m] : T(0), middleIm = m % 2 == 0 ? from[m + 1] : T(0);
+    forEachMirrored(m, table, [=](auto d, std::size_t k, std::size_t mirror, auto c, auto s) HWY_ATTR {
+        const auto halves = fft::splitPair(x.load(d, k), fft::loadReversed(d, x, mirror), c, s);
+        z.store(d, k, halves.low);
+        fft::storeReversed(d, z, mirror, halves.high);
+    });
+    to[0] = r0 + rm;
+    to[1] = r0 - rm;
+    if (m % 2 == 0) {
+        to[m] = 2 * middleRe;
+        to[m + 1] = -2 * middleIm;
+    }
+}
+
+// ---- Direct sums: one butterfly of the length, an odd prime, its results in lanes ----
+
+// Sums and differences of mirror elements, h = (N - 1) / 2 of each, in the work area; element j at j - 1.
+template <class T>
+struct MirrorPairs {
+    T *sums, *differences;
+};
+template <class T>
+MirrorPairs<T> mirrorPairs(const Spec<T>& spec, Orb8u* work) {
+    T* values = reinterpret_cast<T*>(work);
+    return {values, values + spec.length / 2};
+}
+
+// The sums a[k] and b[k] of odd_radix.h, k = 1 to h at k - 1, in room for largestRealRun values. Returns the first
+// value plus all sums.
+constexpr std::size_t largestRealRun = (realDirectLimit / 2 + 15) / 16 * 16;
+template <class T>
+T sumInLanes(const Spec<T>& spec, T first, MirrorPairs<T> pairs, T* a, T* b) {
+    const RestTag<T> d;
+    using V = hn::Vec<decltype(d)>;
+    constexpr std::size_t lanes = hn::MaxLanes(d);
+    const auto points = static_cast<std::size_t>(spec.length);
+    const std::size_t half = points / 2, run = matrixRun<T>(points);
+    const auto group = [&]<int count>(std::size_t k, std::integral_constant<int, count>) HWY_ATTR {
+        V even[count], odd[count];
+        repeat<count>([&](int i) __attribute__((always_inline)) {
+            even[i] = hn::Set(d, first);
+            odd[i] = hn::Zero(d);
+        });
+        const T* row = spec.matrix + k;
+        for (std::size_t j = 0; j < half; ++j, row += 2 * run) {
+            const V sum = hn::Set(d, pairs.sums[j]), difference = hn::Set(d, pairs.differences[j]);
+            repeat<count>([&](int i) __attribute__((always_inline)) {
+                const std::size_t at = static_cast<std::size_t>(i) * lanes;
+                even[i] = even[i] + sum * hn::LoadU(d, row + at);
+                odd[i] = odd[i] + difference * hn::LoadU(d, row + run + at);
+            });
+        }
+        repeat<count>([&](int i) __attribute__((always_inline)) {
+            const std::size_t at = k + static_cast<std::size_t>(i) * lanes;
+            hn::Store(even[i], d, a + at);
+            hn::Store(odd[i], d, b + at);
+        });
+    };
+    std::size_t k = 0;
+    for (; k + 4 * lanes <= half; k += 4 * lanes) group(k, std::integral_constant<int, 4>());
+    for (; k + 2 * lanes <= half; k += 2 * lanes) group(k, std::integral_constant<int, 2>());
+    for (; k < half; k += lanes) group(k, std::integral_constant<int, 1>());
+    T total = first;
+    for (std::size_t j = 0; j < half; ++j) total += pairs.sums[j];
+    return total;
+}
+
+template <class T>
+void directForward(const Spec<T>& spec, const T* src, Spectrum<T> spectrum, Orb8u* work) {
+    const auto points = static_cast<std::size_t>(spec.length), half = points / 2;
+    const MirrorPairs<T> pairs = mirrorPairs(spec, work);
+    const T first = src[0];
+    forEachRun<T>(half, [&](auto d, std::size_t j) HWY_ATTR {
+        const auto low = hn::LoadU(d, src + j);
+        const auto high = hn::Reverse(d, hn::LoadU(d, src + points - j - hn::MaxLanes(d) + 1));
+        hn::StoreU(low + high, d, pairs.sums + j - 1);
+        hn::StoreU(low - high, d, pairs.differences + j - 1);
+    });
+    alignas(64) T re[largestRealRun], im[largestRealRun];
+    const T total = sumInLanes(spec, first, pairs, re, im);
+    *spectrum.first = total * spectrum.scale;
+    forEachRun<T>(half, [&](auto d, std::size_t k) HWY_ATTR {
+        spectrum.store(d, k, {hn::LoadU(d, re + k - 1), hn::LoadU(d, im + k - 1)});
+    });
+}
+
+template <class T>
+void directInverse(const Spec<T>& spec, Spectrum<const T> spectrum, T* dst, T scale, Orb8u* work) {
+    const auto points = static_cast<std::size_t>(spec.length), half = points / 2;
+    const MirrorPairs<T> pairs = mirrorPairs(spec, work);
+    forEachRun<T>(half, [&](auto d, std::size_t k) HWY_ATTR {
+        const auto x = spectrum.load(d, k);
+        hn::StoreU(x.re + x.re, d, pairs.sums + k - 1);
+        hn::StoreU(x.im + x.im, d, pairs.differences + k - 1);
+    });
+    alignas(64) T even[largestRealRun], odd[largestRealRun];
+    dst[0] = sumInLanes(spec, *spectrum.first, pairs, even, odd) * scale;
+    forEachRun<T>(half, [&](auto d, std::size_t j) HWY_ATTR {
+        const auto a = hn::LoadU(d, even + j - 1), b = hn::LoadU(d, odd + j - 1), factor = hn::Set(d, scale);
+        hn::StoreU((a + b) * factor, d, dst + j);
+        hn::StoreU(hn::Reverse(d, (a - b) * factor), d, dst + points - j - hn::MaxLanes(d) + 1);
+    });
+}
+
+// ---- Bluestein's transform of an odd length ----
+
+// Interleaved complex elements whose imaginary parts are 0.
+template <class T>
+struct FromSamples {
+    const T* src;
+    template <class D>
+    HWY_INLINE hn::Vec<D> operator()(D d, std::size_t n) const {
+        constexpr auto places = [] {
+            std::array<hn::TFromD<hn::RebindToSigned<D>>, hn::MaxLanes(D())> at{};
+            for (std::size_t lane = 0; lane < at.size(); ++lane) at[lane] = static_cast<decltype(at[0] + 0)>(lane / 2);
+            return at;
+        }();
+        const auto samples = hn::ZeroExtendVector(d, hn::LoadU(hn::Half<D>(), src + n / 2));
+        const auto twice = hn::TableLookupLanes(samples, hn::SetTableIndices(d, places.data()));
+        return hn::OddEven(hn::Zero(d), twice);
+    }
+};
+template <class T>
+struct IntoSpectrum {
+    Spectrum<T> spectrum;
+    template <class D, class V>
+    HWY_INLINE void operator()(D d, std::size_t n, V v) const {
+        v = v * hn::Set(d, spectrum.scale);
+        if (n > 0) {
+            hn::StoreU(v, d, spectrum.pairs + n);
+            return;
+        }
+        constexpr std::size_t lanes = hn::MaxLanes(D());
+        alignas(64) T values[lanes];
+        hn::Store(v, d, values);
+        *spectrum.first = values[0];
+        for (std::size_t lane = 2; lane < lanes; ++lane) spectrum.pairs[lane] = values[lane];
+    }
+};
+template <class T>
+struct IntoSamples {
+    T *dst, scale;
+    template <class D, class V>
+    HWY_INLINE void operator()(D d, std::size_t n, V v) const {
+        const hn::Half<D> half;
+        const auto re = hn::LowerHalf(half, hn::ConcatEven(d, v, v));
+        hn::StoreU(re * hn::Set(half, scale), half, dst + n / 2);
+    }
+};
+
+template <class T>
+OrbStatus chirpForward(const Spec<T>& spec, const T* src, Spectrum<T> spectrum, Orb8u* work) {
+    const auto points = static_cast<std::size_t>(spec.length);
+    return chirp::run<T>(spec.chirp, points, FromSamples<T>{src}, points / 2 + 1, IntoSpectrum<T>{spectrum}, work);
+}
+// The inverse is the transform of the conjugate spectrum, which is put together in the work area.
+template <class T>
+OrbStatus chirpInverse(const Spec<T>& spec, Spectrum<const T> spectrum, T* dst, T scale, Orb8u* work) {
+    const auto points = static_cast<std::size_t>(spec.length);
+    T* whole = reinterpret_cast<T*>(work);
+    whole[0] = *spectrum.first;
+    whole[1] = 0;
+    forEachRun<T>(points / 2, [&](auto d, std::size_t k) HWY_ATTR {
+        const auto x = spectrum.load(d, k);
+        const fft::Interleaved<T> to{whole};
+        to.store(d, k, conjugate(x));
+        fft::storeReversed(d, to, points - k - hn::MaxLanes(d) + 1, x);
+    });
+    return chirp::run<T>(spec.chirp, points, chirp::FromInterleaved<T>{whole}, points, IntoSamples<T>{dst, scale},
+                         work);
 }
 
 // ---- Up to 4 samples, in Perm layout ----
@@ -46,7 +255,7 @@ void smallInverse(const T* perm, T* x, std::size_t n, T scale) {
 
 template <class T>
 void smallToFormat(const T* x, T* dst, std::size_t n, Format format, T scale) {
-    T perm[4];
+    T perm[8];
     smallForward(x, perm, n, scale);
     const Spectrum<T> spectrum = spectrumAt(dst, n, format, T(1));
     dst[0] = perm[0];
@@ -55,7 +264,7 @@ void smallToFormat(const T* x, T* dst, std::size_t n, Format format, T scale) {
 }
 template <class T>
 void smallFromFormat(const T* src, T* x, std::size_t n, Format format, T scale) {
-    T perm[4] = {src[0]};
+    T perm[8] = {src[0]};
     if (n > 2) std::copy_n(spectrumAt(src, n, format, T(1)).pairs + 2, 2, perm + n - 2);
     if (n % 2 == 0) perm[1] = fft::middleOf(src, n, format);
     smallInverse(perm, x, n, scale);

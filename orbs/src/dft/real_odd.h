@@ -1,10 +1,10 @@
-// Real transforms of odd length, mixed radix, decimated in time. Between the stages a spectrum of n values X[k], k up to
-// (n - 1) / 2, lies half-complex: the real part of X[k] at k, its imaginary part at n - k, so that a stage goes from a
-// block to itself and reads and writes runs of k. The innermost transforms, and the stages over blocks that are too
+// Real transforms of odd length, mixed radix, decimated in time. Between the stages a spectrum of n values X[k], k up
+// to (n - 1) / 2, lies half-complex: the real part of X[k] at k, its imaginary part at n - k, so that a stage goes from
+// a block to itself and reads and writes runs of k. The innermost transforms, and the stages over blocks that are too
 // short for that, run on several transforms at a time, in lanes, and put their blocks in order as they store them.
 #pragma once
 
-#include "dft/odd_radix.h"
+#include "dft/butterflies.h"
 #include "dft/spec.h"
 #include "fft/real.h"
 
@@ -35,26 +35,26 @@ struct Run {
     }
     // k, k + 1, ...
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> load(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t k) const {
         return {hn::LoadU(d, base + k), hn::Reverse(d, hn::LoadU(d, base + n - k - hn::MaxLanes(d) + 1))};
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         hn::StoreU(x.re, d, base + k);
         hn::StoreU(hn::Reverse(d, x.im), d, base + n - k - hn::MaxLanes(d) + 1);
     }
     // k, k - 1, ...
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
         return {hn::Reverse(d, hn::LoadU(d, base + k - hn::MaxLanes(d) + 1)), hn::LoadU(d, base + n - k)};
     }
     template <class D>
-    HWY_INLINE void storeBack(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void storeBack(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         hn::StoreU(hn::Reverse(d, x.re), d, base + k - hn::MaxLanes(d) + 1);
         hn::StoreU(x.im, d, base + n - k);
     }
     template <class D>
-    HWY_INLINE static fft::Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
+    HWY_INLINE static Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
         return {hn::LoadU(d, row + k - 1), hn::LoadU(d, row + columns + k - 1)};
     }
 };
@@ -75,24 +75,24 @@ struct InLanes {
         hn::Store(x, d, base);
     }
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> load(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t k) const {
         return {hn::Load(d, base + k * lanes), hn::Load(d, base + (n - k) * lanes)};
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         hn::Store(x.re, d, base + k * lanes);
         hn::Store(x.im, d, base + (n - k) * lanes);
     }
     template <class D>
-    HWY_INLINE fft::Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
+    HWY_INLINE Cx<hn::Vec<D>> loadBack(D d, std::size_t k) const {
         return load(d, k);
     }
     template <class D>
-    HWY_INLINE void storeBack(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void storeBack(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         store(d, k, x);
     }
     template <class D>
-    HWY_INLINE static fft::Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
+    HWY_INLINE static Cx<hn::Vec<D>> twiddle(D d, const T* row, std::size_t columns, std::size_t k) {
         return {hn::Set(d, row[k - 1]), hn::Set(d, row[columns + k - 1])};
     }
 };
@@ -116,7 +116,7 @@ struct Spectrum {
         return fft::Interleaved<T>{pairs}.load(d, k);
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         fft::Interleaved<T>{pairs}.store(d, k, x * hn::Set(d, scale));
     }
     template <class D>
@@ -124,7 +124,7 @@ struct Spectrum {
         return fft::loadReversed(d, fft::Interleaved<T>{pairs}, k - hn::MaxLanes(d) + 1);
     }
     template <class D>
-    HWY_INLINE void storeBack(D d, std::size_t k, fft::Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void storeBack(D d, std::size_t k, Cx<hn::Vec<D>> x) const {
         fft::storeReversed(d, fft::Interleaved<T>{pairs}, k - hn::MaxLanes(d) + 1, x * hn::Set(d, scale));
     }
 };
@@ -139,7 +139,7 @@ std::size_t columnsOf(const Stage<T>& stage) {
 }
 
 template <class V>
-HWY_INLINE fft::Cx<V> conjugate(fft::Cx<V> x) {
+HWY_INLINE Cx<V> conjugate(Cx<V> x) {
     return {x.re, hn::Neg(x.im)};
 }
 
@@ -154,9 +154,8 @@ HWY_INLINE void joinReal(const Radix& radix, const Stage<T>& stage, D d, Blocks 
         [&](int s, auto x) HWY_ATTR { whole.store(d, static_cast<std::size_t>(s) * rest, x); });
 }
 template <class T, class Radix, class D, class Blocks, class Whole>
-HWY_INLINE void joinColumns(const Radix& radix, const Stage<T>& stage, D d, Blocks blocks, Whole whole,
-                            std::size_t k) {
-    using X = fft::Cx<hn::Vec<D>>;
+HWY_INLINE void joinColumns(const Radix& radix, const Stage<T>& stage, D d, Blocks blocks, Whole whole, std::size_t k) {
+    using X = Cx<hn::Vec<D>>;
     const std::size_t rest = static_cast<std::size_t>(stage.rest), columns = columnsOf(stage);
     const auto at = [=](int q) { return static_cast<std::size_t>(q) * rest; };
     complexButterfly<false>(
@@ -180,7 +179,7 @@ HWY_INLINE void splitReal(const Radix& radix, const Stage<T>& stage, D d, Blocks
 template <class T, class Radix, class D, class Blocks, class Whole>
 HWY_INLINE void splitColumns(const Radix& radix, const Stage<T>& stage, D d, Blocks blocks, Whole whole,
                              std::size_t k) {
-    using X = fft::Cx<hn::Vec<D>>;
+    using X = Cx<hn::Vec<D>>;
     const std::size_t rest = static_cast<std::size_t>(stage.rest), columns = columnsOf(stage);
     const auto at = [=](int q) { return static_cast<std::size_t>(q) * rest; };
     const auto put = [&](int q, X x) __attribute__((always_inline)) {
@@ -215,18 +214,16 @@ template <class T, class Whole>
 void joinBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
     withOddRadix<T>(stage.radix, stage.matrix, [&](auto radix) HWY_ATTR {
         joinReal(radix, stage, hn::CappedTag<T, 1>(), blocks, whole);
-        forEachRun<T>(columnsOf(stage), [&](auto d, std::size_t k) HWY_ATTR {
-            joinColumns(radix, stage, d, blocks, whole, k);
-        });
+        forEachRun<T>(columnsOf(stage),
+                      [&](auto d, std::size_t k) HWY_ATTR { joinColumns(radix, stage, d, blocks, whole, k); });
     });
 }
 template <class T, class Whole>
 void splitBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
     withOddRadix<T>(stage.radix, stage.matrix, [&](auto radix) HWY_ATTR {
         splitReal(radix, stage, hn::CappedTag<T, 1>(), blocks, whole);
-        forEachRun<T>(columnsOf(stage), [&](auto d, std::size_t k) HWY_ATTR {
-            splitColumns(radix, stage, d, blocks, whole, k);
-        });
+        forEachRun<T>(columnsOf(stage),
+                      [&](auto d, std::size_t k) HWY_ATTR { splitColumns(radix, stage, d, blocks, whole, k); });
     });
 }
 
@@ -241,12 +238,12 @@ HWY_INLINE void exchangeLanes(D d, T* local, std::size_t points, T* blocks, cons
         for (std::size_t n = 0; points >= lanes && n < points; n += lanes) {
             const std::size_t i = std::min(n, points - lanes);
             hn::Vec<D> v[lanes];
-            fft::repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
+            repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
                 const auto lane = static_cast<std::size_t>(l);
                 v[l] = toBlocks ? hn::Load(d, local + (i + lane) * lanes) : hn::LoadU(d, block(lane) + i);
             });
             fft::transpose(d, v);
-            fft::repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
+            repeat<static_cast<int>(lanes)>([&](int l) __attribute__((always_inline)) {
                 const auto lane = static_cast<std::size_t>(l);
                 if constexpr (toBlocks) {
                     hn::StoreU(v[l], d, block(lane) + i);
@@ -288,9 +285,10 @@ HWY_INLINE void forEachStart(std::size_t count, Body body) {
 template <std::size_t lanes, class T, class Body>
 HWY_INLINE void forEachBlockInLanes(const Stage<T>& stage, T* local, std::size_t leaf, Body body) {
     const std::size_t block = pointsOf(stage);
-    withOddRadix<T>(stage.radix, stage.matrix, [&](auto radix) __attribute__((always_inline)) {
-        for (std::size_t b = 0; b < leaf; b += block) body(radix, InLanes<T, lanes>{local + b * lanes, block});
-    });
+    withOddRadix<T>(
+        stage.radix, stage.matrix, [&](auto radix) __attribute__((always_inline)) {
+            for (std::size_t b = 0; b < leaf; b += block) body(radix, InLanes<T, lanes>{local + b * lanes, block});
+        });
 }
 // Calls body(radix, place, first) for each of the innermost transforms within the leaf at `local`, `first` being the
 // leaf's own sample where it starts.
@@ -298,64 +296,72 @@ template <std::size_t lanes, class T, class Body>
 HWY_INLINE void forEachInnermostInLanes(const Spec<T>& spec, T* local, std::size_t leaf, Body body) {
     const Stage<T>& final = spec.finalStage();
     const auto points = static_cast<std::size_t>(final.radix);
-    withOddRadix<T>(final.radix, final.matrix, [&](auto radix) __attribute__((always_inline)) {
-        const Orb32s* first = spec.innermostPlaces;
-        for (std::size_t b = 0; b < leaf; b += points, ++first)
-            body(radix, InLanes<T, lanes>{local + b * lanes, points}, static_cast<std::size_t>(*first));
-    });
+    withOddRadix<T>(
+        final.radix, final.matrix, [&](auto radix) __attribute__((always_inline)) {
+            const Orb32s* first = spec.innermostPlaces;
+            for (std::size_t b = 0; b < leaf; b += points, ++first)
+                body(radix, InLanes<T, lanes>{local + b * lanes, points}, static_cast<std::size_t>(*first));
+        });
 }
 
 template <class T>
 void forwardLeaves(const Spec<T>& spec, const T* src, T* work) {
     const std::size_t leaf = spec.leafPoints(), leaves = spec.leafCount();
     const std::size_t step = leaves * leaf / static_cast<std::size_t>(spec.finalStage().radix);
-    forEachStart<T>(leaves, [&](auto d, std::size_t start) __attribute__((always_inline)) {
-        constexpr std::size_t lanes = hn::MaxLanes(d);
-        alignas(64) T local[longestOddLeaf * lanes];
-        forEachInnermostInLanes<lanes>(
-            spec, local, leaf, [&](auto radix, auto place, std::size_t first) __attribute__((always_inline)) {
-                const T* from = src + start + first * leaves;
-                realForward(
-                    radix, [&](int j) HWY_ATTR { return hn::LoadU(d, from + static_cast<std::size_t>(j) * step); },
-                    [&](auto x) HWY_ATTR { place.storeReal(d, x); },
-                    [&](int k, auto x) HWY_ATTR { place.store(d, static_cast<std::size_t>(k), x); });
-            });
-        for (int n = spec.stageCount(); n-- > spec.outerStages;) {
-            const Stage<T>& stage = spec.stages[n];
-            forEachBlockInLanes<lanes>(stage, local, leaf, [&](auto radix, auto place) __attribute__((always_inline)) {
-                joinReal(radix, stage, d, place, place);
-                for (std::size_t k = 1; k <= columnsOf(stage); ++k) joinColumns(radix, stage, d, place, place, k);
-            });
-        }
-        exchangeLanes<true>(d, local, leaf, work, spec.leafPlaces + start);
-    });
+    forEachStart<T>(
+        leaves, [&](auto d, std::size_t start) __attribute__((always_inline)) {
+            constexpr std::size_t lanes = hn::MaxLanes(d);
+            alignas(64) T local[longestOddLeaf * lanes];
+            forEachInnermostInLanes<lanes>(
+                spec, local, leaf, [&](auto radix, auto place, std::size_t first) __attribute__((always_inline)) {
+                    const T* from = src + start + first * leaves;
+                    realForward(
+                        radix, [&](int j) HWY_ATTR { return hn::LoadU(d, from + static_cast<std::size_t>(j) * step); },
+                        [&](auto x) HWY_ATTR { place.storeReal(d, x); },
+                        [&](int k, auto x) HWY_ATTR { place.store(d, static_cast<std::size_t>(k), x); });
+                });
+            for (int n = spec.stageCount(); n-- > spec.outerStages;) {
+                const Stage<T>& stage = spec.stages[n];
+                forEachBlockInLanes<lanes>(
+                    stage, local, leaf, [&](auto radix, auto place) __attribute__((always_inline)) {
+                        joinReal(radix, stage, d, place, place);
+                        for (std::size_t k = 1; k <= columnsOf(stage); ++k)
+                            joinColumns(radix, stage, d, place, place, k);
+                    });
+            }
+            exchangeLanes<true>(d, local, leaf, work, spec.leafPlaces + start);
+        });
 }
 
 template <class T>
 void inverseLeaves(const Spec<T>& spec, T* work, T* dst, T scale) {
     const std::size_t leaf = spec.leafPoints(), leaves = spec.leafCount();
     const std::size_t step = leaves * leaf / static_cast<std::size_t>(spec.finalStage().radix);
-    forEachStart<T>(leaves, [&](auto d, std::size_t start) __attribute__((always_inline)) {
-        constexpr std::size_t lanes = hn::MaxLanes(d);
-        alignas(64) T local[longestOddLeaf * lanes];
-        exchangeLanes<false>(d, local, leaf, work, spec.leafPlaces + start);
-        for (int n = spec.outerStages; n < spec.stageCount(); ++n) {
-            const Stage<T>& stage = spec.stages[n];
-            forEachBlockInLanes<lanes>(stage, local, leaf, [&](auto radix, auto place) __attribute__((always_inline)) {
-                splitReal(radix, stage, d, place, place);
-                for (std::size_t k = 1; k <= columnsOf(stage); ++k) splitColumns(radix, stage, d, place, place, k);
-            });
-        }
-        forEachInnermostInLanes<lanes>(
-            spec, local, leaf, [&](auto radix, auto place, std::size_t first) __attribute__((always_inline)) {
-                T* to = dst + start + first * leaves;
-                realInverse(
-                    radix, place.loadReal(d), [&](int k) HWY_ATTR { return place.load(d, static_cast<std::size_t>(k)); },
-                    [&](int j, auto x) HWY_ATTR {
-                        hn::StoreU(x * hn::Set(d, scale), d, to + static_cast<std::size_t>(j) * step);
+    forEachStart<T>(
+        leaves, [&](auto d, std::size_t start) __attribute__((always_inline)) {
+            constexpr std::size_t lanes = hn::MaxLanes(d);
+            alignas(64) T local[longestOddLeaf * lanes];
+            exchangeLanes<false>(d, local, leaf, work, spec.leafPlaces + start);
+            for (int n = spec.outerStages; n < spec.stageCount(); ++n) {
+                const Stage<T>& stage = spec.stages[n];
+                forEachBlockInLanes<lanes>(
+                    stage, local, leaf, [&](auto radix, auto place) __attribute__((always_inline)) {
+                        splitReal(radix, stage, d, place, place);
+                        for (std::size_t k = 1; k <= columnsOf(stage); ++k)
+                            splitColumns(radix, stage, d, place, place, k);
                     });
-            });
-    });
+            }
+            forEachInnermostInLanes<lanes>(
+                spec, local, leaf, [&](auto radix, auto place, std::size_t first) __attribute__((always_inline)) {
+                    T* to = dst + start + first * leaves;
+                    realInverse(
+                        radix, place.loadReal(d),
+                        [&](int k) HWY_ATTR { return place.load(d, static_cast<std::size_t>(k)); },
+                        [&](int j, auto x) HWY_ATTR {
+                            hn::StoreU(x * hn::Set(d, scale), d, to + static_cast<std::size_t>(j) * step);
+                        });
+                });
+        });
 }
 
 // ---- Whole transforms, depth first, so that a block that fits into the cache is finished before the next begins ----
@@ -379,8 +385,8 @@ void splitFrom(const Spec<T>& spec, int n, T* block) {
         for (std::size_t q = 0; q < pointsOf(stage); q += rest) splitFrom(spec, n + 1, block + q);
 }
 
-// From the samples to the spectrum, by way of `work`, which has room for as many values as there are samples. Source and
-// spectrum may be the same.
+// From the samples to the spectrum, by way of `work`, which has room for as many values as there are samples. Source
+// and spectrum may be the same.
 template <class T>
 void oddForward(const Spec<T>& spec, const T* src, Spectrum<T> spectrum, T* work) {
     forwardLeaves(spec, src, work);

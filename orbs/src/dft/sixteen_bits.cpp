@@ -12,8 +12,10 @@ namespace orbs::dft {
 
 extern template OrbStatus interleaved<false>(const Orb32fc*, Orb32fc*, const Spec<Orb32f>*, Orb8u*, Orb32s);
 extern template OrbStatus interleaved<true>(const Orb32fc*, Orb32fc*, const Spec<Orb32f>*, Orb8u*, Orb32s);
-extern template OrbStatus planes<false>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*, Orb32s);
-extern template OrbStatus planes<true>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*, Orb32s);
+extern template OrbStatus planes<false>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*,
+                                        Orb32s);
+extern template OrbStatus planes<true>(const Orb32f*, const Orb32f*, Orb32f*, Orb32f*, const Spec<Orb32f>*, Orb8u*,
+                                       Orb32s);
 extern template OrbStatus forwardReal(const Spec<Orb32f>&, const Orb32f*, Orb32f*, Format, Orb8u*);
 extern template OrbStatus inverseReal(const Spec<Orb32f>&, const Orb32f*, Orb32f*, Format, Orb8u*);
 
@@ -21,8 +23,12 @@ namespace {
 
 constexpr Orb32s tagC16sc = 10, tagC16s = 11, tagR16s = 12;
 
-constexpr std::uint64_t moreComplexWork(int length) { return length < 1 ? 0 : 8 * std::uint64_t(length) + 32; }
-constexpr std::uint64_t moreRealWork(int length) { return length < 1 ? 0 : 4 * std::uint64_t(length) + 40; }
+constexpr std::uint64_t moreComplexWork(int length) {
+    return length < 1 ? 0 : 8 * std::uint64_t(length) + 32;
+}
+constexpr std::uint64_t moreRealWork(int length) {
+    return length < 1 ? 0 : 4 * std::uint64_t(length) + 40;
+}
 
 // Calls run(values, buffer) with room for `count` values and the rest of the work area. A single point needs none.
 template <class Run>
@@ -40,19 +46,23 @@ OrbStatus inSinglePrecision(const Spec<Orb32f>& spec, std::size_t count, Orb8u* 
 OrbStatus widen(const Orb16s* from, Orb32f* to, std::size_t count) {
     return orbsConvert_16s32f(from, to, static_cast<int>(count));
 }
-OrbStatus narrow(const Orb32f* from, Orb16s* to, std::size_t count, int scaleFactor) {
+// The power of two of the conversion is a float, and 0 times infinity no 0: the scale factors of a single point, which
+// is not a result but a sample, are limited to where the rule of integers has its cuts.
+OrbStatus narrow(const Spec<Orb32f>& spec, const Orb32f* from, Orb16s* to, std::size_t count, int scaleFactor) {
+    if (spec.length == 1) scaleFactor = std::clamp(scaleFactor, -16, 17);
     return orbsConvert_32f16s_Sfs(from, to, static_cast<int>(count), orbRndNear, scaleFactor);
 }
 
 template <bool Inverse>
-OrbStatus interleaved16(const Orb16sc* pSrc, Orb16sc* pDst, const Spec<Orb32f>* pSpec, int scaleFactor, Orb8u* pBuffer) {
+OrbStatus interleaved16(const Orb16sc* pSrc, Orb16sc* pDst, const Spec<Orb32f>* pSpec, int scaleFactor,
+                        Orb8u* pBuffer) {
     if (const OrbStatus status = checkCall(pSpec, tagC16sc, pSrc, pDst)) return status;
     const auto count = 2 * static_cast<std::size_t>(pSpec->length);
     return inSinglePrecision(*pSpec, count, pBuffer, [&](Orb32f* values, Orb8u* buffer) {
         widen(asReal(pSrc), values, count);
         auto* points = reinterpret_cast<Orb32fc*>(values);
         if (const OrbStatus status = interleaved<Inverse>(points, points, pSpec, buffer, tagC16sc)) return status;
-        return narrow(values, asReal(pDst), count, scaleFactor);
+        return narrow(*pSpec, values, asReal(pDst), count, scaleFactor);
     });
 }
 
@@ -66,8 +76,8 @@ OrbStatus planes16(const Orb16s* pSrcRe, const Orb16s* pSrcIm, Orb16s* pDstRe, O
         widen(pSrcRe, re, points);
         widen(pSrcIm, im, points);
         if (const OrbStatus status = planes<Inverse>(re, im, re, im, pSpec, buffer, tagC16s)) return status;
-        narrow(re, pDstRe, points, scaleFactor);
-        return narrow(im, pDstIm, points, scaleFactor);
+        narrow(*pSpec, re, pDstRe, points, scaleFactor);
+        return narrow(*pSpec, im, pDstIm, points, scaleFactor);
     });
 }
 
@@ -84,7 +94,7 @@ OrbStatus real16(const Orb16s* pSrc, Orb16s* pDst, const Spec<Orb32f>* pSpec, in
         widen(pSrc, x, Inverse ? values : samples);
         const OrbStatus status =
             Inverse ? inverseReal(*pSpec, x, x, format, buffer) : forwardReal(*pSpec, x, x, format, buffer);
-        return status ? status : narrow(x, pDst, Inverse ? samples : values, scaleFactor);
+        return status ? status : narrow(*pSpec, x, pDst, Inverse ? samples : values, scaleFactor);
     });
 }
 

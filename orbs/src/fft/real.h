@@ -39,7 +39,8 @@ HWY_INLINE void storeReversed(D d, Interleaved<T> to, std::size_t n, Cx<V> x) {
 }
 
 // The elements k and M - k: of the spectrum of x, from those of x[2n] + i x[2n+1] with the values 0.5 cos and
-// 0.5 - 0.5 sin of 2 pi k / N, which save the separate halves of the textbook form; and back, doubled, with cos and -sin.
+// 0.5 - 0.5 sin of 2 pi k / N, which save the separate halves of the textbook form; and back, doubled, with cos and
+// -sin.
 template <class V>
 struct MirrorPair {
     Cx<V> low, high;
