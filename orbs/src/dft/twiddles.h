@@ -23,21 +23,27 @@ struct Roots {
     T im(std::size_t j) const { return table[2 * step * j + 1]; }
 };
 
-// Lanes in which `count` columns, or transforms side by side, are taken: the most that it fills.
+// The vectors of the transforms. Lanes are columns or transforms side by side, so their number changes no bit.
+template <class T>
+using LaneTag = hn::CappedTag<T, 64 / sizeof(T)>;
+
+// Lanes in which `count` columns, or transforms side by side, are taken: the most that they fill.
 template <class T>
 constexpr std::size_t lanesFor(std::size_t count) {
-    std::size_t lanes = hn::MaxLanes(GroupTag<T>());
+    std::size_t lanes = hn::MaxLanes(LaneTag<T>());
     while (lanes > count) lanes /= 2;
     return lanes;
 }
 // Calls run(d) with vectors of so many lanes; count is at least 2.
+template <std::size_t lanes, class T, class Run>
+HWY_INLINE void withLanes(std::size_t count, Run run) {
+    if constexpr (lanes > 2)
+        if (count < lanes) return withLanes<lanes / 2, T>(count, run);
+    run(hn::CappedTag<T, lanes>());
+}
 template <class T, class Run>
 HWY_INLINE void withLanesFor(std::size_t count, Run run) {
-    const GroupTag<T> full;
-    if (count >= hn::MaxLanes(full)) return run(full);
-    if constexpr (hn::MaxLanes(full) > 4)
-        if (count >= 4) return run(hn::CappedTag<T, 4>());
-    if constexpr (hn::MaxLanes(full) > 2) run(hn::CappedTag<T, 2>());
+    withLanes<hn::MaxLanes(LaneTag<T>()), T>(count, run);
 }
 
 // ---- Stages whose lanes run over columns ----
