@@ -328,7 +328,7 @@ struct TwoBlocks {
         return {hn::Combine(d, high.re, low.re), hn::Combine(d, high.im, low.im)};
     }
     template <class D>
-    HWY_INLINE void store(D d, std::size_t n, Cx<hn::Vec<D>> x) const {
+    HWY_INLINE void store(D, std::size_t n, Cx<hn::Vec<D>> x) const {
         const hn::Half<D> half;
         using H = Cx<hn::Vec<decltype(half)>>;
         data.store(half, n, H{hn::LowerHalf(half, x.re), hn::LowerHalf(half, x.im)});
