@@ -203,8 +203,8 @@ Spec<T>* layOut(Layout& layout, const Choice& choice) {
     };
     const auto field = [&](auto pointer) { return spec ? &(spec->*pointer) : nullptr; };
     if (choice.recombines()) {
-        place(field(&Spec<T>::forwardRecombination), recombinationValues<T>(choice.length));
-        place(field(&Spec<T>::inverseRecombination), recombinationValues<T>(choice.length));
+        place(field(&Spec<T>::forwardRecombination), recombinationValues(choice.length));
+        place(field(&Spec<T>::inverseRecombination), recombinationValues(choice.length));
     }
     if (choice.plan == Plan::powerOfTwo) place(field(&Spec<T>::fft), innerSizes<T>(choice).object);
     if (choice.plan == Plan::direct) place(field(&Spec<T>::matrix), matrixValues<T>(choice.points));
