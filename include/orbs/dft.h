@@ -44,6 +44,11 @@ typedef struct OrbsDFTSpec_C_32fc OrbsDFTSpec_C_32fc;
 typedef struct OrbsDFTSpec_C_32f OrbsDFTSpec_C_32f;
 typedef struct OrbsDFTSpec_C_64fc OrbsDFTSpec_C_64fc;
 typedef struct OrbsDFTSpec_C_64f OrbsDFTSpec_C_64f;
+typedef struct OrbsDFTSpec_R_32f OrbsDFTSpec_R_32f;
+typedef struct OrbsDFTSpec_R_64f OrbsDFTSpec_R_64f;
+typedef struct OrbsDFTSpec_C_16sc OrbsDFTSpec_C_16sc;
+typedef struct OrbsDFTSpec_C_16s OrbsDFTSpec_C_16s;
+typedef struct OrbsDFTSpec_R_16s OrbsDFTSpec_R_16s;
 
 OrbStatus orbsDFTInitAlloc_C_32fc(OrbsDFTSpec_C_32fc** ppSpec, int length, int flag, OrbHintAlgorithm hint);
 OrbStatus orbsDFTFree_C_32fc(OrbsDFTSpec_C_32fc* pSpec);
@@ -57,6 +62,21 @@ OrbStatus orbsDFTGetBufSize_C_64fc(const OrbsDFTSpec_C_64fc* pSpec, int* pSize);
 OrbStatus orbsDFTInitAlloc_C_64f(OrbsDFTSpec_C_64f** ppSpec, int length, int flag, OrbHintAlgorithm hint);
 OrbStatus orbsDFTFree_C_64f(OrbsDFTSpec_C_64f* pSpec);
 OrbStatus orbsDFTGetBufSize_C_64f(const OrbsDFTSpec_C_64f* pSpec, int* pSize);
+OrbStatus orbsDFTInitAlloc_R_32f(OrbsDFTSpec_R_32f** ppSpec, int length, int flag, OrbHintAlgorithm hint);
+OrbStatus orbsDFTFree_R_32f(OrbsDFTSpec_R_32f* pSpec);
+OrbStatus orbsDFTGetBufSize_R_32f(const OrbsDFTSpec_R_32f* pSpec, int* pSize);
+OrbStatus orbsDFTInitAlloc_R_64f(OrbsDFTSpec_R_64f** ppSpec, int length, int flag, OrbHintAlgorithm hint);
+OrbStatus orbsDFTFree_R_64f(OrbsDFTSpec_R_64f* pSpec);
+OrbStatus orbsDFTGetBufSize_R_64f(const OrbsDFTSpec_R_64f* pSpec, int* pSize);
+OrbStatus orbsDFTInitAlloc_C_16sc(OrbsDFTSpec_C_16sc** ppSpec, int length, int flag, OrbHintAlgorithm hint);
+OrbStatus orbsDFTFree_C_16sc(OrbsDFTSpec_C_16sc* pSpec);
+OrbStatus orbsDFTGetBufSize_C_16sc(const OrbsDFTSpec_C_16sc* pSpec, int* pSize);
+OrbStatus orbsDFTInitAlloc_C_16s(OrbsDFTSpec_C_16s** ppSpec, int length, int flag, OrbHintAlgorithm hint);
+OrbStatus orbsDFTFree_C_16s(OrbsDFTSpec_C_16s* pSpec);
+OrbStatus orbsDFTGetBufSize_C_16s(const OrbsDFTSpec_C_16s* pSpec, int* pSize);
+OrbStatus orbsDFTInitAlloc_R_16s(OrbsDFTSpec_R_16s** ppSpec, int length, int flag, OrbHintAlgorithm hint);
+OrbStatus orbsDFTFree_R_16s(OrbsDFTSpec_R_16s* pSpec);
+OrbStatus orbsDFTGetBufSize_R_16s(const OrbsDFTSpec_R_16s* pSpec, int* pSize);
 
 /* ---- Complex DFT ---------------------------------------------------------------------------------------------
  * Alignment: of the elements.
@@ -107,6 +127,57 @@ OrbStatus orbsDFTOutOrdFwd_CToC_32fc(const Orb32fc* pSrc, Orb32fc* pDst, const O
 OrbStatus orbsDFTOutOrdInv_CToC_32fc(const Orb32fc* pSrc, Orb32fc* pDst, const OrbsDFTOutOrdSpec_C_32fc* pSpec, Orb8u* pBuffer);
 OrbStatus orbsDFTOutOrdFwd_CToC_64fc(const Orb64fc* pSrc, Orb64fc* pDst, const OrbsDFTOutOrdSpec_C_64fc* pSpec, Orb8u* pBuffer);
 OrbStatus orbsDFTOutOrdInv_CToC_64fc(const Orb64fc* pSrc, Orb64fc* pDst, const OrbsDFTOutOrdSpec_C_64fc* pSpec, Orb8u* pBuffer);
+
+/* ---- Real DFT ------------------------------------------------------------------------------------------------
+ * Alignment: of the elements.
+ * N real samples to the half of their spectrum that is enough, and back. With R(k) and I(k) the parts of X[k] and M = N / 2
+ * rounded down, the layouts (orbs/spectra.h) are, for even and for odd N:
+ *   CCS   R(0) 0 R(1) I(1) ... R(M-1) I(M-1) R(M) 0     R(0) 0 R(1) I(1) ... R(M) I(M)     N + 2 and N + 1 elements
+ *   Pack  R(0) R(1) I(1) ... R(M-1) I(M-1) R(M)         R(0) R(1) I(1) ... R(M) I(M)       N elements
+ *   Perm  R(0) R(M) R(1) I(1) ... R(M-1) I(M-1)         the same as Pack                   N elements
+ * The zeros of CCS are written, and not read on the way back. pDst may be pSrc, where the block must hold the longer of
+ * the two vectors; other overlaps are not supported. Every layout has the same bits.
+ *
+ * Method: even lengths that are no power of two by a complex transform of N / 2 points and one pass over it; odd ones by
+ * real mixed-radix stages, direct sums (primes up to 179) or a chirp. The scale is one multiplication of each result
+ * (but for powers of two: orbs/fft.h). pBuffer, statuses, NaN, threads: as in the complex DFT. */
+OrbStatus orbsDFTFwd_RToCCS_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToPack_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToPerm_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_CCSToR_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_PackToR_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_PermToR_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToCCS_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFTSpec_R_64f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToPack_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFTSpec_R_64f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToPerm_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFTSpec_R_64f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_CCSToR_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFTSpec_R_64f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_PackToR_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFTSpec_R_64f* pSpec, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_PermToR_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFTSpec_R_64f* pSpec, Orb8u* pBuffer);
+
+/* ---- DFT of integers -----------------------------------------------------------------------------------------
+ * Alignment: of the elements.
+ * The data become single precision, are transformed by the plan of their length, and come back as
+ *
+ *     result * 2^-scaleFactor, to the nearest integer, ties to even, saturated to -32768 to 32767,
+ *
+ * as orbsConvert_32f16s_Sfs does it: with a scaleFactor below -127 a result of 0 becomes 32767. No scaleFactor is an
+ * error. _16sc: interleaved; C objects of _16s: two planes; R objects: real data in the layouts above.
+ * Between exact result and integer stand the errors of the transform in single precision: with N points of full range and
+ * scaleFactor 0 about 2^-8 of the root of N. A length of 1 only scales, and keeps 0. pDst may be pSrc; planes as in the
+ * complex DFT.
+ *
+ * pBuffer: as in the complex DFT, of the size that GetBufSize tells of the 16-bit object; used from length 2 on.
+ * Statuses: orbStsNullPtrErr (pSpec), orbStsContextMatchErr, orbStsNullPtrErr (data), orbStsMemAllocErr. */
+OrbStatus orbsDFTFwd_CToC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, const OrbsDFTSpec_C_16sc* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_CToC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, const OrbsDFTSpec_C_16sc* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_CToC_16s_Sfs(const Orb16s* pSrcRe, const Orb16s* pSrcIm, Orb16s* pDstRe, Orb16s* pDstIm, const OrbsDFTSpec_C_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_CToC_16s_Sfs(const Orb16s* pSrcRe, const Orb16s* pSrcIm, Orb16s* pDstRe, Orb16s* pDstIm, const OrbsDFTSpec_C_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToCCS_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsDFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToPack_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsDFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTFwd_RToPerm_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsDFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_CCSToR_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsDFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_PackToR_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsDFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
+OrbStatus orbsDFTInv_PermToR_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsDFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
 
 ORBS_DECLARATIONS_END
 

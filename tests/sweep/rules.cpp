@@ -16,6 +16,8 @@ const ObjectRule objectRules[] = {
      {{"pMemSpec", "pSpecSize"},
       {"pMemInit", "pSpecBufferSize", [](const Case& c) { return c.order <= 10; }}, // not needed
       {"pBuffer", "pBufferSize", always}}},                                         // the call takes one of its own
+    {{"OrbsDFTSpec(\\w+)", ""}, "DFT", "GetBufSize", {{"pBuffer", "pSize", always}}},
+    {{"OrbsDFTOutOrdSpec(\\w+)", ""}, "DFTOutOrd", "GetBufSize", {{"pBuffer", "pSize", always}}},
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
@@ -66,6 +68,8 @@ const VectorRule vectorRules[] = {
     {{"FFTFwd_RToCCS_.*", "pDst|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
     {{"FFTInv_CCSToR_.*", "pSrc|pSrcDst"}, COUNT(2 * (c.points() / 2 + 1))},
     {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
+    {{"DFTFwd_RToCCS_.*", "pDst"}, COUNT(2 * (c.n / 2 + 1))},
+    {{"DFTInv_CCSToR_.*", "pSrc"}, COUNT(2 * (c.n / 2 + 1))},
     {{"FIR\\w*_Direct_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
@@ -142,7 +146,8 @@ const NumberRule numberRules[] = {
      NUMBER(c.order),
      {NUMBER(-1), NUMBER(31), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsFftOrderErr},
-    {{"FFT.*", "flag"},
+    {{"DFT.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"[FD]FT.*", "flag"},
      oneOf<ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE>,
      {NUMBER(0), NUMBER(3), NUMBER(16), NUMBER(-1)},
      orbStsFftFlagErr},
@@ -268,7 +273,7 @@ const OrderRule orderRules[] = {
     {{"Join.*", ""}, {"pDst", "nChannels", "chanLen", "pSrc", "pSrc:value"}},
     {{"Split.*", ""}, {"pSrc", "nChannels", "chanLen", "pDst", "pDst:value"}},
     {{"(Tone|Triangle)_Direct_.*", ""}, {"pPhase", "magn", "rFreq", "asym", "pPhase:value", "pDst", "len"}},
-    {{"FFT(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
+    {{"[FD]FT(OutOrd)?(Fwd|Inv)_.*", ""}, {"pSpec", "pSpec:tag", "*"}},
     {{"FFTGetSize_.*", ""}, {"order", "*", "flag"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
     {{"FIR\\w*_Direct_.*", ""},
@@ -357,6 +362,14 @@ const CaseRule caseRules[] = {
      orders(8, 19, 1),
      orders(10, 11, 1),
      numbered(orders(0, 12, 4) + orders(13, 18, 1))},
+    // Lengths of every plan: all short ones, those around the limits between the plans, products and primes.
+    {{"DFT.*", ""},
+     lengthsUpTo(80),
+     lengthsFrom(81, 160) +
+         lengths({179, 180, 181, 302, 343, 500, 945, 1009, 1155, 2000, 2001, 2002, 3375, 5000, 5001}),
+     lengths({4, 12, 16, 45, 101, 151, 302, 5001}),
+     numbered(lengthsUpTo(160) + lengths({179,  180,  181,  302,  303,  343,  500,  501,  945,   1000,  1009, 1155,
+                                          1200, 2000, 2001, 2002, 3375, 5000, 5001, 7200, 22801, 45045, 44100}))},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),

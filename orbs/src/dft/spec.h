@@ -73,6 +73,16 @@ constexpr int chooseOuterStages(const Radices& radices, std::uint64_t n) {
     return best;
 }
 
+// Those of an odd number of real samples: all but those whose blocks are too short for lanes to run over half of their
+// points.
+constexpr int chooseOuterRealStages(const Radices& radices, std::uint64_t n) {
+    std::uint64_t rest = n;
+    int stages = 0;
+    do rest /= static_cast<std::uint64_t>(radices.radix[stages++]);
+    while (stages < radices.stages && rest / static_cast<std::uint64_t>(radices.radix[stages]) >= 17);
+    return stages;
+}
+
 template <class T>
 constexpr Choice choose(std::uint64_t length, Kind kind) {
     Choice choice{kind, Plan::small, length, length};
@@ -87,7 +97,8 @@ constexpr Choice choose(std::uint64_t length, Kind kind) {
         choice.plan = Plan::mixedRadix;
         choice.staysOutOfOrder = kind == Kind::outOfOrder && length > outOfOrderLimit<T>;
         if (!choice.staysOutOfOrder) exchangeFinal(choice.radices);
-        choice.outerStages = chooseOuterStages<T>(choice.radices, choice.points);
+        choice.outerStages = choice.isOddReal() ? chooseOuterRealStages(choice.radices, choice.points)
+                                                : chooseOuterStages<T>(choice.radices, choice.points);
     } else {
         choice.plan = choice.points > (choice.isOddReal() ? realDirectLimit : directLimit) ? Plan::chirp : Plan::direct;
     }
@@ -193,8 +204,8 @@ Spec<T>* layOut(Layout& layout, const Choice& choice) {
     };
     const auto field = [&](auto pointer) { return spec ? &(spec->*pointer) : nullptr; };
     if (choice.recombines()) {
-        place(field(&Spec<T>::forwardRecombination), recombinationValues<T>(choice.length));
-        place(field(&Spec<T>::inverseRecombination), recombinationValues<T>(choice.length));
+        place(field(&Spec<T>::forwardRecombination), recombinationValues(choice.length));
+        place(field(&Spec<T>::inverseRecombination), recombinationValues(choice.length));
     }
     if (choice.plan == Plan::powerOfTwo) place(field(&Spec<T>::fft), innerSizes<T>(choice).object);
     if (choice.plan == Plan::direct) place(field(&Spec<T>::matrix), matrixValues<T>(choice.points));
@@ -221,7 +232,7 @@ Spec<T>* layOut(Layout& layout, const Choice& choice) {
                                            : columnTwiddles(radix, rest, lanesFor<T>(rest));
         place(stage ? &stage->twiddles : nullptr, twiddles);
     }
-    if (choice.isOddReal() || choice.staysOutOfOrder) return spec;
+    if (choice.staysOutOfOrder) return spec;
     std::uint64_t leaves = 1;
     for (int i = 0; i < choice.outerStages; ++i) leaves *= static_cast<std::uint64_t>(choice.radices.radix[i]);
     place(field(&Spec<T>::leafPlaces), leaves);
@@ -308,15 +319,17 @@ OrbStatus fill(Spec<T>& spec, const Choice& choice, int flag, Orb8u* scratch) {
 
 // ---- What the exported functions of all kinds do ----
 
+// `moreWork` bytes are told in front of the work area of the transform itself.
 template <class T, class Object>
-OrbStatus initAlloc(Object** ppSpec, int length, int flag, OrbHintAlgorithm hint, Kind kind, Orb32s tag) {
+OrbStatus initAlloc(Object** ppSpec, int length, int flag, OrbHintAlgorithm hint, Kind kind, Orb32s tag,
+                    std::uint64_t moreWork = 0) {
     if (!ppSpec) return orbStsNullPtrErr;
     if (length < 1) return orbStsSizeErr;
     if (!fft::isFlag(flag)) return orbStsFftFlagErr;
     const Choice choice = choose<T>(static_cast<std::uint64_t>(length), kind);
     Layout measure(nullptr);
     layOut<T>(measure, choice);
-    const std::uint64_t scratchSize = scratchSizeOf<T>(choice), workSize = workSizeOf<T>(choice);
+    const std::uint64_t scratchSize = scratchSizeOf<T>(choice), workSize = workSizeOf<T>(choice) + moreWork;
     constexpr std::uint64_t largest = std::numeric_limits<int>::max();
     if (measure.used() > largest || scratchSize > largest || workSize > largest) return orbStsMemAllocErr;
 

@@ -109,36 +109,34 @@ void fillMatrix(T* table, Roots<T> roots, std::size_t p) {
 
 // ---- Real transforms ----
 
-// Stages of odd length in half-complex form: of columns 1 to (columns - 1) / 2 the twiddles of rows 1 to radix - 1,
-// real and imaginary.
+// Stages of odd length in half-complex form: of each row 1 to radix - 1 the columns k = 1 to (columns - 1) / 2, real
+// parts and then imaginary parts.
 constexpr std::size_t realTwiddles(std::size_t radix, std::size_t columns) {
     return (radix - 1) * (columns - 1);
 }
 template <class T>
 void fillRealTwiddles(T* table, Roots<T> roots, std::size_t radix, std::size_t columns) {
-    fillPlainTwiddles(table, roots, radix, columns / 2 + 1);
+    const std::size_t stride = roots.n / (radix * columns), half = columns / 2;
+    for (std::size_t row = 1; row < radix; ++row, table += 2 * half) {
+        for (std::size_t k = 1; k <= half; ++k) {
+            table[k - 1] = roots.re(row * k * stride);
+            table[half + k - 1] = roots.im(row * k * stride);
+        }
+    }
 }
 
-// Recombination of a half-length transform: for k = 1, 2, ... in groups of columnGroup values, forward 0.5 cos and then
-// 0.5 - 0.5 sin of 2 pi k / n, inverse cos and then -sin.
-template <class T>
+// Recombination of a half-length transform: for k = 1, 2, ... forward 0.5 cos and 0.5 - 0.5 sin of 2 pi k / n, inverse
+// cos and -sin.
 constexpr std::size_t recombinationValues(std::size_t n) {
-    return 2 * ((n + 3) / 4 + columnGroup<T> - 1) / columnGroup<T> * columnGroup<T>;
+    return 2 * ((n + 3) / 4);
 }
 template <class T>
 void fillRecombination(T* forward, T* inverse, Roots<T> roots) {
-    constexpr std::size_t group = columnGroup<T>;
-    for (std::size_t k = 1; k <= (roots.n + 3) / 4; k += group) {
-        for (std::size_t i = 0; i < group; ++i) {
-            const std::size_t j = (k + i) % roots.n;
-            *forward++ = T(0.5) * roots.re(j);
-            *inverse++ = roots.re(j);
-        }
-        for (std::size_t i = 0; i < group; ++i) {
-            const std::size_t j = (k + i) % roots.n;
-            *forward++ = static_cast<T>(0.5 + 0.5 * static_cast<double>(roots.im(j)));
-            *inverse++ = roots.im(j);
-        }
+    for (std::size_t k = 1; k <= (roots.n + 3) / 4; ++k) {
+        *forward++ = T(0.5) * roots.re(k);
+        *forward++ = static_cast<T>(0.5 + 0.5 * static_cast<double>(roots.im(k)));
+        *inverse++ = roots.re(k);
+        *inverse++ = roots.im(k);
     }
 }
 
