@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int highestOrder = 20;
+constexpr int highestOrder = 22;
 
 // FFTW by the type of its samples.
 template <class T>

@@ -5,6 +5,7 @@
 #include "fft/columns.h"
 #include "vectors/loops.h"
 
+#include <array>
 #include <type_traits>
 #include <utility>
 
@@ -73,10 +74,10 @@ HWY_INLINE Cx<V> twiddled(Cx<V> x, Cx<V> w) {
     if constexpr (Inverse) return {w.re * x.re + w.im * x.im, w.re * x.im - w.im * x.re};
     return {w.re * x.re - w.im * x.im, w.re * x.im + w.im * x.re};
 }
-// One twiddle for all lanes of packed vectors: 32 bytes of the real part, and 32 of the imaginary part with the sign of
+// One twiddle for all lanes of packed vectors: a group of the real part, and one of the imaginary part with the sign of
 // the even lanes turned (of the odd ones for the inverse), which turns the sign of the product there.
 template <class T>
-struct alignas(32) PackedTwiddle {
+struct alignas(groupBytes) PackedTwiddle {
     T re[columnGroup<T>], im[columnGroup<T>];
 };
 template <class D, class T = hn::TFromD<D>>
@@ -171,6 +172,14 @@ struct Interleaved {
     }
 };
 
+// The numbers below count * step, those that lie `step` apart together: 0, step, 2 * step, ..., 1, 1 + step, ...
+template <class Index, std::size_t count, std::size_t step>
+inline constexpr auto strided = [] {
+    std::array<Index, count * step> order{};
+    for (std::size_t n = 0; n < count * step; ++n) order[n] = static_cast<Index>(n % count * step + n / count);
+    return order;
+}();
+
 // A plane of real parts and a plane of imaginary parts.
 template <class T>
 struct Planes {
@@ -192,6 +201,10 @@ struct Planes {
         const auto r = hn::LoadU(half, re + n), i = hn::LoadU(half, im + n);
         if constexpr (hn::MaxLanes(d) * sizeof(T) == 16) {
             return {hn::InterleaveLower(d, hn::ZeroExtendVector(d, r), hn::ZeroExtendVector(d, i))};
+        } else if constexpr (hn::MaxLanes(d) * sizeof(T) == 64) {
+            using Index = hwy::MakeSigned<hn::TFromD<D>>;
+            return {hn::TableLookupLanes(hn::Combine(d, i, r),
+                                         hn::SetTableIndices(d, strided<Index, 2, hn::MaxLanes(D()) / 2>.data()))};
         } else {
             return {hn::Combine(d, hn::InterleaveUpper(half, r, i), hn::InterleaveLower(half, r, i))};
         }
@@ -209,10 +222,11 @@ private:
         if constexpr (hn::MaxLanes(d) * sizeof(T) == 16) {
             hn::StoreU(hn::LowerHalf(half, v), half, to);
             hn::StoreU(hn::UpperHalf(half, v), half, to + columnGroup<T> / 2);
-        } else { // exchange the middle quarters
+        } else { // the first halves of all blocks, then the second ones
             const hn::Repartition<Orb64f, D> quarters;
-            constexpr std::int64_t order[] = {0, 2, 1, 3};
-            const auto natural = hn::TableLookupLanes(hn::BitCast(quarters, v), hn::SetTableIndices(quarters, order));
+            const auto& order = strided<std::int64_t, hn::MaxLanes(D()) * sizeof(T) / 16, 2>;
+            const auto natural =
+                hn::TableLookupLanes(hn::BitCast(quarters, v), hn::SetTableIndices(quarters, order.data()));
             hn::StoreU(hn::BitCast(d, natural), d, to);
         }
     }
@@ -277,12 +291,32 @@ HWY_INLINE Cx<V> partOf(D d, Packed<D> a, Packed<D> b) {
         return {hn::InterleaveLower(d, a.v, b.v), hn::InterleaveUpper(d, a.v, b.v)};
     } else if constexpr (hn::MaxLanes(d) == 4) {
         return {hn::ConcatEven(d, b.v, a.v), hn::ConcatOdd(d, b.v, a.v)};
-    } else { // block by block, which spares an exchange of blocks
+    } else if constexpr (hn::MaxLanes(d) == 8) { // block by block, which spares an exchange of blocks
         return {V{_mm256_shuffle_ps(a.v.raw, b.v.raw, 0x88)}, V{_mm256_shuffle_ps(a.v.raw, b.v.raw, 0xdd)}};
+    } else {
+        return {V{_mm512_shuffle_ps(a.v.raw, b.v.raw, 0x88)}, V{_mm512_shuffle_ps(a.v.raw, b.v.raw, 0xdd)}};
     }
 }
 
 // ---- Transposition of a square of lanes ----
+
+// Four vectors of four blocks each, `step` apart.
+template <class V>
+HWY_INLINE void transposeBlocks(V* v, int step) {
+    const hn::DFromV<V> d;
+    const hn::Repartition<Orb64f, decltype(d)> doubles;
+    __m512d x[4];
+    repeat<4>([&](int n) __attribute__((always_inline)) { x[n] = hn::BitCast(doubles, v[n * step]).raw; });
+    const __m512d a = _mm512_shuffle_f64x2(x[0], x[1], 0x44), b = _mm512_shuffle_f64x2(x[0], x[1], 0xee);
+    const __m512d c = _mm512_shuffle_f64x2(x[2], x[3], 0x44), e = _mm512_shuffle_f64x2(x[2], x[3], 0xee);
+    x[0] = _mm512_shuffle_f64x2(a, c, 0x88);
+    x[1] = _mm512_shuffle_f64x2(a, c, 0xdd);
+    x[2] = _mm512_shuffle_f64x2(b, e, 0x88);
+    x[3] = _mm512_shuffle_f64x2(b, e, 0xdd);
+    repeat<4>([&](int n) __attribute__((always_inline)) {
+        v[n * step] = hn::BitCast(d, hn::Vec<decltype(doubles)>{x[n]});
+    });
+}
 
 template <class D, class V = hn::Vec<D>>
 HWY_INLINE void transpose(D d, V* v) {
@@ -309,7 +343,9 @@ HWY_INLINE void transpose(D d, V* v) {
             r[3] = hn::BitCast(d, hn::InterleaveUpper(pairs, b, f));
         });
     }
-    if constexpr (lanes > perBlock) { // the blocks of a 256-bit vector
+    if constexpr (lanes == 4 * perBlock) {
+        repeat<perBlock>([&](int r) __attribute__((always_inline)) { transposeBlocks(v + r, perBlock); });
+    } else if constexpr (lanes == 2 * perBlock) { // the blocks of a 256-bit vector
         repeat<perBlock>([&](int r) __attribute__((always_inline)) {
             const V low = v[r], high = v[r + perBlock];
             v[r] = hn::ConcatLowerLower(d, high, low);
@@ -331,6 +367,10 @@ HWY_INLINE void transpose(D d, Packed<D>* x) {
         const auto low = x[0].v, high = x[1].v;
         x[0].v = hn::ConcatLowerLower(d, high, low);
         x[1].v = hn::ConcatUpperUpper(d, high, low);
+    } else if constexpr (packedLanes<D> == 4) {
+        hn::Vec<D> v[4] = {x[0].v, x[1].v, x[2].v, x[3].v};
+        transposeBlocks(v, 1);
+        repeat<4>([&](int r) __attribute__((always_inline)) { x[r].v = v[r]; });
     }
 }
 

@@ -12,7 +12,9 @@ public:
         if (!needed) return;
         if (!pBuffer) pBuffer = own_ = orbsMalloc_8u(size);
         failed_ = !pBuffer;
-        area_ = alignUp(pBuffer, 32);
+        // A cache line's alignment where the 32 bytes told for it suffice.
+        area_ = alignUp(pBuffer, 64);
+        if (own_ || area_ - pBuffer > 32) area_ = alignUp(pBuffer, 32);
     }
     ~WorkArea() { orbsFree(own_); }
     WorkArea(const WorkArea&) = delete;

@@ -52,19 +52,23 @@ void transform16(D d, From from, To to, Last last) {
 template <bool Inverse, class T, class From, class Work>
 void firstPasses(From from, Work work, int order, int inner) {
     const GroupTag<T> full;
+    const hn::CappedTag<T, 32 / sizeof(T)> half;
     const hn::CappedTag<T, 16 / sizeof(T)> block;
     constexpr std::size_t lanes = packedLanes<GroupTag<T>>;
-    // In single precision with 32 registers the loads of two vectors come all at once: one at a time is as fast then,
-    // and faster by a fifth where the destination begins in the middle of a cache line.
-    constexpr int together = HWY_TARGET <= HWY_AVX3 && sizeof(T) == sizeof(Orb32f) ? 1 : 2;
+    constexpr int together = groupBytes == 64 ? 1 : 2;
     const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
-        if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
+        if (firstPassOrder<T>(inner) == 3) {
+            if (points < 16 * lanes) return firstPass<8, 2, Inverse>(half, from, work, order);
+            return firstPass<8, 2, Inverse>(full, from, work, order);
+        }
     }
     if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
         firstPass<16, together, Inverse>(full, from, work, order);
     } else if (points >= 16 * lanes) {
         firstPass<16, 1, Inverse>(full, from, work, order);
+    } else if (groupBytes == 64 && points >= 8 * lanes) {
+        firstPass<16, 1, Inverse>(half, from, work, order);
     } else {
         firstPass<16, 1, Inverse>(block, from, work, order);
     }

@@ -26,7 +26,7 @@ constexpr int log2Of(std::size_t n) {
 // Twiddles of the columns of one part of a group: the powers 1 to 3 lie two groups apart, cos before -sin.
 template <int power, class D, class T = hn::TFromD<D>>
 HWY_INLINE Cx<hn::Vec<D>> loadTwiddle(D d, const T* w) {
-    return {hn::Load(d, w + (2 * power - 2) * columnGroup<T>), hn::Load(d, w + (2 * power - 1) * columnGroup<T>)};
+    return {loadTable(d, w + (2 * power - 2) * columnGroup<T>), loadTable(d, w + (2 * power - 1) * columnGroup<T>)};
 }
 
 // ---- First pass: many short transforms side by side, one in each complex lane ----

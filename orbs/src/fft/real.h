@@ -18,11 +18,14 @@ HWY_INLINE void forEachPair(std::size_t m, const T* table, Pair pair) {
         const T* values = table;
         for (std::size_t k = 1; k <= m / 2; k += group, values += 2 * group)
             for (std::size_t h = 0; h < group; h += lanes)
-                pair(d, k + h, m - k - h - lanes + 1, hn::Load(d, values + h), hn::Load(d, values + h + group));
+                pair(d, k + h, m - k - h - lanes + 1, loadTable(d, values + h), loadTable(d, values + h + group));
     };
     const GroupTag<T> full;
+    const hn::CappedTag<T, 32 / sizeof(T)> half;
     if (hn::MaxLanes(full) <= m / 2) {
         run(full);
+    } else if (groupBytes == 64 && hn::MaxLanes(half) <= m / 2) {
+        run(half);
     } else {
         run(ShortTag<T>());
     }

@@ -169,21 +169,22 @@ void fillRecombination(T* forward, T* inverse, const QuarterWave<T>& wave, int o
 
 // ---- Object ----
 
-// Lays the object out from `base`, or measures it where base is null; base is aligned to 32 bytes.
+// Lays the object out from `base`, which is aligned to 32 bytes, in less than the room that is told for it. Tables begin
+// where a cache line does; the order of their columns is that of the tier.
 template <class T>
-Spec<T>* layOut(Layout& layout, int order, bool real) {
+Spec<T>* layOut(Orb8u* base, int order, bool real) {
+    Layout layout(base);
     Spec<T>* spec = layout.take<Spec<T>>(1, 32);
     if (order < smallOrders) return spec;
+    layout.take<Orb8u>(reinterpret_cast<std::uintptr_t>(layout.take<Orb8u>(0, 32)) % 64, 1);
     const auto place = [&](RelativePtr<T> Spec<T>::*pointer, std::uint64_t count) {
-        T* area = layout.take<T>(count, 32);
-        if (spec) spec->*pointer = area;
+        spec->*pointer = layout.take<T>(count, 32);
     };
     const int coreOrder = real ? order - 1 : order, inner = innermostOrder<T>(coreOrder);
     if (inner > smallOrders) place(&Spec<T>::twiddles, twiddlesBefore<T>(inner + 2));
     int m = coreOrder;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n) {
-        T* area = layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
-        if (spec) spec->levels[n] = area;
+        spec->levels[n] = layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
     }
     if (real) {
         place(&Spec<T>::forwardRecombination, std::uint64_t{2} << (order - 2));
@@ -245,9 +246,9 @@ OrbStatus init(Kind** ppSpec, int order, int flag, OrbHintAlgorithm hint, Orb8u*
     if (!pMemSpec) return orbStsNullPtrErr;
     const Sizes sizes = sizesOf<T>(order, real);
     if (sizes.object > std::numeric_limits<int>::max()) return orbStsMemAllocErr; // no block can be told to be as large
-    Layout layout(alignUp(pMemSpec, 32));
-    std::memset(alignUp(pMemSpec, 32), 0, sizeof(Spec<T>));
-    Spec<T>& spec = *layOut<T>(layout, order, real);
+    Orb8u* const base = alignUp(pMemSpec, 32);
+    std::memset(base, 0, sizeof(Spec<T>));
+    Spec<T>& spec = *layOut<T>(base, order, real);
     spec.order = order;
     spec.hint = hint;
     if (!isFlag(flag)) return orbStsFftFlagErr;
