@@ -2,6 +2,7 @@
 // order of the additions here is what fixes the bits of every transform.
 #pragma once
 
+#include "fft/additions.h"
 #include "fft/columns.h"
 #include "vectors/loops.h"
 
@@ -59,9 +60,15 @@ HWY_INLINE Cx<V> addTurned(Cx<V> a, Cx<V> x) {
 template <bool Inverse, class D>
 HWY_INLINE Packed<D> addTurned(Packed<D> a, Packed<D> x) {
     const D d;
-    const auto turned = negateEven(d, hn::Reverse2(d, x.v)); // i x
-    if constexpr (Inverse) return {a.v + turned};
-    return {a.v - turned};
+    const auto exchanged = hn::Reverse2(d, x.v);
+    if constexpr (additionsOnMultipliers) {
+        if constexpr (Inverse) return {vfmaddsub132(a.v, exchanged)};
+        return {vfmsubadd132(a.v, exchanged)};
+    } else {
+        const auto turned = negateEven(d, exchanged); // i x
+        if constexpr (Inverse) return {a.v + turned};
+        return {a.v - turned};
+    }
 }
 template <bool Inverse, class X>
 HWY_INLINE X subTurned(X a, X x) {
@@ -86,6 +93,25 @@ HWY_INLINE Packed<D> twiddled(Packed<D> x, const PackedTwiddle<T>& w) {
     return {x.v * hn::Load(d, w.re) + hn::Reverse2(d, x.v) * hn::Load(d, w.im)};
 }
 
+// The part of the sums and differences that may go to the ports of the multipliers: with packed vectors it does, as the
+// first pass waits for its adders; passes with twiddles wait for their loads and stores, and gain nothing.
+template <class X>
+HWY_INLINE X addBeside(X a, X b) {
+    return a + b;
+}
+template <class X>
+HWY_INLINE X subBeside(X a, X b) {
+    return a - b;
+}
+template <class D>
+HWY_INLINE Packed<D> addBeside(Packed<D> a, Packed<D> b) {
+    return {addOnMultiplier(a.v, b.v)};
+}
+template <class D>
+HWY_INLINE Packed<D> subBeside(Packed<D> a, Packed<D> b) {
+    return {subOnMultiplier(a.v, b.v)};
+}
+
 // What happens to the sums and differences of the first layer, or to the results of the last.
 struct AsIs {
     template <class X>
@@ -107,7 +133,7 @@ struct Times {
 template <bool Inverse, class X, class First = AsIs>
 HWY_INLINE void butterfly4(X& x0, X& x1, X& x2, X& x3, First first = {}) {
     const X s0 = first(x0 + x2), d0 = first(x0 - x2);
-    const X s1 = first(x1 + x3), d1 = first(x1 - x3);
+    const X s1 = first(addBeside(x1, x3)), d1 = first(subBeside(x1, x3));
     x0 = s0 + s1;
     x2 = s0 - s1;
     x1 = addTurned<Inverse>(d0, d1);
