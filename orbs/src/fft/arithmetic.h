@@ -127,6 +127,10 @@ struct Times {
     HWY_INLINE Cx<V> operator()(Cx<V> x) const {
         return x * hn::Set(hn::DFromV<V>(), scale);
     }
+    template <class D>
+    HWY_INLINE Packed<D> operator()(Packed<D> x) const {
+        return x * hn::Set(D(), scale);
+    }
 };
 
 // Four points in place: elements at distance 2 first, then those at distance 1.
@@ -191,6 +195,10 @@ struct Interleaved {
         return {hn::LoadU(d, base + 2 * n)};
     }
     template <class D>
+    HWY_INLINE void storePacked(D d, std::size_t n, Packed<D> x) const {
+        hn::StoreU(x.v, d, base + 2 * n);
+    }
+    template <class D>
     HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
         T* to = base + 2 * n + h;
         hn::StoreU(hn::InterleaveLower(d, x.re, x.im), d, to);
@@ -234,6 +242,12 @@ struct Planes {
         } else {
             return {hn::Combine(d, hn::InterleaveUpper(half, r, i), hn::InterleaveLower(half, r, i))};
         }
+    }
+    template <class D>
+    HWY_INLINE void storePacked(D d, std::size_t n, Packed<D> x) const {
+        const hn::Half<D> half;
+        hn::StoreU(hn::LowerHalf(half, hn::ConcatEven(d, x.v, x.v)), half, re + n);
+        hn::StoreU(hn::LowerHalf(half, hn::ConcatOdd(d, x.v, x.v)), half, im + n);
     }
     template <class D>
     HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {

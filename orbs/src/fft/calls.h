@@ -1,6 +1,7 @@
 // The frames of the transform calls: checks, working memory, choice of path.
 #pragma once
 
+#include "fft/engine.h"
 #include "fft/real.h"
 
 namespace orbs::fft {
@@ -16,7 +17,9 @@ public:
         area_ = alignUp(pBuffer, 64);
         if (own_ || area_ - pBuffer > 32) area_ = alignUp(pBuffer, 32);
     }
-    ~WorkArea() { orbsFree(own_); }
+    ~WorkArea() {
+        if (own_) orbsFree(own_);
+    }
     WorkArea(const WorkArea&) = delete;
     WorkArea& operator=(const WorkArea&) = delete;
 
@@ -61,7 +64,9 @@ void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> f
         return;
     }
     const auto transform = [&](auto last) __attribute__((always_inline)) {
-        if (order > Plan<T>::directLimit) {
+        if (order <= mostInRegisters) {
+            transformInRegisters<Inverse, T>(from, to, order, last);
+        } else if (order > Plan<T>::directLimit) {
             transformBlocked<Inverse>(spec, from, Grouped<T>{to.base}, to, order, inPlace, buffer, last);
         } else {
             const Grouped<T> work{inPlace ? reinterpret_cast<T*>(buffer) : to.base};
@@ -79,6 +84,13 @@ OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
         smallComplex<Inverse>(Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, order, scaleOf<Inverse>(*pSpec));
         return orbStsNoErr;
     }
+    if (order <= mostInRegisters) {
+        const auto transform = [&](auto last) __attribute__((always_inline)) {
+            transformInRegisters<Inverse, T>(Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, order, last);
+        };
+        withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
+        return orbStsNoErr;
+    }
     const WorkArea work(pBuffer, pSpec->workSize, pSrc == pDst || order > Plan<T>::directLimit);
     if (work.failed()) return orbStsMemAllocErr;
     transformInterleaved<Inverse>(*pSpec, order, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());
@@ -94,6 +106,13 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
     const Planes<T> to{pDstRe, pDstIm};
     if (order < smallOrders) {
         smallComplex<Inverse>(from, to, order, scaleOf<Inverse>(*pSpec));
+        return orbStsNoErr;
+    }
+    if (order <= mostInRegisters) {
+        const auto transform = [&](auto last) __attribute__((always_inline)) {
+            transformInRegisters<Inverse, T>(from, to, order, last);
+        };
+        withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
         return orbStsNoErr;
     }
     const bool blocked = order > Plan<T>::directLimit;

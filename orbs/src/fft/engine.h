@@ -1,49 +1,11 @@
 // Complex transforms of 2^order points, order 3 and above: which path an order takes, and the paths.
 #pragma once
 
-#include "fft/passes.h"
+#include "fft/registers.h"
 
 #include <utility>
 
 namespace orbs::fft {
-
-// ---- Order 4: all in a few vectors of four lanes (two where the registers are no wider) ----
-
-template <class T>
-using ShortTag = hn::CappedTag<T, 4>;
-
-template <bool Inverse, class D, class From, class To, class Last>
-void transform16(D d, From from, To to, Last last) {
-    using X = Cx<hn::Vec<D>>;
-    constexpr int lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
-    X rows[4][vectors]; // [sample][its results 0 to 3 of the first layer]
-    repeat<vectors>([&](int n) __attribute__((always_inline)) {
-        X x[4];
-        repeat<4>([&](int q) __attribute__((always_inline)) { x[q] = from.load(d, 4 * q + n * lanes); });
-        butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
-        repeat<vectors>([&](int t) __attribute__((always_inline)) {
-            hn::Vec<D> re[lanes], im[lanes];
-            repeat<lanes>([&](int k) __attribute__((always_inline)) {
-                re[k] = x[t * lanes + k].re;
-                im[k] = x[t * lanes + k].im;
-            });
-            transpose(d, re);
-            transpose(d, im);
-            repeat<lanes>([&](int lane) __attribute__((always_inline)) {
-                rows[n * lanes + lane][t] = {re[lane], im[lane]};
-            });
-        });
-    });
-    repeat<vectors>([&](int t) __attribute__((always_inline)) {
-        repeat<3>([&](int m) __attribute__((always_inline)) {
-            const auto& w = twiddles16<hn::TFromD<D>>;
-            const X twiddle{hn::LoadU(d, w.cosine[m] + t * lanes), hn::LoadU(d, w.negativeSine[m] + t * lanes)};
-            rows[m + 1][t] = twiddled<Inverse>(rows[m + 1][t], twiddle);
-        });
-        butterfly4<Inverse>(rows[0][t], rows[1][t], rows[2][t], rows[3][t]);
-        repeat<4>([&](int j) __attribute__((always_inline)) { to.store(d, 4 * j + t * lanes, last(rows[j][t])); });
-    });
-}
 
 // ---- Orders up to the direct limit ----
 
@@ -89,8 +51,6 @@ void firstPassesInRuns(From from, Work work, int order, int inner) {
 template <bool Inverse, class T, class From, class Work, class To, class Last>
 void transformDirect(From from, Work work, To to, int order, const T* twiddles, Last last) {
     const GroupTag<T> full;
-    const ShortTag<T> four;
-    if (order == 4) return transform16<Inverse>(four, from, to, last);
     firstPasses<Inverse, T>(from, work, order, order);
     passesTo<Inverse>(full, work, to, order, twiddles, last);
 }

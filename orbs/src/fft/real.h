@@ -1,10 +1,13 @@
 // Real transforms of N points by way of a complex transform of M = N / 2 points, and the formats of their spectra.
 #pragma once
 
-#include "fft/engine.h"
+#include "fft/passes.h"
 #include "fft/small.h"
 
 namespace orbs::fft {
+
+template <class T>
+using ShortTag = hn::CappedTag<T, 4>;
 
 enum class Format { ccs, pack, perm };
 
