@@ -39,21 +39,44 @@ ORBS_ONE_TIMES(vfmaddsub132)
 ORBS_ONE_TIMES(vfmsubadd132)
 #undef ORBS_NOTED
 #undef ORBS_ONE_TIMES
-constexpr bool additionsOnMultipliers = true;
-#else
-constexpr bool additionsOnMultipliers = false;
-#endif
 
-// a + b and a - b.
+// a + b and a - b; real parts subtracted and imaginary parts added, and the other way about.
 template <class V>
 HWY_INLINE V addOnMultiplier(V a, V b) {
-    if constexpr (additionsOnMultipliers && !std::is_floating_point_v<V>) return vfmadd132(a, b);
+    return vfmadd132(a, b);
+}
+template <class V>
+HWY_INLINE V subOnMultiplier(V a, V b) {
+    return vfmsub132(a, b);
+}
+template <class V>
+HWY_INLINE V subEvenAddOdd(V a, V b) {
+    return vfmaddsub132(a, b);
+}
+template <class V>
+HWY_INLINE V addEvenSubOdd(V a, V b) {
+    return vfmsubadd132(a, b);
+}
+#else
+template <class V>
+HWY_INLINE V addOnMultiplier(V a, V b) {
     return a + b;
 }
 template <class V>
 HWY_INLINE V subOnMultiplier(V a, V b) {
-    if constexpr (additionsOnMultipliers && !std::is_floating_point_v<V>) return vfmsub132(a, b);
     return a - b;
 }
+template <class V>
+HWY_INLINE V subEvenAddOdd(V a, V b) {
+    const hn::DFromV<V> d;
+    return a + hn::Xor(b, hn::OddEven(hn::Zero(d), hn::SignBit(d)));
+}
+template <class V>
+HWY_INLINE V addEvenSubOdd(V a, V b) {
+    const hn::DFromV<V> d;
+    return a + hn::Xor(b, hn::OddEven(hn::SignBit(d), hn::Zero(d)));
+}
+#endif
+
 
 } // namespace orbs::fft

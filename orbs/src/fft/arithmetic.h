@@ -45,10 +45,19 @@ struct Packed {
 template <class D>
 constexpr int packedLanes = hn::MaxLanes(D()) / 2;
 
-// v with the sign of the even (real) lanes turned.
+// v with the sign of the odd (imaginary) lanes turned.
 template <class D, class V = hn::Vec<D>>
-HWY_INLINE V negateEven(D d, V v) {
-    return hn::Xor(v, hn::OddEven(hn::Zero(d), hn::SignBit(d)));
+HWY_INLINE V negateOdd(D d, V v) {
+    return hn::Xor(v, hn::OddEven(hn::SignBit(d), hn::Zero(d)));
+}
+// Real parts subtracted and imaginary parts added, and the other way about.
+template <class D>
+HWY_INLINE Packed<D> subEvenAddOdd(Packed<D> a, Packed<D> b) {
+    return {subEvenAddOdd(a.v, b.v)};
+}
+template <class D>
+HWY_INLINE Packed<D> addEvenSubOdd(Packed<D> a, Packed<D> b) {
+    return {addEvenSubOdd(a.v, b.v)};
 }
 
 // a plus x turned by the direction of the transform: times -i forward, times i inverse.
@@ -59,16 +68,9 @@ HWY_INLINE Cx<V> addTurned(Cx<V> a, Cx<V> x) {
 }
 template <bool Inverse, class D>
 HWY_INLINE Packed<D> addTurned(Packed<D> a, Packed<D> x) {
-    const D d;
-    const auto exchanged = hn::Reverse2(d, x.v);
-    if constexpr (additionsOnMultipliers) {
-        if constexpr (Inverse) return {vfmaddsub132(a.v, exchanged)};
-        return {vfmsubadd132(a.v, exchanged)};
-    } else {
-        const auto turned = negateEven(d, exchanged); // i x
-        if constexpr (Inverse) return {a.v + turned};
-        return {a.v - turned};
-    }
+    const Packed<D> exchanged{hn::Reverse2(D(), x.v)};
+    if constexpr (Inverse) return subEvenAddOdd(a, exchanged);
+    return addEvenSubOdd(a, exchanged);
 }
 template <bool Inverse, class X>
 HWY_INLINE X subTurned(X a, X x) {

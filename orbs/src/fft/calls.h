@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fft/engine.h"
-#include "fft/real.h"
+#include "fft/real_registers.h"
 
 namespace orbs::fft {
 
@@ -143,6 +143,14 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
+    if (order == 4 || order == 5) {
+        const auto transform = [&](auto last) __attribute__((always_inline)) {
+            if (order == 4) return realForwardInRegisters<4>(pSrc, pDst, format, last);
+            realForwardInRegisters<5>(pSrc, pDst, format, last);
+        };
+        withScale(isScaled<false>(*pSpec), pSpec->scale, transform);
+        return orbStsNoErr;
+    }
     if (order < smallOrders) {
         smallRealForward(pSrc, pDst, order, scaleOf<false>(*pSpec));
     } else {
@@ -161,6 +169,14 @@ OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
+    if (order == 4 || order == 5) {
+        const auto transform = [&](auto last) __attribute__((always_inline)) {
+            if (order == 4) return realInverseInRegisters<4>(pSrc, pDst, format, last);
+            realInverseInRegisters<5>(pSrc, pDst, format, last);
+        };
+        withScale(isScaled<true>(*pSpec), pSpec->scale, transform);
+        return orbStsNoErr;
+    }
     const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);
     if (order < smallOrders) {
         T perm[8] = {r0, rm};

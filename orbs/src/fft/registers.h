@@ -1,9 +1,7 @@
-// Transforms that stay in registers from source to destination: complex ones of 16 to 64 points, real ones of 16 and 32.
-// Vectors are packed, four complex elements in each or as many as fit. The arithmetic is that of the passes.
+// Complex transforms of 16 to 64 points that stay in registers from source to destination, and one of 8 points. Vectors are packed, four complex elements in each or as many as fit. The arithmetic is that of the passes.
 #pragma once
 
 #include "fft/passes.h"
-#include "fft/real.h"
 
 namespace orbs::fft {
 

@@ -153,16 +153,23 @@ void fillLevel(T* table, const QuarterWave<T>& wave, int m) {
 
 // Real transforms of N points, k = 1 to N / 4: forward 0.5 cos and 0.5 - 0.5 sin, inverse cos and -sin, of 2 pi k / N.
 template <class T>
+struct RecombinationFactors {
+    constexpr RecombinationFactors(const QuarterWave<T>& wave, std::size_t k, int order)
+        : cosine(wave.cosine(k, order)), negativeSine(wave.negativeSine(k, order)), halfCosine(T(0.5) * cosine),
+          halfLess(static_cast<T>(0.5 + 0.5 * static_cast<double>(negativeSine))) {}
+    T cosine, negativeSine, halfCosine, halfLess;
+};
+template <class T>
 void fillRecombination(T* forward, T* inverse, const QuarterWave<T>& wave, int order) {
     const std::size_t quarter = std::size_t{1} << (order - 2);
     const std::size_t group = std::min(columnGroup<T>, quarter);
     for (std::size_t k = 1; k <= quarter; k += group) {
         for (std::size_t i = 0; i < group; ++i) {
-            const T cosine = wave.cosine(k + i, order), negativeSine = wave.negativeSine(k + i, order);
-            forward[2 * (k - 1) + i] = T(0.5) * cosine;
-            forward[2 * (k - 1) + group + i] = static_cast<T>(0.5 + 0.5 * static_cast<double>(negativeSine));
-            inverse[2 * (k - 1) + i] = cosine;
-            inverse[2 * (k - 1) + group + i] = negativeSine;
+            const RecombinationFactors<T> factors(wave, k + i, order);
+            forward[2 * (k - 1) + i] = factors.halfCosine;
+            forward[2 * (k - 1) + group + i] = factors.halfLess;
+            inverse[2 * (k - 1) + i] = factors.cosine;
+            inverse[2 * (k - 1) + group + i] = factors.negativeSine;
         }
     }
 }
