@@ -52,17 +52,11 @@ T scaleOf(const Spec<T>& spec) {
     return isScaled<Inverse>(spec) ? spec.scale : T(1);
 }
 
-// A complex transform of an order that has tables, or of order 3, whose scale is applied to the results. `buffer` is
-// needed in place and in blocked orders.
+// A complex transform of an order that has tables, whose scale is applied to the results. `buffer` is needed in place and
+// in blocked orders.
 template <bool Inverse, class T>
 void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> from, Interleaved<T> to, Orb8u* buffer) {
     const bool inPlace = from.base == to.base;
-    if (order < smallOrders) {
-        smallComplex<Inverse>(from, to, order, T(1));
-        if (isScaled<Inverse>(spec))
-            for (int n = 0; n < 2 << order; ++n) to.base[n] *= spec.scale;
-        return;
-    }
     const auto transform = [&](auto last) __attribute__((always_inline)) {
         if (order <= mostInRegisters) {
             transformInRegisters<Inverse, T>(from, to, order, last);
@@ -154,7 +148,7 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (order < smallOrders) {
         smallRealForward(pSrc, pDst, order, scaleOf<false>(*pSpec));
     } else {
-        const bool needed = coreOrder >= smallOrders && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
+        const bool needed = coreOrder > mostInRegisters && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
         const WorkArea work(pBuffer, pSpec->workSize, needed);
         if (work.failed()) return orbStsMemAllocErr;
         transformInterleaved<false>(*pSpec, coreOrder, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());

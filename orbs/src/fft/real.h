@@ -6,32 +6,18 @@
 
 namespace orbs::fft {
 
-template <class T>
-using ShortTag = hn::CappedTag<T, 4>;
-
 enum class Format { ccs, pack, perm };
 
-// Calls pair(d, k, mirror, first, second) for k = 1 to M / 2 in vectors: element k and those behind it, the mirror
-// elements M - k and those before it (loaded from `mirror` on, in reverse), and the two table values of each k.
+// Calls pair(d, k, mirror, first, second) for k = 1 to M / 2, at least a group of them, in vectors: element k and those
+// behind it, the mirror elements M - k and those before it (loaded from `mirror` on, in reverse), and the two table
+// values of each k.
 template <class T, class Pair>
 HWY_INLINE void forEachPair(std::size_t m, const T* table, Pair pair) {
-    const auto run = [=](auto d) HWY_ATTR {
-        constexpr std::size_t lanes = hn::MaxLanes(d);
-        const std::size_t group = std::min(columnGroup<T>, m / 2);
-        const T* values = table;
-        for (std::size_t k = 1; k <= m / 2; k += group, values += 2 * group)
-            for (std::size_t h = 0; h < group; h += lanes)
-                pair(d, k + h, m - k - h - lanes + 1, loadTable(d, values + h), loadTable(d, values + h + group));
-    };
-    const GroupTag<T> full;
-    const hn::CappedTag<T, 32 / sizeof(T)> half;
-    if (hn::MaxLanes(full) <= m / 2) {
-        run(full);
-    } else if (groupBytes == 64 && hn::MaxLanes(half) <= m / 2) {
-        run(half);
-    } else {
-        run(ShortTag<T>());
-    }
+    const GroupTag<T> d;
+    constexpr std::size_t lanes = hn::MaxLanes(d), group = columnGroup<T>;
+    for (std::size_t k = 1; k <= m / 2; k += group, table += 2 * group)
+        for (std::size_t h = 0; h < group; h += lanes)
+            pair(d, k + h, m - k - h - lanes + 1, loadTable(d, table + h), loadTable(d, table + h + group));
 }
 
 template <class D, class T, class V = hn::Vec<D>>

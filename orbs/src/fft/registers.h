@@ -84,24 +84,25 @@ HWY_INLINE void transform16(D d, Packed<D> (&x)[count]) {
 }
 
 // 8 points, in natural order. Where two elements share a vector, the even and the odd samples do in the first layer.
-template <bool Inverse, class D, int count>
-HWY_INLINE void transform8(D d, Packed<D> (&x)[count]) {
+template <bool Inverse, class D, int count, class First = AsIs>
+HWY_INLINE void transform8(D d, Packed<D> (&x)[count], First first = {}) {
     using T = hn::TFromD<D>;
     static_assert(count == 8 / packedLanes<D>);
     constexpr T root = rootOfHalf<T>;
     if constexpr (count == 8) {
-        ShortTransform<8, Inverse>::firstLayer(x);
-        ShortTransform<8, Inverse>::secondLayer(x);
+        butterfly4<Inverse>(x[0], x[2], x[4], x[6], first);
+        butterfly4<Inverse>(x[1], x[3], x[5], x[7], first);
+        joinEight<Inverse>(x, hn::Set(d, root));
     } else {
-        butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
+        butterfly4<Inverse>(x[0], x[1], x[2], x[3], first);
         transpose(d, x);     // even 0 and 1, odd 0 and 1
         transpose(d, x + 2); // even 2 and 3, odd 2 and 3
         alignas(32) static constexpr T factors01[] = {1, 1, root, root};
         alignas(32) static constexpr T factors23[] = {Inverse ? T(-1) : T(1), Inverse ? T(1) : T(-1), -root, -root};
-        const auto first = hn::FirstN(d, 2);
+        const auto lane0 = hn::FirstN(d, 2);
         const auto turned1 = addTurned<Inverse>(x[1], x[1]), turned3 = subTurned<Inverse>(x[3], x[3]);
-        const Packed<D> odd01 = {hn::IfThenElse(first, x[1].v, turned1.v) * hn::Load(d, factors01)};
-        const Packed<D> odd23 = {hn::IfThenElse(first, hn::Reverse2(d, x[3].v), turned3.v) * hn::Load(d, factors23)};
+        const Packed<D> odd01 = {hn::IfThenElse(lane0, x[1].v, turned1.v) * hn::Load(d, factors01)};
+        const Packed<D> odd23 = {hn::IfThenElse(lane0, hn::Reverse2(d, x[3].v), turned3.v) * hn::Load(d, factors23)};
         const Packed<D> even01 = x[0], even23 = x[2];
         x[0] = even01 + odd01;
         x[1] = even23 + odd23;
@@ -143,6 +144,18 @@ HWY_INLINE void transformByFour(D d, From from, To to, Last last) {
 template <class D, class From, int count>
 HWY_INLINE void loadAll(D d, From from, Packed<D> (&x)[count]) {
     repeat<count>([&](int n) __attribute__((always_inline)) { x[n] = from.loadPacked(d, n * packedLanes<D>); });
+}
+
+// `first` is what happens to the sums and differences of the first layer.
+template <bool Inverse, class T, class From, class To, class First, class Last>
+HWY_INLINE void order3InRegisters(From from, To to, First first, Last last) {
+    using D = hn::CappedTag<T, 4>;
+    const D d;
+    constexpr int lanes = packedLanes<D>;
+    Packed<D> x[8 / lanes];
+    loadAll(d, from, x);
+    transform8<Inverse>(d, x, first);
+    repeat<8 / lanes>([&](int n) __attribute__((always_inline)) { to.storePacked(d, n * lanes, last(x[n])); });
 }
 
 template <bool Inverse, class T, class From, class To, class Last>

@@ -3,44 +3,46 @@
 // scale of 1 changes nothing.
 #pragma once
 
-#include "fft/arithmetic.h"
+#include "fft/registers.h"
 
 #include <algorithm>
 
 namespace orbs::fft {
 
-template <bool Inverse, class T, class First>
-void smallComplex(Cx<T> (&x)[8], int order, First first) {
+// A lone element of an interleaved vector or of planes.
+template <class T>
+HWY_INLINE Cx<T> elementOf(Interleaved<const T> from, int n) {
+    return {from.base[2 * n], from.base[2 * n + 1]};
+}
+template <class T>
+HWY_INLINE Cx<T> elementOf(Planes<const T> from, int n) {
+    return {from.re[n], from.im[n]};
+}
+template <class T>
+HWY_INLINE void setElementOf(Interleaved<T> to, int n, Cx<T> x) {
+    to.base[2 * n] = x.re, to.base[2 * n + 1] = x.im;
+}
+template <class T>
+HWY_INLINE void setElementOf(Planes<T> to, int n, Cx<T> x) {
+    to.re[n] = x.re, to.im[n] = x.im;
+}
+
+template <bool Inverse, class T, class From, class To>
+HWY_INLINE void smallComplex(From from, To to, int order, T scale) {
+    const Times<T> first{scale};
     if (order == 0) {
-        x[0] = first(x[0]);
+        setElementOf(to, 0, first(elementOf(from, 0)));
     } else if (order == 1) {
-        const Cx<T> sum = first(x[0] + x[1]), difference = first(x[0] - x[1]);
-        x[0] = sum, x[1] = difference;
+        const Cx<T> x0 = elementOf(from, 0), x1 = elementOf(from, 1);
+        setElementOf(to, 0, first(x0 + x1));
+        setElementOf(to, 1, first(x0 - x1));
     } else if (order == 2) {
+        Cx<T> x[] = {elementOf(from, 0), elementOf(from, 1), elementOf(from, 2), elementOf(from, 3)};
         butterfly4<Inverse>(x[0], x[1], x[2], x[3], first);
+        for (int n = 0; n < 4; ++n) setElementOf(to, n, x[n]);
     } else {
-        butterfly4<Inverse>(x[0], x[2], x[4], x[6], first);
-        butterfly4<Inverse>(x[1], x[3], x[5], x[7], first);
-        joinEight<Inverse>(x, rootOfHalf<T>);
+        order3InRegisters<Inverse, T>(from, to, first, AsIs());
     }
-}
-
-template <bool Inverse, class T>
-void smallComplex(Interleaved<const T> from, Interleaved<T> to, int order, T scale) {
-    Cx<T> x[8] = {};
-    const int points = 1 << order;
-    for (int n = 0; n < points; ++n) x[n] = {from.base[2 * n], from.base[2 * n + 1]};
-    smallComplex<Inverse>(x, order, Times<T>{scale});
-    for (int n = 0; n < points; ++n) to.base[2 * n] = x[n].re, to.base[2 * n + 1] = x[n].im;
-}
-
-template <bool Inverse, class T>
-void smallComplex(Planes<const T> from, Planes<T> to, int order, T scale) {
-    Cx<T> x[8] = {};
-    const int points = 1 << order;
-    for (int n = 0; n < points; ++n) x[n] = {from.re[n], from.im[n]};
-    smallComplex<Inverse>(x, order, Times<T>{scale});
-    for (int n = 0; n < points; ++n) to.re[n] = x[n].re, to.im[n] = x[n].im;
 }
 
 // ---- Real: a spectrum is R0, RM, R1, I1, R2, I2, ... ----
