@@ -146,7 +146,8 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
         return orbStsNoErr;
     }
     if (order < smallOrders) {
-        smallRealForward(pSrc, pDst, order, scaleOf<false>(*pSpec));
+        const T scale = scaleOf<false>(*pSpec);
+        withSmallOrder(order, [=](auto known) { smallRealForward<known()>(pSrc, pDst, scale); });
     } else {
         const bool needed = coreOrder > mostInRegisters && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
         const WorkArea work(pBuffer, pSpec->workSize, needed);
@@ -173,9 +174,8 @@ OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     }
     const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);
     if (order < smallOrders) {
-        T perm[8] = {r0, rm};
-        for (std::size_t n = 2; n < samples; ++n) perm[n] = pSrc[n - pairsBefore(format)];
-        smallRealInverse(perm, pDst, order, scaleOf<true>(*pSpec));
+        const T scale = scaleOf<true>(*pSpec), *const pairs = pSrc - pairsBefore(format);
+        withSmallOrder(order, [=](auto known) { smallRealInverse<known()>(r0, rm, pairs, pDst, scale); });
         return orbStsNoErr;
     }
     const bool blocked = coreOrder > Plan<T>::directLimit;

@@ -47,18 +47,29 @@ HWY_INLINE void smallComplex(From from, To to, int order, T scale) {
 
 // ---- Real: a spectrum is R0, RM, R1, I1, R2, I2, ... ----
 
-template <class T>
-void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
-    T x[8] = {};
-    std::copy(pSrc, pSrc + (1 << order), x);
+// Calls run(order) with an order from 0 to 3 that the compiler knows.
+template <class Run>
+HWY_INLINE void withSmallOrder(int order, Run run) {
+    switch (order) {
+    case 0: return run(std::integral_constant<int, 0>());
+    case 1: return run(std::integral_constant<int, 1>());
+    case 2: return run(std::integral_constant<int, 2>());
+    default: return run(std::integral_constant<int, 3>());
+    }
+}
+
+template <int order, class T>
+HWY_INLINE void smallRealForward(const T* pSrc, T* pDst, T scale) {
+    T x[1 << order];
+    std::copy_n(pSrc, 1 << order, x);
     const auto sum = [&](int a, int b) { return (x[a] + x[b]) * scale; };
     const auto difference = [&](int a, int b) { return (x[a] - x[b]) * scale; };
-    if (order == 0) {
+    if constexpr (order == 0) {
         pDst[0] = x[0] * scale;
-    } else if (order == 1) {
+    } else if constexpr (order == 1) {
         pDst[0] = sum(0, 1);
         pDst[1] = difference(0, 1);
-    } else if (order == 2) {
+    } else if constexpr (order == 2) {
         const T s02 = sum(0, 2), s13 = sum(1, 3);
         pDst[0] = s02 + s13;
         pDst[1] = s02 - s13;
@@ -80,20 +91,21 @@ void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
     }
 }
 
-template <class T>
-void smallRealInverse(const T* pSrc, T* pDst, int order, T scale) {
-    T x[8] = {};
-    std::copy(pSrc, pSrc + (1 << order), x);
-    const T twice = 2 * scale, rootOfTwo = static_cast<T>(1.41421356237309504880);
-    if (order == 0) {
-        pDst[0] = x[0] * scale;
+// From R0, RM and the pairs: pair k at pairs[2k].
+template <int order, class T>
+HWY_INLINE void smallRealInverse(T r0, T rm, const T* pairs, T* pDst, T scale) {
+    if constexpr (order == 0) {
+        pDst[0] = r0 * scale;
         return;
     }
-    const T sum = (x[0] + x[1]) * scale, difference = (x[0] - x[1]) * scale;
-    if (order == 1) {
+    T x[8]; // from 2 on
+    for (int n = 2; n < 1 << order; ++n) x[n] = pairs[n];
+    const T twice = 2 * scale, rootOfTwo = static_cast<T>(1.41421356237309504880);
+    const T sum = (r0 + rm) * scale, difference = (r0 - rm) * scale;
+    if constexpr (order == 1) {
         pDst[0] = sum;
         pDst[1] = difference;
-    } else if (order == 2) {
+    } else if constexpr (order == 2) {
         const T re = x[2] * twice, im = x[3] * twice;
         pDst[0] = sum + re;
         pDst[1] = difference - im;
