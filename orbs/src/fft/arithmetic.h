@@ -206,6 +206,12 @@ struct Interleaved {
         hn::StoreU(hn::InterleaveLower(d, x.re, x.im), d, to);
         hn::StoreU(hn::InterleaveUpper(d, x.re, x.im), d, to + columnGroup<T>);
     }
+    template <class D>
+    HWY_INLINE void streamPart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        T* to = base + 2 * n + h;
+        hn::Stream(hn::InterleaveLower(d, x.re, x.im), d, to);
+        hn::Stream(hn::InterleaveUpper(d, x.re, x.im), d, to + columnGroup<T>);
+    }
 };
 
 // The numbers below count * step, those that lie `step` apart together: 0, step, 2 * step, ..., 1, 1 + step, ...
@@ -289,6 +295,11 @@ struct Grouped {
         hn::StoreU(x.re, d, base + 2 * n + h);
         hn::StoreU(x.im, d, base + 2 * n + h + columnGroup<T>);
     }
+    template <class D>
+    HWY_INLINE void streamPart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        hn::Stream(x.re, d, base + 2 * n + h);
+        hn::Stream(x.im, d, base + 2 * n + h + columnGroup<T>);
+    }
 };
 
 // The same on two planes. In a tier where a group takes more than one vector, its parts keep to the places where the
@@ -342,6 +353,7 @@ HWY_INLINE Cx<V> partOf(D d, Packed<D> a, Packed<D> b) {
 
 // ---- Transposition of a square of lanes ----
 
+#if HWY_TARGET <= HWY_AVX3
 // Four vectors of four blocks each, `step` apart.
 template <class V>
 HWY_INLINE void transposeBlocks(V* v, int step) {
@@ -355,10 +367,10 @@ HWY_INLINE void transposeBlocks(V* v, int step) {
     x[1] = _mm512_shuffle_f64x2(a, c, 0xdd);
     x[2] = _mm512_shuffle_f64x2(b, e, 0x88);
     x[3] = _mm512_shuffle_f64x2(b, e, 0xdd);
-    repeat<4>([&](int n) __attribute__((always_inline)) {
-        v[n * step] = hn::BitCast(d, hn::Vec<decltype(doubles)>{x[n]});
-    });
+    repeat<4>([&](int n)
+                  __attribute__((always_inline)) { v[n * step] = hn::BitCast(d, hn::Vec<decltype(doubles)>{x[n]}); });
 }
+#endif
 
 template <class D, class V = hn::Vec<D>>
 HWY_INLINE void transpose(D d, V* v) {

@@ -52,8 +52,8 @@ T scaleOf(const Spec<T>& spec) {
     return isScaled<Inverse>(spec) ? spec.scale : T(1);
 }
 
-// A complex transform of an order that has tables, whose scale is applied to the results. `buffer` is needed in place and
-// in blocked orders.
+// A complex transform of an order that has tables, whose scale is applied to the results. `buffer` is needed in place
+// and in blocked orders.
 template <bool Inverse, class T>
 void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> from, Interleaved<T> to, Orb8u* buffer) {
     const bool inPlace = from.base == to.base;

@@ -3,6 +3,7 @@
 
 #include "fft/registers.h"
 
+#include <hwy/cache_control.h>
 #include <utility>
 
 namespace orbs::fft {
@@ -166,6 +167,20 @@ void blockedLevels(D d, const hn::TFromD<D>* twiddles, const RelativePtr<hn::TFr
     topLevels<Inverse>(d, work, to, order, levels->get(), buffer);
 }
 
+// Stores whole cache lines past the caches, for vectors that no cache holds until they are read again: a line that is
+// written as a whole need not be fetched first.
+template <class To>
+struct Streamed {
+    To to;
+
+    HWY_INLINE Streamed from(std::size_t n) const { return {to.from(n)}; }
+    template <class D>
+    HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        to.streamPart(d, n, h, x);
+    }
+};
+constexpr std::size_t streamedBytes = std::size_t{1} << 24;
+
 // `inPlace`: from and to are the same memory.
 template <bool Inverse, class T, class From, class Work, class To, class Last>
 void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int order, bool inPlace, Orb8u* buffer,
@@ -176,9 +191,16 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     if (inPlace) {
         reverseBitsInPlace(to, order, buffer);
         firstPassesInRuns<Inverse, T>(to, work, order, inner);
-    } else {
-        firstPasses<Inverse, T>(from, work, order, inner);
     }
+    if constexpr (std::is_same_v<To, Interleaved<T>>) {
+        const bool wholeLines = reinterpret_cast<std::uintptr_t>(to.base) % 64 == 0;
+        if (wholeLines && 2 * sizeof(T) << order >= streamedBytes) {
+            if (!inPlace) firstPasses<Inverse, T>(from, Streamed<Work>{work}, order, inner);
+            blockedLevels<Inverse>(d, twiddles, spec.levels, work, Streamed<To>{to}, order, buffer, last);
+            return hwy::FlushStream();
+        }
+    }
+    if (!inPlace) firstPasses<Inverse, T>(from, work, order, inner);
     blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, last);
 }
 

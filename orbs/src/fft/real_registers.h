@@ -41,8 +41,8 @@ HWY_INLINE Packed<D> following(D d, Packed<D> a, Packed<D> b) {
     if constexpr (packedLanes<D> == 1) {
         return b;
     } else if constexpr (packedLanes<D> == 4 && sizeof(hn::TFromD<D>) == 8) {
-        return {V{_mm512_castsi512_pd(
-            _mm512_alignr_epi64(_mm512_castpd_si512(b.v.raw), _mm512_castpd_si512(a.v.raw), 2))}};
+        return {
+            V{_mm512_castsi512_pd(_mm512_alignr_epi64(_mm512_castpd_si512(b.v.raw), _mm512_castpd_si512(a.v.raw), 2))}};
     } else if constexpr (packedLanes<D> == 4) {
         return {hn::CombineShiftRightBytes<8>(d, hn::ConcatLowerUpper(d, b.v, a.v), a.v)};
     } else if constexpr (sizeof(hn::TFromD<D>) == 8) {
@@ -56,8 +56,8 @@ HWY_INLINE Packed<D> fromLast(D d, Packed<D> a, Packed<D> b) {
     if constexpr (packedLanes<D> == 1) {
         return a;
     } else if constexpr (packedLanes<D> == 4 && sizeof(hn::TFromD<D>) == 8) {
-        return {V{_mm512_castsi512_pd(
-            _mm512_alignr_epi64(_mm512_castpd_si512(b.v.raw), _mm512_castpd_si512(a.v.raw), 6))}};
+        return {
+            V{_mm512_castsi512_pd(_mm512_alignr_epi64(_mm512_castpd_si512(b.v.raw), _mm512_castpd_si512(a.v.raw), 6))}};
     } else if constexpr (packedLanes<D> == 4) {
         return {hn::CombineShiftRightBytes<8>(d, b.v, hn::ConcatLowerUpper(d, b.v, a.v))};
     } else {
@@ -134,9 +134,8 @@ HWY_INLINE void realInverseInRegisters(const T* pSrc, T* pDst, Format format, La
     const Packed<D> middle = everywhere(d, 2 * pairs.base[m], -2 * pairs.base[m + 1]);
     z[count / 2].v = hn::IfThenElse(hn::FirstN(d, 2), middle.v, z[count / 2].v);
     transformHalf<order, true>(d, z);
-    repeat<count>([&](int n) __attribute__((always_inline)) {
-        Interleaved<T>{pDst}.storePacked(d, n * lanes, last(z[n]));
-    });
+    repeat<count>([&](int n)
+                      __attribute__((always_inline)) { Interleaved<T>{pDst}.storePacked(d, n * lanes, last(z[n])); });
 }
 
 } // namespace orbs::fft

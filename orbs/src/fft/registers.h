@@ -1,4 +1,5 @@
-// Complex transforms of 16 to 64 points that stay in registers from source to destination, and one of 8 points. Vectors are packed, four complex elements in each or as many as fit. The arithmetic is that of the passes.
+// Complex transforms of 16 to 64 points that stay in registers from source to destination, and one of 8 points. Vectors
+// are packed, four complex elements in each or as many as fit. The arithmetic is that of the passes.
 #pragma once
 
 #include "fft/passes.h"
@@ -52,8 +53,8 @@ HWY_INLINE void transposeRuns(D d, Packed<D>* x) {
     }
 }
 
-// 16 points, or two times 16 that alternate, in natural order. Where it is a first pass, column 0 of the second layer is
-// not multiplied: a product with 1 + 0i is not the element itself if that is infinite.
+// 16 points, or two times 16 that alternate, in natural order. Where it is a first pass, column 0 of the second layer
+// is not multiplied: a product with 1 + 0i is not the element itself if that is infinite.
 template <bool Inverse, int copies, class D, int count>
 HWY_INLINE void transform16(D d, Packed<D> (&x)[count]) {
     constexpr int lanes = packedLanes<D>, runs = lanes / copies, vectors = 4 / runs;
@@ -124,7 +125,8 @@ HWY_INLINE void transformByFour(D d, From from, To to, Last last) {
         Transform::secondLayer(x);
         repeat<points / lanes>([&](int g) __attribute__((always_inline)) {
             Packed<D> square[lanes];
-            repeat<lanes>([&](int k) __attribute__((always_inline)) { square[k] = x[Transform::place(g * lanes + k)]; });
+            repeat<lanes>([&](int k)
+                              __attribute__((always_inline)) { square[k] = x[Transform::place(g * lanes + k)]; });
             transpose(d, square);
             repeat<lanes>([&](int k) __attribute__((always_inline)) { rows[h * lanes + k][g] = square[k]; });
         });
@@ -135,9 +137,8 @@ HWY_INLINE void transformByFour(D d, From from, To to, Last last) {
                 twiddled(rows[m + 1][g], packedColumns<Inverse, hn::TFromD<D>, order, points, 3>[m], g * lanes);
         });
         butterfly4<Inverse>(rows[0][g], rows[1][g], rows[2][g], rows[3][g]);
-        repeat<4>([&](int j) __attribute__((always_inline)) {
-            to.storePacked(d, j * points + g * lanes, last(rows[j][g]));
-        });
+        repeat<4>([&](int j)
+                      __attribute__((always_inline)) { to.storePacked(d, j * points + g * lanes, last(rows[j][g])); });
     });
 }
 

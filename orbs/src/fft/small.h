@@ -51,10 +51,14 @@ HWY_INLINE void smallComplex(From from, To to, int order, T scale) {
 template <class Run>
 HWY_INLINE void withSmallOrder(int order, Run run) {
     switch (order) {
-    case 0: return run(std::integral_constant<int, 0>());
-    case 1: return run(std::integral_constant<int, 1>());
-    case 2: return run(std::integral_constant<int, 2>());
-    default: return run(std::integral_constant<int, 3>());
+    case 0:
+        return run(std::integral_constant<int, 0>());
+    case 1:
+        return run(std::integral_constant<int, 1>());
+    case 2:
+        return run(std::integral_constant<int, 2>());
+    default:
+        return run(std::integral_constant<int, 3>());
     }
 }
 

@@ -176,8 +176,8 @@ void fillRecombination(T* forward, T* inverse, const QuarterWave<T>& wave, int o
 
 // ---- Object ----
 
-// Lays the object out from `base`, which is aligned to 32 bytes, in less than the room that is told for it. Tables begin
-// where a cache line does; the order of their columns is that of the tier.
+// Lays the object out from `base`, which is aligned to 32 bytes, in less than the room that is told for it. Tables
+// begin where a cache line does; the order of their columns is that of the tier.
 template <class T>
 Spec<T>* layOut(Orb8u* base, int order, bool real) {
     Layout layout(base);
@@ -191,7 +191,8 @@ Spec<T>* layOut(Orb8u* base, int order, bool real) {
     if (inner > smallOrders) place(&Spec<T>::twiddles, twiddlesBefore<T>(inner + 2));
     int m = coreOrder;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n) {
-        spec->levels[n] = layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
+        spec->levels[n] =
+            layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
     }
     if (real) {
         place(&Spec<T>::forwardRecombination, std::uint64_t{2} << (order - 2));
