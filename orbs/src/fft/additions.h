@@ -15,7 +15,7 @@
 
 namespace orbs::fft {
 
-#if HWY_TARGET <= HWY_AVX2 && !defined(NOFMA)
+#if HWY_TARGET <= HWY_AVX2
 // Each instruction notes its address in a section that is not loaded, by which scripts/check-fused tells these from
 // what a compiler fuses. The options forbid the compiler all of them, so they are written out; the factor is always 1.
 #    define ORBS_ONE_TIMES(instruction)                                                                                \
