@@ -1,121 +1,30 @@
 // Forward transforms out of place beside FFTW, planned with FFTW_MEASURE, on the same vectors.
 #include "orbs.h"
-#include "vectors.h"
 
-#include <cstdint>
-#include <cstdlib>
-#include <fftw3.h>
-#include <string>
+#include "fftw.h"
 
 namespace {
 
+using fftw::Members;
+
 constexpr int highestOrder = 22;
 
-// FFTW by the type of its samples.
-template <class T>
-struct Fftw;
-template <>
-struct Fftw<Orb32f> {
-    using Complex = fftwf_complex;
-    static constexpr auto planComplex = fftwf_plan_dft_1d;
-    static constexpr auto planReal = fftwf_plan_dft_r2c_1d;
-    static constexpr auto execute = fftwf_execute;
-    static constexpr auto destroy = fftwf_destroy_plan;
-};
-template <>
-struct Fftw<Orb64f> {
-    using Complex = fftw_complex;
-    static constexpr auto planComplex = fftw_plan_dft_1d;
-    static constexpr auto planReal = fftw_plan_dft_r2c_1d;
-    static constexpr auto execute = fftw_execute;
-    static constexpr auto destroy = fftw_destroy_plan;
-};
-
-// FFTW measures its plans once for the runs in every tier: this variable names a file that keeps them.
-struct Plans {
-    Plans() {
-        if (!name) return;
-        fftwf_import_wisdom_from_filename((name + std::string("-32f")).c_str());
-        fftw_import_wisdom_from_filename((name + std::string("-64f")).c_str());
-    }
-    ~Plans() {
-        if (!name) return;
-        fftwf_export_wisdom_to_filename((name + std::string("-32f")).c_str());
-        fftw_export_wisdom_to_filename((name + std::string("-64f")).c_str());
-    }
-    const char* name = std::getenv("ORBS_BENCH_PLANS");
-};
-
-// Real, or as twice as many, complex, samples.
-template <class T>
-void fill(T* values, std::size_t count) {
-    std::uint32_t state = 1;
-    for (std::size_t n = 0; n < count; ++n) {
-        state = state * 1664525u + 1013904223u;
-        values[n] = static_cast<T>(static_cast<std::int32_t>(state)) / T(2147483648);
-    }
-}
-
-template <class Call>
-void measure(benchmark::State& run, Call call) {
-    call();
-    for (auto _ : run) {
-        call();
-        benchmark::ClobberMemory();
-    }
-}
-
-template <class X, class Y, class Spec>
-struct Members {
-    OrbStatus (*init)(Spec**, int, int, OrbHintAlgorithm);
-    OrbStatus (*bufferSize)(const Spec*, int*);
-    OrbStatus (*transform)(const X*, Y*, const Spec*, Orb8u*);
-    OrbStatus (*release)(Spec*);
-};
-
-// Of samples X made of numbers T to values Y; `plan` makes FFTW's plan for a length and the two vectors.
 template <class T, class X, class Y, class Spec, class Plan>
 void addTransform(const std::string& family, int lowestOrder, const Members<X, Y, Spec>& members, Plan plan) {
-    constexpr std::size_t numbers = sizeof(X) / sizeof(T), count = std::size_t{1} << highestOrder;
+    constexpr std::size_t count = std::size_t{1} << highestOrder;
     static X* const x = vectors::room<X>(0, count);
     static Y* const y = vectors::room<Y>(1, count + 2);
-    for (int order = lowestOrder; order <= highestOrder; ++order) {
-        const int len = 1 << order;
-        const auto refill = [=] { fill(reinterpret_cast<T*>(x), numbers * static_cast<std::size_t>(len)); };
-        benchmark::RegisterBenchmark((family + "/orbs/" + std::to_string(len)).c_str(), [=](benchmark::State& run) {
-            Spec* spec = nullptr;
-            int size = 0;
-            members.init(&spec, order, ORB_FFT_SCALE_NONE, orbAlgHintNone);
-            members.bufferSize(spec, &size);
-            Orb8u* const buffer = orbsMalloc_8u(size);
-            refill();
-            measure(run, [=] { members.transform(x, y, spec, buffer); });
-            orbsFree(buffer);
-            members.release(spec);
-        });
-        benchmark::RegisterBenchmark((family + "/fftw/" + std::to_string(len)).c_str(), [=](benchmark::State& run) {
-            static const Plans plans;
-            const auto planned = plan(len, x, y); // which may overwrite the vectors
-            refill();
-            measure(run, [=] { Fftw<T>::execute(planned); });
-            Fftw<T>::destroy(planned);
-        });
-    }
+    for (int order = lowestOrder; order <= highestOrder; ++order)
+        fftw::addLength<T>(family, 1 << order, order, members, x, y, plan);
 }
 
 template <class T, class X, class Spec>
 void addComplex(const std::string& family, const Members<X, X, Spec>& members) {
-    using Complex = typename Fftw<T>::Complex;
-    addTransform<T>(family, 0, members, [](int len, X* x, X* y) {
-        return Fftw<T>::planComplex(len, reinterpret_cast<Complex*>(x), reinterpret_cast<Complex*>(y), FFTW_FORWARD,
-                                    FFTW_MEASURE);
-    });
+    addTransform<T>(family, 0, members, fftw::planComplex<T, X>);
 }
 template <class T, class Spec>
 void addReal(const std::string& family, const Members<T, T, Spec>& members) {
-    addTransform<T>(family, 1, members, [](int len, T* x, T* y) {
-        return Fftw<T>::planReal(len, x, reinterpret_cast<typename Fftw<T>::Complex*>(y), FFTW_MEASURE);
-    });
+    addTransform<T>(family, 1, members, fftw::planReal<T>);
 }
 
 [[maybe_unused]] const bool registered = [] {

@@ -15,6 +15,7 @@ if(ORBS_SANITIZE)
     # arrays are not.
     set_source_files_properties(
         ${PROJECT_SOURCE_DIR}/orbs/src/fft/fft_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/fft/fft_64f.cpp
+        ${PROJECT_SOURCE_DIR}/orbs/src/dft/dft_32f.cpp ${PROJECT_SOURCE_DIR}/orbs/src/dft/dft_64f.cpp
         PROPERTIES COMPILE_OPTIONS "-O1;-g1;-fno-var-tracking;--param;asan-stack=0")
 endif()
 

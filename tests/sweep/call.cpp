@@ -78,7 +78,8 @@ unsigned char* Call::placeVector(std::size_t k) {
     unsigned char* bytes = area.data();
     std::memset(bytes, placement_.before, count * a.type.size);
     if (a.number) {
-        a.type.set(bytes, a.number(case_));
+        Case c = case_; // another number for each element
+        for (std::size_t n = 0; n < count; ++n, ++c.turn) a.type.set(bytes + n * a.type.size, a.number(c));
     } else if (a.use == Use::source || a.use == Use::update) {
         a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k + 11 * (areas_[k].size() - 1));
     }
@@ -123,7 +124,9 @@ void Call::spoil(const Fault& fault) {
         if (type.kind == Kind::vectors) {
             array_[static_cast<std::size_t>(bad)] = nullptr;
         } else if (!areas_[fault.argument].empty()) {
-            type.set(areas_[fault.argument][0]->data(), bad);
+            Area& area = *areas_[fault.argument][0];
+            type.set(area.data(), bad);
+            if (!area.before.empty()) area.before.assign(area.begin(), area.end());
         } else {
             type.set(values_[fault.argument].bytes(), bad);
         }

@@ -33,6 +33,8 @@ public:
     void spoil(const Fault& fault);
     void setNull(std::size_t argument) { values_[argument] = static_cast<void*>(nullptr); }
     OrbStatus run();
+    void* object() const; // that a call of Init or InitAlloc made
+    bool holdsObject() const { return holdsObject_; }
     // Whether the last run did, which slows down the caller's SSE code.
     bool leftUpperHalvesInUse() const { return leftUpperHalvesInUse_; }
 
@@ -60,7 +62,6 @@ private:
     void place(std::size_t k);
     unsigned char* placeVector(std::size_t k);
     void makeObject(std::size_t k);
-    void* object() const; // that a call of Init or InitAlloc made
     bool isStep(const char* step) const;
 
     const Plan& plan_;

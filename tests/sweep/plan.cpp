@@ -1,5 +1,6 @@
 #include "sweep/plan.h"
 
+#include "sweep/call.h"
 #include "sweep/rules.h"
 
 #include <algorithm>
@@ -35,15 +36,19 @@ const Rule* ruleFor(std::span<const Rule> rules, std::string_view member, std::s
     return &*rule;
 }
 
-// What the query of a family tells of one area.
+// What the query of a family tells of one area: by the numbers that Init takes, or of an object.
 std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& area, const Case& c) {
     const Plan& query = planOf(family.function(rule.query));
     std::vector<int> told(query.arguments.size());
     std::vector<Value> values;
+    std::optional<Call> maker;
     std::size_t size = told.size();
     for (std::size_t k = 0; k < told.size(); ++k) {
         const Argument& a = query.arguments[k];
-        if (a.number) {
+        if (a.type.kind == Kind::object) {
+            maker.emplace(planOf(family.function("InitAlloc")), c, Placement());
+            values.emplace_back(maker->run() == orbStsNoErr ? maker->object() : nullptr);
+        } else if (a.number) {
             a.type.set(values.emplace_back().bytes(), a.number(c));
         } else {
             values.emplace_back(&told[k]);

@@ -356,7 +356,7 @@ HWY_INLINE Cx<V> partOf(D d, Packed<D> a, Packed<D> b) {
 #if HWY_TARGET <= HWY_AVX3
 // Four vectors of four blocks each, `step` apart.
 template <class V>
-HWY_INLINE void transposeBlocks(V* v, int step) {
+HWY_INLINE void exchangeBlocks(V* v, int step) {
     const hn::DFromV<V> d;
     const hn::Repartition<Orb64f, decltype(d)> doubles;
     __m512d x[4];
@@ -372,33 +372,34 @@ HWY_INLINE void transposeBlocks(V* v, int step) {
 }
 #endif
 
+// Squares of the lanes of a 16-byte block, side by side in long vectors, in as many vectors as the block has lanes.
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE void transposeBlocks(D d, V* r) {
+    constexpr int perBlock = 16 / sizeof(hn::TFromD<D>);
+    if constexpr (perBlock == 2) {
+        const V a = r[0], b = r[1];
+        r[0] = hn::InterleaveLower(d, a, b);
+        r[1] = hn::InterleaveUpper(d, a, b);
+    } else {
+        const hn::RepartitionToWide<D> pairs;
+        const auto a = hn::BitCast(pairs, hn::InterleaveLower(d, r[0], r[1]));
+        const auto b = hn::BitCast(pairs, hn::InterleaveUpper(d, r[0], r[1]));
+        const auto e = hn::BitCast(pairs, hn::InterleaveLower(d, r[2], r[3]));
+        const auto f = hn::BitCast(pairs, hn::InterleaveUpper(d, r[2], r[3]));
+        r[0] = hn::BitCast(d, hn::InterleaveLower(pairs, a, e));
+        r[1] = hn::BitCast(d, hn::InterleaveUpper(pairs, a, e));
+        r[2] = hn::BitCast(d, hn::InterleaveLower(pairs, b, f));
+        r[3] = hn::BitCast(d, hn::InterleaveUpper(pairs, b, f));
+    }
+}
+
 template <class D, class V = hn::Vec<D>>
 HWY_INLINE void transpose(D d, V* v) {
     constexpr int lanes = hn::MaxLanes(D());
     constexpr int perBlock = 16 / sizeof(hn::TFromD<D>);
-    if constexpr (perBlock == 2) {
-        repeat<lanes / 2>([&](int n) __attribute__((always_inline)) {
-            V* r = v + 2 * n;
-            const V a = r[0], b = r[1];
-            r[0] = hn::InterleaveLower(d, a, b);
-            r[1] = hn::InterleaveUpper(d, a, b);
-        });
-    } else {
-        repeat<lanes / 4>([&](int n) __attribute__((always_inline)) {
-            const hn::RepartitionToWide<D> pairs;
-            V* r = v + 4 * n;
-            const auto a = hn::BitCast(pairs, hn::InterleaveLower(d, r[0], r[1]));
-            const auto b = hn::BitCast(pairs, hn::InterleaveUpper(d, r[0], r[1]));
-            const auto e = hn::BitCast(pairs, hn::InterleaveLower(d, r[2], r[3]));
-            const auto f = hn::BitCast(pairs, hn::InterleaveUpper(d, r[2], r[3]));
-            r[0] = hn::BitCast(d, hn::InterleaveLower(pairs, a, e));
-            r[1] = hn::BitCast(d, hn::InterleaveUpper(pairs, a, e));
-            r[2] = hn::BitCast(d, hn::InterleaveLower(pairs, b, f));
-            r[3] = hn::BitCast(d, hn::InterleaveUpper(pairs, b, f));
-        });
-    }
+    repeat<lanes / perBlock>([&](int n) __attribute__((always_inline)) { transposeBlocks(d, v + n * perBlock); });
     if constexpr (lanes == 4 * perBlock) {
-        repeat<perBlock>([&](int r) __attribute__((always_inline)) { transposeBlocks(v + r, perBlock); });
+        repeat<perBlock>([&](int r) __attribute__((always_inline)) { exchangeBlocks(v + r, perBlock); });
     } else if constexpr (lanes == 2 * perBlock) { // the blocks of a 256-bit vector
         repeat<perBlock>([&](int r) __attribute__((always_inline)) {
             const V low = v[r], high = v[r + perBlock];
@@ -423,7 +424,7 @@ HWY_INLINE void transpose(D d, Packed<D>* x) {
         x[1].v = hn::ConcatUpperUpper(d, high, low);
     } else if constexpr (packedLanes<D> == 4) {
         hn::Vec<D> v[4] = {x[0].v, x[1].v, x[2].v, x[3].v};
-        transposeBlocks(v, 1);
+        exchangeBlocks(v, 1);
         repeat<4>([&](int r) __attribute__((always_inline)) { x[r].v = v[r]; });
     }
 }

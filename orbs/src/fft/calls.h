@@ -43,6 +43,12 @@ OrbStatus checkCall(const Spec<T>* pSpec, Orb32s tag, const P*... data) {
     return anyNull(data...) ? orbStsNullPtrErr : orbStsNoErr;
 }
 
+// The test of the transforms that read tables: those of another tier may have their columns in another order.
+template <class T>
+OrbStatus checkTables(const Spec<T>& spec) {
+    return spec.group == static_cast<Orb32s>(groupBytes) ? orbStsNoErr : orbStsContextMatchErr;
+}
+
 template <bool Inverse, class T>
 bool isScaled(const Spec<T>& spec) {
     return Inverse ? spec.scaleInv != 0 : spec.scaleFwd != 0;
@@ -85,6 +91,7 @@ OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
         withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
         return orbStsNoErr;
     }
+    if (const OrbStatus status = checkTables(*pSpec)) return status;
     const WorkArea work(pBuffer, pSpec->workSize, pSrc == pDst || order > Plan<T>::directLimit);
     if (work.failed()) return orbStsMemAllocErr;
     transformInterleaved<Inverse>(*pSpec, order, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());
@@ -109,6 +116,7 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
         withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
         return orbStsNoErr;
     }
+    if (const OrbStatus status = checkTables(*pSpec)) return status;
     const bool blocked = order > Plan<T>::directLimit;
     const bool shared = pDstRe == pSrcRe || pDstIm == pSrcIm || pDstRe == pSrcIm || pDstIm == pSrcRe;
     const WorkArea work(pBuffer, pSpec->workSize, shared || blocked);
@@ -146,9 +154,9 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
         return orbStsNoErr;
     }
     if (order < smallOrders) {
-        const T scale = scaleOf<false>(*pSpec);
-        withSmallOrder(order, [=](auto known) { smallRealForward<known()>(pSrc, pDst, scale); });
+        smallRealForward(pSrc, pDst, order, scaleOf<false>(*pSpec));
     } else {
+        if (const OrbStatus status = checkTables(*pSpec)) return status;
         const bool needed = coreOrder > mostInRegisters && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
         const WorkArea work(pBuffer, pSpec->workSize, needed);
         if (work.failed()) return orbStsMemAllocErr;
@@ -174,10 +182,10 @@ OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     }
     const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);
     if (order < smallOrders) {
-        const T scale = scaleOf<true>(*pSpec), *const pairs = pSrc - pairsBefore(format);
-        withSmallOrder(order, [=](auto known) { smallRealInverse<known()>(r0, rm, pairs, pDst, scale); });
+        smallRealInverse(r0, rm, pSrc - pairsBefore(format), pDst, order, scaleOf<true>(*pSpec));
         return orbStsNoErr;
     }
+    if (const OrbStatus status = checkTables(*pSpec)) return status;
     const bool blocked = coreOrder > Plan<T>::directLimit;
     const WorkArea work(pBuffer, pSpec->workSize, true);
     if (work.failed()) return orbStsMemAllocErr;

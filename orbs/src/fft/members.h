@@ -40,7 +40,7 @@ struct Members<OrbsFFTSpec_C_64f> {
     static constexpr auto forward = orbsFFTFwd_CToC_64f;
     static constexpr auto inverse = orbsFFTInv_CToC_64f;
 };
-// Real: forward to Perm, inverse from Perm.
+// Real: forward to Perm, inverse from Perm; and by format, CCS, Pack and Perm.
 template <>
 struct Members<OrbsFFTSpec_R_32f> {
     static constexpr auto getSize = orbsFFTGetSize_R_32f;
@@ -48,6 +48,10 @@ struct Members<OrbsFFTSpec_R_32f> {
     static constexpr auto bufferSize = orbsFFTGetBufSize_R_32f;
     static constexpr auto forward = orbsFFTFwd_RToPerm_32f;
     static constexpr auto inverse = orbsFFTInv_PermToR_32f;
+    static constexpr decltype(&orbsFFTFwd_RToPerm_32f) forwardTo[] = {orbsFFTFwd_RToCCS_32f, orbsFFTFwd_RToPack_32f,
+                                                                      orbsFFTFwd_RToPerm_32f};
+    static constexpr decltype(&orbsFFTInv_PermToR_32f) inverseFrom[] = {orbsFFTInv_CCSToR_32f, orbsFFTInv_PackToR_32f,
+                                                                        orbsFFTInv_PermToR_32f};
 };
 template <>
 struct Members<OrbsFFTSpec_R_64f> {
@@ -56,6 +60,10 @@ struct Members<OrbsFFTSpec_R_64f> {
     static constexpr auto bufferSize = orbsFFTGetBufSize_R_64f;
     static constexpr auto forward = orbsFFTFwd_RToPerm_64f;
     static constexpr auto inverse = orbsFFTInv_PermToR_64f;
+    static constexpr decltype(&orbsFFTFwd_RToPerm_64f) forwardTo[] = {orbsFFTFwd_RToCCS_64f, orbsFFTFwd_RToPack_64f,
+                                                                      orbsFFTFwd_RToPerm_64f};
+    static constexpr decltype(&orbsFFTInv_PermToR_64f) inverseFrom[] = {orbsFFTInv_CCSToR_64f, orbsFFTInv_PackToR_64f,
+                                                                        orbsFFTInv_PermToR_64f};
 };
 
 // The objects by the type of their numbers.

@@ -30,19 +30,36 @@ HWY_INLINE void storeReversed(D d, Interleaved<T> to, std::size_t n, Cx<V> x) {
     to.store(d, n, Cx<V>{hn::Reverse(d, x.re), hn::Reverse(d, x.im)});
 }
 
-// The spectrum Z of x[2n] + i x[2n+1] becomes that of x, in Perm layout, in place. The table holds 0.5 cos and
-// 0.5 - 0.5 sin of 2 pi k / N, which saves the separate halves of the textbook form.
+// The elements k and M - k: of the spectrum of x, from those of x[2n] + i x[2n+1] with the values 0.5 cos and
+// 0.5 - 0.5 sin of 2 pi k / N, which save the separate halves of the textbook form; and back, doubled, with cos and
+// -sin.
+template <class V>
+struct MirrorPair {
+    Cx<V> low, high;
+};
+template <class V>
+HWY_INLINE MirrorPair<V> joinPair(Cx<V> low, Cx<V> high, V a, V b) {
+    const V dr = low.re - high.re, si = low.im + high.im;
+    const V u = si * a + dr * b, v = si * b - dr * a;
+    return {{high.re + u, v - high.im}, {low.re - u, v - low.im}};
+}
+template <class V>
+HWY_INLINE MirrorPair<V> splitPair(Cx<V> low, Cx<V> high, V c, V s) {
+    const V sr = low.re + high.re, dr = low.re - high.re, si = low.im + high.im, di = low.im - high.im;
+    const V p = s * dr - c * si, t = s * si + c * dr;
+    return {{sr + p, di + t}, {sr - p, t - di}};
+}
+
+// The spectrum Z of x[2n] + i x[2n+1] becomes that of x, in Perm layout, in place.
 template <class T>
 void recombineForward(T* data, std::size_t m, const T* table) {
     const Interleaved<T> z{data};
     const T re = data[0], im = data[1], middleRe = data[m], middleIm = data[m + 1];
     forEachPair(m, table, [=](auto d, std::size_t k, std::size_t mirror, auto a, auto b) HWY_ATTR {
         const auto low = z.load(d, k), high = loadReversed(d, z, mirror);
-        const auto dr = low.re - high.re, si = low.im + high.im;
-        const auto u = si * a + dr * b, v = si * b - dr * a;
-        using C = Cx<std::decay_t<decltype(u)>>;
-        z.store(d, k, C{high.re + u, v - high.im});
-        storeReversed(d, z, mirror, C{low.re - u, v - low.im});
+        const auto joined = joinPair(low, high, a, b);
+        z.store(d, k, joined.low);
+        storeReversed(d, z, mirror, joined.high);
     });
     data[0] = re + im;
     data[1] = re - im;
@@ -58,11 +75,9 @@ void recombineInverse(Interleaved<const T> from, T r0, T rm, T* data, std::size_
     const T middleRe = from.base[m], middleIm = from.base[m + 1];
     forEachPair(m, table, [=](auto d, std::size_t k, std::size_t mirror, auto c, auto s) HWY_ATTR {
         const auto low = from.load(d, k), high = loadReversed(d, from, mirror);
-        const auto sr = low.re + high.re, dr = low.re - high.re, si = low.im + high.im, di = low.im - high.im;
-        const auto p = s * dr - c * si, t = s * si + c * dr;
-        using C = Cx<std::decay_t<decltype(p)>>;
-        z.store(d, k, C{sr + p, di + t});
-        storeReversed(d, z, mirror, C{sr - p, t - di});
+        const auto halves = splitPair(low, high, c, s);
+        z.store(d, k, halves.low);
+        storeReversed(d, z, mirror, halves.high);
     });
     data[0] = r0 + rm;
     data[1] = r0 - rm;

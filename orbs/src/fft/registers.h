@@ -44,7 +44,7 @@ HWY_INLINE void transposeRuns(D d, Packed<D>* x) {
         transpose(d, x);
     } else if constexpr (runs == 4) {
         hn::Vec<D> v[4] = {x[0].v, x[1].v, x[2].v, x[3].v};
-        transposeBlocks(v, 1);
+        exchangeBlocks(v, 1);
         repeat<4>([&](int r) __attribute__((always_inline)) { x[r].v = v[r]; });
     } else if constexpr (runs == 2) {
         const auto low = x[0].v, high = x[1].v;

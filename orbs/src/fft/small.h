@@ -134,4 +134,13 @@ HWY_INLINE void smallRealInverse(T r0, T rm, const T* pairs, T* pDst, T scale) {
     }
 }
 
+template <class T>
+HWY_INLINE void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
+    withSmallOrder(order, [=](auto known) { smallRealForward<known()>(pSrc, pDst, scale); });
+}
+template <class T>
+HWY_INLINE void smallRealInverse(T r0, T rm, const T* pairs, T* pDst, int order, T scale) {
+    withSmallOrder(order, [=](auto known) { smallRealInverse<known()>(r0, rm, pairs, pDst, scale); });
+}
+
 } // namespace orbs::fft

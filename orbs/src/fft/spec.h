@@ -73,6 +73,7 @@ struct Spec {
     Orb32s hint;
     Orb32s workSize;
     Orb32s ownsMemory;
+    Orb32s group; // bytes of a group of columns in the tables: groupBytes of the tier that made them
     RelativePtr<T> twiddles;
     RelativePtr<T> forwardRecombination; // real kinds
     RelativePtr<T> inverseRecombination; // real kinds
@@ -259,6 +260,7 @@ OrbStatus init(Kind** ppSpec, int order, int flag, OrbHintAlgorithm hint, Orb8u*
     Spec<T>& spec = *layOut<T>(base, order, real);
     spec.order = order;
     spec.hint = hint;
+    spec.group = static_cast<Orb32s>(groupBytes);
     if (!isFlag(flag)) return orbStsFftFlagErr;
     spec.tag = tag;
     {

@@ -64,7 +64,8 @@ auto packed(D d, V lower, V upper) {
 
 template <class D, class V>
 V saturated(D d, Halved<V> r) {
-    constexpr Orb32s lowest = std::numeric_limits<Orb32s>::min(), highest = std::numeric_limits<Orb32s>::max();
+    using Limits = std::numeric_limits<hn::TFromD<D>>;
+    constexpr auto lowest = Limits::min(), highest = Limits::max();
     const V exact = hn::Or(hn::ShiftLeft<1>(r.half), r.odd);
     const V capped = hn::IfThenElse(hn::Gt(r.half, hn::Set(d, highest / 2)), hn::Set(d, highest), exact);
     return hn::IfThenElse(hn::Lt(r.half, hn::Set(d, lowest / 2)), hn::Set(d, lowest), capped);
