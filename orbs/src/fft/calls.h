@@ -58,15 +58,23 @@ T scaleOf(const Spec<T>& spec) {
     return isScaled<Inverse>(spec) ? spec.scale : T(1);
 }
 
+// A complex transform of an order from 4 to mostInRegisters.
+template <bool Inverse, class T, class From, class To>
+HWY_INLINE void scaledInRegisters(const Spec<T>& spec, int order, From from, To to) {
+    withScale(
+        isScaled<Inverse>(spec), spec.scale, [&](auto last) __attribute__((always_inline)) {
+            transformInRegisters<Inverse, T>(from, to, order, last);
+        });
+}
+
 // A complex transform of an order that has tables, whose scale is applied to the results. `buffer` is needed in place
 // and in blocked orders.
 template <bool Inverse, class T>
 void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> from, Interleaved<T> to, Orb8u* buffer) {
+    if (order <= mostInRegisters) return scaledInRegisters<Inverse>(spec, order, from, to);
     const bool inPlace = from.base == to.base;
     const auto transform = [&](auto last) __attribute__((always_inline)) {
-        if (order <= mostInRegisters) {
-            transformInRegisters<Inverse, T>(from, to, order, last);
-        } else if (order > Plan<T>::directLimit) {
+        if (order > Plan<T>::directLimit) {
             transformBlocked<Inverse>(spec, from, Grouped<T>{to.base}, to, order, inPlace, buffer, last);
         } else {
             const Grouped<T> work{inPlace ? reinterpret_cast<T*>(buffer) : to.base};
@@ -85,10 +93,7 @@ OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
         return orbStsNoErr;
     }
     if (order <= mostInRegisters) {
-        const auto transform = [&](auto last) __attribute__((always_inline)) {
-            transformInRegisters<Inverse, T>(Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, order, last);
-        };
-        withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
+        scaledInRegisters<Inverse>(*pSpec, order, Interleaved<const T>{pSrc}, Interleaved<T>{pDst});
         return orbStsNoErr;
     }
     if (const OrbStatus status = checkTables(*pSpec)) return status;
@@ -110,10 +115,7 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
         return orbStsNoErr;
     }
     if (order <= mostInRegisters) {
-        const auto transform = [&](auto last) __attribute__((always_inline)) {
-            transformInRegisters<Inverse, T>(from, to, order, last);
-        };
-        withScale(isScaled<Inverse>(*pSpec), pSpec->scale, transform);
+        scaledInRegisters<Inverse>(*pSpec, order, from, to);
         return orbStsNoErr;
     }
     if (const OrbStatus status = checkTables(*pSpec)) return status;
@@ -145,10 +147,10 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
-    if (order == 4 || order == 5) {
+    if (order == smallOrders || order == smallOrders + 1) {
         const auto transform = [&](auto last) __attribute__((always_inline)) {
-            if (order == 4) return realForwardInRegisters<4>(pSrc, pDst, format, last);
-            realForwardInRegisters<5>(pSrc, pDst, format, last);
+            if (order == smallOrders) return realForwardInRegisters<smallOrders>(pSrc, pDst, format, last);
+            realForwardInRegisters<smallOrders + 1>(pSrc, pDst, format, last);
         };
         withScale(isScaled<false>(*pSpec), pSpec->scale, transform);
         return orbStsNoErr;
@@ -172,10 +174,10 @@ OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
-    if (order == 4 || order == 5) {
+    if (order == smallOrders || order == smallOrders + 1) {
         const auto transform = [&](auto last) __attribute__((always_inline)) {
-            if (order == 4) return realInverseInRegisters<4>(pSrc, pDst, format, last);
-            realInverseInRegisters<5>(pSrc, pDst, format, last);
+            if (order == smallOrders) return realInverseInRegisters<smallOrders>(pSrc, pDst, format, last);
+            realInverseInRegisters<smallOrders + 1>(pSrc, pDst, format, last);
         };
         withScale(isScaled<true>(*pSpec), pSpec->scale, transform);
         return orbStsNoErr;

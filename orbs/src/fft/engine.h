@@ -1,4 +1,4 @@
-// Complex transforms of 2^order points, order 3 and above: which path an order takes, and the paths.
+// Complex transforms of 2^order points beyond those in registers: which path an order takes, and the paths.
 #pragma once
 
 #include "fft/registers.h"
@@ -10,30 +10,17 @@ namespace orbs::fft {
 
 // ---- Orders up to the direct limit ----
 
-// The first pass of an order, with as many short transforms side by side as it has; `inner` is the order that decides
-// the radix.
+// The first pass; `inner` is the order that decides the radix. In long transforms short vectors go two at a time.
 template <bool Inverse, class T, class From, class Work>
 void firstPasses(From from, Work work, int order, int inner) {
     const GroupTag<T> full;
-    const hn::CappedTag<T, 32 / sizeof(T)> half;
-    const hn::CappedTag<T, 16 / sizeof(T)> block;
-    constexpr std::size_t lanes = packedLanes<GroupTag<T>>;
-    constexpr int together = groupBytes == 64 ? 1 : 2;
-    const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
-        if (firstPassOrder<T>(inner) == 3) {
-            if (points < 16 * lanes) return firstPass<8, 2, Inverse>(half, from, work, order);
-            return firstPass<8, 2, Inverse>(full, from, work, order);
-        }
+        if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
     }
-    if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
-        firstPass<16, together, Inverse>(full, from, work, order);
-    } else if (points >= 16 * lanes) {
-        firstPass<16, 1, Inverse>(full, from, work, order);
-    } else if (groupBytes == 64 && points >= 8 * lanes) {
-        firstPass<16, 1, Inverse>(half, from, work, order);
+    if (groupBytes < 64 && order >= 12) {
+        firstPass<16, 2, Inverse>(full, from, work, order);
     } else {
-        firstPass<16, 1, Inverse>(block, from, work, order);
+        firstPass<16, 1, Inverse>(full, from, work, order);
     }
 }
 
@@ -179,7 +166,7 @@ struct Streamed {
         to.streamPart(d, n, h, x);
     }
 };
-constexpr std::size_t streamedBytes = std::size_t{1} << 24;
+constexpr std::size_t streamedBytes = std::size_t{1} << 24; // of a destination, from which on that is faster
 
 // `inPlace`: from and to are the same memory.
 template <bool Inverse, class T, class From, class Work, class To, class Last>
