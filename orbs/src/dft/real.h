@@ -285,7 +285,7 @@ void smallForward(const T* x, T* perm, std::size_t n, T scale) {
 template <class T>
 void smallInverse(const T* perm, T* x, std::size_t n, T scale) {
     if (n != 3) {
-        fft::smallRealInverse(perm, x, n == 4 ? 2 : static_cast<int>(n) - 1, scale);
+        fft::smallRealInverse(perm[0], n == 1 ? T(0) : perm[1], perm, x, n == 4 ? 2 : static_cast<int>(n) - 1, scale);
         return;
     }
     const T first = perm[0], re = perm[1], middle = first - re, turned = rootOfThree<T> * perm[2];

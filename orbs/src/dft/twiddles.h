@@ -1,7 +1,7 @@
 // The tables of the stages, read out of the roots of unity of the transform's length.
 #pragma once
 
-#include "fft/columns.h"
+#include "fft/arithmetic.h"
 #include "orbdefs.h"
 
 #include <algorithm>
@@ -10,8 +10,11 @@
 
 namespace orbs::dft {
 
-using fft::columnGroup;
-using fft::GroupTag;
+// Work areas, tables and the split of stages count groups of 32 bytes in every tier.
+template <class T>
+constexpr std::size_t columnGroup = 32 / sizeof(T);
+template <class T>
+using GroupTag = hn::CappedTag<T, columnGroup<T>>;
 
 // exp(-2 pi i j / n), read out of a table of n * step roots.
 template <class T>
