@@ -229,7 +229,7 @@ void splitBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
 
 // ---- In lanes ----
 
-// The values of each lane's block between its vectors at `local` and where it stands at `blocks`.
+// The values of each lane's block between its vectors at `local` and its place at `blocks`.
 template <bool toBlocks, class D, class T = hn::TFromD<D>>
 HWY_INLINE void exchangeLanes(D d, T* local, std::size_t points, T* blocks, const Orb32s* places) {
     constexpr std::size_t lanes = hn::MaxLanes(D());
