@@ -7,7 +7,7 @@ namespace {
 
 using fftw::Members;
 
-constexpr int highestOrder = 20;
+constexpr int highestOrder = 22;
 
 template <class T, class X, class Y, class Spec, class Plan>
 void addTransform(const std::string& family, int lowestOrder, const Members<X, Y, Spec>& members, Plan plan) {

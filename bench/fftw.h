@@ -1,6 +1,7 @@
 // FFTW as the peer of transforms: plans of FFTW_MEASURE, kept for the runs in every tier, and the same vectors.
 #pragma once
 
+#include "orbs.h"
 #include "vectors.h"
 
 #include <cstdint>

@@ -34,10 +34,9 @@ ORBS_DECLARATIONS_BEGIN
  *
  * Statuses, in the order of the tests:
  *   GetSize: orbStsSizeErr (len below 1), orbStsNullPtrErr, orbStsMemAllocErr (a size that cannot be told in a positive
- *     int: from N of 2^25 on for single precision and 2^24 for double, somewhat earlier between powers of two).
- *   Init: orbStsNullPtrErr (ppSpec), orbStsSizeErr, orbStsNullPtrErr (pMemSpec), orbStsMemAllocErr (as GetSize; no
- *     memory is touched), orbStsNullPtrErr (pMemInit, where it is needed), and for N above 100 that is no power of two
- *     orbStsMemAllocErr. *ppSpec is written only on success.
+ *     int, which leaves powers of two up to 2^26 and other lengths up to 2^25, half of that in double precision).
+ *   Init: orbStsNullPtrErr (ppSpec), orbStsSizeErr, orbStsNullPtrErr (pMemSpec), orbStsMemAllocErr (as GetSize),
+ *     orbStsNullPtrErr (pMemInit, where it is needed). A refusal touches no memory.
  *   InitAlloc: orbStsNullPtrErr, then as GetSize, orbStsMemAllocErr. *ppSpec is written only on success.
  *   Free, GetBufSize: orbStsNullPtrErr, orbStsContextMatchErr (an object of another kind, or freed). */
 typedef struct OrbsDCTFwdSpec_16s OrbsDCTFwdSpec_16s;
@@ -94,8 +93,8 @@ OrbStatus orbsDCTInvGetBufSize_16s(const OrbsDCTInvSpec_16s* pSpec, int* pSize);
  *   others to 100    sums over the sums and differences of mirrored samples: N^2 / 2 products
  *   others           the same as for powers of two by a chirp convolution (Bluestein) of the first power of two from
  *                    2 N - 1 on
- * The error of the sums grows with N, that of the others with the root of the logarithm of N: docs/accuracy.md has a
- * table. NaN and infinity spread as the additions and multiplications of the method carry them.
+ * The error of the sums grows with the root of N, that of the others with the root of its logarithm: docs/accuracy.md
+ * has a table. NaN and infinity spread as the additions and multiplications of the method carry them.
  *
  * _16s_Sfs: transformed in single precision, then as orbsConvert_32f16s_Sfs has it: times 2^-scaleFactor, rounded to
  * nearest, ties to even, saturated. Where that factor is infinite (from scaleFactor -128 down) 0 gives 32767. For N = 1

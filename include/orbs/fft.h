@@ -26,7 +26,9 @@ ORBS_DECLARATIONS_BEGIN
  * The sizes are computed in 32 bits and wrap at the highest orders. An object whose size cannot be told in a positive
  * int is not built: Init and InitAlloc give orbStsMemAllocErr and touch no memory. That leaves orders up to 27 of
  * single and 26 of double precision.
- * An object holds no address: it may be copied or mapped elsewhere with its block, at an alignment of 32 bytes.
+ * An object holds no address: it may be copied or mapped elsewhere with its block, at an alignment of 32 bytes. Its
+ * tables are laid out for the vectors of the processor that made it: on one whose vectors are longer or shorter (64 bytes
+ * or less) calls that read tables refuse it with orbStsContextMatchErr.
  *
  * GetBufSize tells the size of the work buffer of one object: 0 for orders below 4, and below 4 only.
  *

@@ -324,6 +324,68 @@ TEST(FftSmall, ScaleMultipliesTheFirstSums) {
     EXPECT_EQ(x[0].re, 4 * unit);
 }
 
+// Sixteen points as the sum is told: four by four, twiddles between, elements at distance 2 before those at distance 1.
+template <class T>
+std::vector<T> sixteenPoints(const std::vector<T>& samples) {
+    struct Element {
+        T re, im;
+    };
+    const auto four = [](Element(&x)[4]) {
+        const Element s0{x[0].re + x[2].re, x[0].im + x[2].im}, d0{x[0].re - x[2].re, x[0].im - x[2].im};
+        const Element s1{x[1].re + x[3].re, x[1].im + x[3].im}, d1{x[1].re - x[3].re, x[1].im - x[3].im};
+        x[0] = {s0.re + s1.re, s0.im + s1.im};
+        x[1] = {d0.re + d1.im, d0.im - d1.re};
+        x[2] = {s0.re - s1.re, s0.im - s1.im};
+        x[3] = {d0.re - d1.im, d0.im + d1.re};
+    };
+    Element layer[4][4]; // [sample modulo 4][result]
+    for (std::size_t n = 0; n < 4; ++n) {
+        for (std::size_t q = 0; q < 4; ++q) layer[n][q] = {samples[2 * (4 * q + n)], samples[2 * (4 * q + n) + 1]};
+        four(layer[n]);
+    }
+    std::vector<T> results(32);
+    for (std::size_t r = 0; r < 4; ++r) {
+        Element x[4];
+        for (std::size_t n = 0; n < 4; ++n) {
+            const long double cosines[] = {1, 0.92387953251128675613L, 0.70710678118654752440L, 0.38268343236508977173L,
+                                           0};
+            const auto cosine = [&](std::size_t turn) { // of 2 pi turn / 16
+                const std::size_t m = turn % 16 <= 8 ? turn % 16 : 16 - turn % 16;
+                return static_cast<T>(m <= 4 ? cosines[m] : -cosines[8 - m]);
+            };
+            const T re = cosine(n * r), sine = cosine(n * r + 12);
+            const Element y = layer[n][r];
+            x[n] = n == 0 ? y : Element{re * y.re + sine * y.im, re * y.im - sine * y.re};
+        }
+        four(x);
+        for (std::size_t j = 0; j < 4; ++j) results[2 * (4 * j + r)] = x[j].re, results[2 * (4 * j + r) + 1] = x[j].im;
+    }
+    return results;
+}
+
+// However a tier adds, zeros keep the sign and infinities and NaN the places that plain sums give them.
+TYPED_TEST(Fft, SpecialValuesGoWherePlainSumsTakeThem) {
+    using T = typename TypeParam::Real;
+    using C = typename TypeParam::Interleaved;
+    using Limits = std::numeric_limits<T>;
+    const auto spec = make(TypeParam::initC, TypeParam::freeC, 4);
+    support::Random random(7);
+    const T rare[] = {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(), Limits::max()};
+    const T usual[] = {T(0), -T(0), T(1), T(-1), 3 * Limits::denorm_min(), -Limits::min()};
+    for (int run = 0; run < 2000; ++run) {
+        std::vector<T> x(32), y(32);
+        for (T& value : x) value = usual[random() % (run % 2 ? 2 : 6)];
+        if (run % 3 == 0) x[random() % 32] = rare[random() % 4];
+        const auto wanted = sixteenPoints(x);
+        TypeParam::complex[0](reinterpret_cast<const C*>(x.data()), reinterpret_cast<C*>(y.data()), spec.get(),
+                              nullptr);
+        for (std::size_t n = 0; n < 32; ++n) {
+            if (std::isnan(wanted[n]) && std::isnan(y[n])) continue;
+            ASSERT_TRUE(wanted[n] == y[n] && std::signbit(wanted[n]) == std::signbit(y[n])) << run << ": " << n;
+        }
+    }
+}
+
 #if defined(__x86_64__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 // Orders whose sub-transforms are blocked themselves: a few impulses have a spectrum that can be told bin by bin.
 template <class P>

@@ -148,6 +148,33 @@ TEST(FftObjects, FreedOnesAreRefused) {
     EXPECT_EQ(orbsFFTFree_C_32fc(spec), orbStsContextMatchErr);
 }
 
+// An object whose tables another tier made is refused where they are read: the word behind the owner's tells their
+// groups.
+template <class Spec, class T>
+void expectRefusedFromAnotherTier(OrbStatus (*init)(Spec**, int, int, OrbHintAlgorithm), OrbStatus (*release)(Spec*),
+                                  OrbStatus (*transform)(T*, const Spec*, Orb8u*), std::size_t groupWord) {
+    for (int order : {7, 11, 18}) {
+        Spec* spec = nullptr;
+        ASSERT_EQ(init(&spec, order, ORB_FFT_SCALE_NONE, 0), orbStsNoErr);
+        Orb32s& group = reinterpret_cast<Orb32s*>(spec)[groupWord];
+        EXPECT_TRUE(group == 32 || group == 64) << group;
+        auto x = support::randomVector<T>((std::size_t{1} << order) + 2);
+        const auto before = x;
+        group = 96 - group;
+        EXPECT_EQ(transform(x.data(), spec, nullptr), orbStsContextMatchErr) << order;
+        EXPECT_TRUE(support::sameBits(x, before));
+        group = 96 - group;
+        EXPECT_EQ(transform(x.data(), spec, nullptr), orbStsNoErr);
+        release(spec);
+    }
+}
+TEST(FftObjects, TablesOfAnotherTierAreRefused) {
+    expectRefusedFromAnotherTier(orbsFFTInitAlloc_C_32fc, orbsFFTFree_C_32fc, orbsFFTFwd_CToC_32fc_I, 8);
+    expectRefusedFromAnotherTier(orbsFFTInitAlloc_C_64fc, orbsFFTFree_C_64fc, orbsFFTInv_CToC_64fc_I, 9);
+    expectRefusedFromAnotherTier(orbsFFTInitAlloc_R_32f, orbsFFTFree_R_32f, orbsFFTFwd_RToCCS_32f_I, 8);
+    expectRefusedFromAnotherTier(orbsFFTInitAlloc_R_64f, orbsFFTFree_R_64f, orbsFFTInv_PackToR_64f_I, 9);
+}
+
 // An object that no positive int can tell the size of is refused before a byte of memory is touched or taken.
 template <class Spec>
 void expectRefused(OrbStatus (*init)(Spec**, int, int, OrbHintAlgorithm, Orb8u*, Orb8u*),

@@ -42,16 +42,12 @@ std::vector<T> inverse(Member member, const Halves<T>& y, More... more) {
 
 // ---- Integers ----
 
-// r * 2^-s to nearest, ties to even, saturated.
+// r * 2^-s to nearest, ties to even, saturated. Sums of 64 bits are exact in a long double.
 template <class T>
-T scaled(__int128 r, std::int64_t s) {
-    if (s > 70 || r == 0) return 0;
-    if (s < -70) return r > 0 ? std::numeric_limits<T>::max() : std::numeric_limits<T>::min();
-    for (; s < 0; ++s) r = std::clamp<__int128>(2 * r, -(__int128{1} << 70), __int128{1} << 70);
-    __int128 quotient = r >> s;
-    const __int128 twice = 2 * (r - quotient * (__int128{1} << s)), whole = __int128{1} << s;
-    if (twice > whole || (twice == whole && quotient % 2 != 0)) ++quotient;
-    return static_cast<T>(std::clamp<__int128>(quotient, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
+T scaled(long double r, std::int64_t s) {
+    const int shift = static_cast<int>(std::clamp<std::int64_t>(s, -200, 200));
+    return static_cast<T>(std::clamp<long double>(std::nearbyint(std::ldexp(r, -shift)), std::numeric_limits<T>::min(),
+                                                  std::numeric_limits<T>::max()));
 }
 
 template <class T, class Member, class... More>
@@ -59,10 +55,10 @@ void expectForward(Member member, const std::vector<T>& x, More... more) {
     const std::int64_t s = (std::int64_t{0} + ... + more);
     Halves<T> want(x.size());
     for (std::size_t i = 0; i < x.size() / 2; ++i) {
-        want.low[i] = scaled<T>(__int128{x[2 * i]} + x[2 * i + 1], s + 1);
-        want.high[i] = scaled<T>(__int128{x[2 * i + 1]} - x[2 * i], s + 1);
+        want.low[i] = scaled<T>(static_cast<long double>(x[2 * i]) + x[2 * i + 1], s + 1);
+        want.high[i] = scaled<T>(static_cast<long double>(x[2 * i + 1]) - x[2 * i], s + 1);
     }
-    if (x.size() % 2 != 0) want.low.back() = scaled<T>(__int128{x.back()}, s);
+    if (x.size() % 2 != 0) want.low.back() = scaled<T>(static_cast<long double>(x.back()), s);
     const Halves<T> got = forward(member, x, more...);
     ASSERT_TRUE(sameValues(got.low, want.low)) << callOf(member, more...) << ", low, of " << x.size();
     ASSERT_TRUE(sameValues(got.high, want.high)) << callOf(member, more...) << ", high, of " << x.size();
@@ -75,10 +71,10 @@ void expectInverse(Member member, const std::vector<T>& low, const std::vector<T
     y.high = high;
     std::vector<T> want(low.size() + high.size());
     for (std::size_t i = 0; i < high.size(); ++i) {
-        want[2 * i] = scaled<T>(__int128{low[i]} - high[i], s);
-        want[2 * i + 1] = scaled<T>(__int128{low[i]} + high[i], s);
+        want[2 * i] = scaled<T>(static_cast<long double>(low[i]) - high[i], s);
+        want[2 * i + 1] = scaled<T>(static_cast<long double>(low[i]) + high[i], s);
     }
-    if (low.size() > high.size()) want.back() = scaled<T>(__int128{low.back()}, s);
+    if (low.size() > high.size()) want.back() = scaled<T>(static_cast<long double>(low.back()), s);
     ASSERT_TRUE(sameValues(inverse(member, y, more...), want)) << callOf(member, more...) << ", of " << want.size();
 }
 

@@ -1,57 +1,101 @@
 // The plans that go by way of a Fourier transform of 2 N real points, the signal being extended by zeros: its spectrum,
-// turned by pi k / (2 N), has the cosine transform as its real part. For powers of two it is a real transform; else the
-// points are taken in pairs as N complex ones, transformed by a chirp, and recombined as those of a real signal are.
+// turned by pi k / (2 N), has the cosine transform as its real part. The points are taken in pairs as N complex ones,
+// transformed by an FFT of N points or by a chirp, and recombined as those of a real signal are.
 #pragma once
 
 #include "dct/spec.h"
-#include "vectors/planes.h"
 
 namespace orbs::dct {
 
-template <class T>
-OrbStatus fourierForward(const Spec<T>& spec, const T* pSrc, T* pDst, T* work) {
-    const auto n = static_cast<std::size_t>(spec.length);
-    std::memcpy(work, pSrc, n * sizeof(T));
-    std::memset(work + n, 0, n * sizeof(T));
-    if (const OrbStatus status = fft::Members<typename fft::Specs<T>::Real>::forward(
-            work, work, spec.real, reinterpret_cast<Orb8u*>(work + 2 * n)))
-        return status;
-    const T *const re = spec.turnRe, *const im = re + n;
-    forWholeVectors<T>(0, n, [=](auto d, std::size_t k) HWY_ATTR {
-        const T* const pairs = work + 2 * k;
-        const auto x = partsInBlocks(d, hn::LoadU(d, pairs), hn::LoadU(d, pairs + hn::MaxLanes(d)));
-        hn::StoreU(outOfBlocks(d, x.re) * hn::LoadU(d, re + k) + outOfBlocks(d, x.im) * hn::LoadU(d, im + k), d,
-                   pDst + k);
-    });
-    return orbStsNoErr;
-}
-
-template <class T>
-OrbStatus fourierInverse(const Spec<T>& spec, const T* pSrc, T* pDst, T* work) {
-    const auto n = static_cast<std::size_t>(spec.length);
-    const T *const re = spec.turnRe, *const im = re + n;
-    forWholeVectors<T>(0, n, [=](auto d, std::size_t k) HWY_ATTR {
-        const auto x = hn::LoadU(d, pSrc + k);
-        hn::StoreInterleaved2(x * hn::LoadU(d, re + k), x * hn::LoadU(d, im + k), d, work + 2 * k);
-    });
-    if (const OrbStatus status = fft::Members<typename fft::Specs<T>::Real>::inverse(
-            work, work, spec.real, reinterpret_cast<Orb8u*>(work + 2 * n)))
-        return status;
-    std::memcpy(pDst, work, n * sizeof(T));
-    return orbStsNoErr;
-}
-
-// ---- By a chirp ----
-
-// Calls pair(d, k, mirror) for k = 1 to (n - 1) / 2 in vectors; `mirror` is the lowest of the elements n - k.
+// Calls pair(d, k, mirror) for k = 1 to n / 2 in vectors; `mirror` is the lowest of the elements n - k. The middle of
+// an even n stands among both, and has to be set afterwards.
 template <class T, class Pair>
 HWY_INLINE void forEachMirrored(std::size_t n, Pair pair) {
-    forEachVector<T>((n - 1) / 2, [=](auto d, std::size_t at) HWY_ATTR { pair(d, at + 1, n - at - hn::MaxLanes(d)); });
+    forEachVector<T>(n / 2, [=](auto d, std::size_t at) HWY_ATTR { pair(d, at + 1, n - at - hn::MaxLanes(d)); });
 }
-template <class D, class T>
-HWY_INLINE auto loadReversed(D d, const T* from) {
-    return hn::Reverse(d, hn::LoadU(d, from));
+
+// From the spectrum z of pairs to the cosine transform. The turn of n - k is that of k with its parts exchanged.
+template <class T>
+void turnForward(const Spec<T>& spec, const T* z, T* pDst) {
+    const auto n = static_cast<std::size_t>(spec.length);
+    const T *const cos = spec.turnCos, *const sin = spec.turnSin;
+    const T *const halfCos = spec.recombineCos - 1, *const halfSin = spec.recombineSin - 1;
+    forEachMirrored<T>(n, [=](auto d, std::size_t k, std::size_t mirror) HWY_ATTR {
+        hn::Vec<decltype(d)> re, im, mirrorRe, mirrorIm;
+        hn::LoadInterleaved2(d, z + 2 * k, re, im);
+        hn::LoadInterleaved2(d, z + 2 * mirror, mirrorRe, mirrorIm);
+        mirrorRe = hn::Reverse(d, mirrorRe);
+        mirrorIm = hn::Reverse(d, mirrorIm);
+        const auto a = hn::LoadU(d, halfCos + k), b = hn::LoadU(d, halfSin + k);
+        const auto c = hn::LoadU(d, cos + k), s = hn::LoadU(d, sin + k);
+        const auto dr = re - mirrorRe, si = im + mirrorIm;
+        const auto u = si * a + dr * b, v = si * b - dr * a;
+        hn::StoreU((mirrorRe + u) * c + (v - mirrorIm) * s, d, pDst + k);
+        hn::StoreU(hn::Reverse(d, (re - u) * s + (v - im) * c), d, pDst + mirror);
+    });
+    pDst[0] = (z[0] + z[1]) * cos[0];
+    if (n % 2 == 0) pDst[n / 2] = z[n] * cos[n / 2] - z[n + 1] * sin[n / 2];
 }
+
+// Back to twice the spectrum of pairs, or to its mirror image, which a forward transform turns into the inverse one.
+template <bool mirrored, class T>
+void turnInverse(const Spec<T>& spec, const T* pSrc, T* z) {
+    const auto n = static_cast<std::size_t>(spec.length);
+    const T *const cos = spec.turnCos, *const sin = spec.turnSin;
+    const T *const wholeCos = spec.recombineCos - 1, *const negativeSin = spec.recombineSin - 1;
+    forEachMirrored<T>(n, [=](auto d, std::size_t k, std::size_t mirror) HWY_ATTR {
+        const auto x = hn::LoadU(d, pSrc + k), y = hn::Reverse(d, hn::LoadU(d, pSrc + mirror));
+        const auto c = hn::LoadU(d, cos + k), s = hn::LoadU(d, sin + k);
+        const auto re = x * c, im = x * s, mirrorRe = y * s, mirrorIm = y * c;
+        const auto a = hn::LoadU(d, wholeCos + k), b = hn::LoadU(d, negativeSin + k);
+        const auto sr = re + mirrorRe, dr = re - mirrorRe, si = im + mirrorIm, di = im - mirrorIm;
+        const auto p = b * dr - a * si, t = b * si + a * dr;
+        const auto store = [=](auto lowRe, auto lowIm, auto highRe, auto highIm) HWY_ATTR {
+            hn::StoreInterleaved2(lowRe, lowIm, d, z + 2 * k);
+            hn::StoreInterleaved2(hn::Reverse(d, highRe), hn::Reverse(d, highIm), d, z + 2 * mirror);
+        };
+        if constexpr (mirrored) {
+            store(sr - p, t - di, sr + p, di + t);
+        } else {
+            store(sr + p, di + t, sr - p, t - di);
+        }
+    });
+    z[0] = z[1] = pSrc[0] * cos[0];
+    if (n % 2 == 0) {
+        z[n] = 2 * (pSrc[n / 2] * cos[n / 2]);
+        z[n + 1] = -2 * (pSrc[n / 2] * sin[n / 2]);
+    }
+}
+
+// ---- Powers of two ----
+
+// An FFT of the pairs in place; its buffer lies behind them.
+template <class T>
+OrbStatus transformPairs(OrbStatus (*transform)(const ComplexOf<T>*, ComplexOf<T>*, const InnerOf<T>*, Orb8u*),
+                         const Spec<T>& spec, T* z) {
+    auto* pairs = reinterpret_cast<ComplexOf<T>*>(z);
+    return transform(pairs, pairs, spec.inner, reinterpret_cast<Orb8u*>(pairs + spec.length));
+}
+
+template <class T>
+OrbStatus fourierForward(const Spec<T>& spec, const T* pSrc, T* pDst, T* z) {
+    const auto n = static_cast<std::size_t>(spec.length);
+    std::memcpy(z, pSrc, n * sizeof(T));
+    std::memset(z + n, 0, n * sizeof(T));
+    if (const OrbStatus status = transformPairs(fft::Members<InnerOf<T>>::forward, spec, z)) return status;
+    turnForward(spec, z, pDst);
+    return orbStsNoErr;
+}
+
+template <class T>
+OrbStatus fourierInverse(const Spec<T>& spec, const T* pSrc, T* pDst, T* z) {
+    turnInverse<false>(spec, pSrc, z);
+    if (const OrbStatus status = transformPairs(fft::Members<InnerOf<T>>::inverse, spec, z)) return status;
+    std::memcpy(pDst, z, static_cast<std::size_t>(spec.length) * sizeof(T));
+    return orbStsNoErr;
+}
+
+// ---- Other lengths ----
 
 // A real vector of `length` elements, one more than that as 0, as pairs.
 template <class T>
@@ -90,48 +134,14 @@ OrbStatus chirpForward(const Spec<T>& spec, const T* pSrc, T* pDst, T* z) {
     if (const OrbStatus status = dft::chirp::run(spec.chirp, (n + 1) / 2, RealPairs<T>{pSrc, n}, n,
                                                  dft::chirp::IntoInterleaved<T>{z}, reinterpret_cast<Orb8u*>(z)))
         return status;
-    const T *const turnRe = spec.turnRe, *const turnIm = turnRe + n;
-    const T *const halfCos = spec.recombineRe - 1, *const halfSin = halfCos + (n - 1) / 2;
-    pDst[0] = (z[0] + z[1]) * turnRe[0];
-    if (n % 2 == 0) pDst[n / 2] = z[n] * turnRe[n / 2] - z[n + 1] * turnIm[n / 2];
-    forEachMirrored<T>(n, [=](auto d, std::size_t k, std::size_t mirror) HWY_ATTR {
-        hn::Vec<decltype(d)> re, im, mirrorRe, mirrorIm;
-        hn::LoadInterleaved2(d, z + 2 * k, re, im);
-        hn::LoadInterleaved2(d, z + 2 * mirror, mirrorRe, mirrorIm);
-        mirrorRe = hn::Reverse(d, mirrorRe);
-        mirrorIm = hn::Reverse(d, mirrorIm);
-        const auto a = hn::LoadU(d, halfCos + k), b = hn::LoadU(d, halfSin + k);
-        const auto dr = re - mirrorRe, si = im + mirrorIm;
-        const auto u = si * a + dr * b, v = si * b - dr * a;
-        const auto low = (mirrorRe + u) * hn::LoadU(d, turnRe + k) + (v - mirrorIm) * hn::LoadU(d, turnIm + k);
-        const auto high = (re - u) * loadReversed(d, turnRe + mirror) + (v - im) * loadReversed(d, turnIm + mirror);
-        hn::StoreU(low, d, pDst + k);
-        hn::StoreU(hn::Reverse(d, high), d, pDst + mirror);
-    });
+    turnForward(spec, z, pDst);
     return orbStsNoErr;
 }
 
-// The chirp transforms forward: the spectrum is recombined to the mirrored places.
 template <class T>
 OrbStatus chirpInverse(const Spec<T>& spec, const T* pSrc, T* pDst, T* z) {
     const auto n = static_cast<std::size_t>(spec.length);
-    const T *const turnRe = spec.turnRe, *const turnIm = turnRe + n;
-    const T *const cos = spec.recombineRe - 1, *const negativeSin = cos + (n - 1) / 2;
-    z[0] = z[1] = pSrc[0] * turnRe[0];
-    if (n % 2 == 0) {
-        z[n] = 2 * (pSrc[n / 2] * turnRe[n / 2]);
-        z[n + 1] = -2 * (pSrc[n / 2] * turnIm[n / 2]);
-    }
-    forEachMirrored<T>(n, [=](auto d, std::size_t k, std::size_t mirror) HWY_ATTR {
-        const auto x = hn::LoadU(d, pSrc + k), y = loadReversed(d, pSrc + mirror);
-        const auto re = x * hn::LoadU(d, turnRe + k), im = x * hn::LoadU(d, turnIm + k);
-        const auto mirrorRe = y * loadReversed(d, turnRe + mirror), mirrorIm = y * loadReversed(d, turnIm + mirror);
-        const auto c = hn::LoadU(d, cos + k), s = hn::LoadU(d, negativeSin + k);
-        const auto sr = re + mirrorRe, dr = re - mirrorRe, si = im + mirrorIm, di = im - mirrorIm;
-        const auto p = s * dr - c * si, t = s * si + c * dr;
-        hn::StoreInterleaved2(hn::Reverse(d, sr + p), hn::Reverse(d, di + t), d, z + 2 * mirror);
-        hn::StoreInterleaved2(sr - p, t - di, d, z + 2 * k);
-    });
+    turnInverse<true>(spec, pSrc, z);
     return dft::chirp::run(spec.chirp, n, dft::chirp::FromInterleaved<T>{z}, (n + 1) / 2, IntoRealPairs<T>{pDst, n},
                            reinterpret_cast<Orb8u*>(z));
 }

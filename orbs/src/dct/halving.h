@@ -1,5 +1,5 @@
-// The plan of 16 and 32 points: Lee's recursion down to transforms of eight points. The tables hold 0.5 / cos(j pi / (2 n))
-// for odd j, those of n points in front of those of n / 2. Results are not scaled.
+// The plan of 16 and 32 points: Lee's recursion down to transforms of eight points. The tables hold 0.5 / cos(j pi / (2
+// n)) for odd j, those of n points in front of those of n / 2. Results are not scaled.
 #pragma once
 
 #include "dct/eight.h"

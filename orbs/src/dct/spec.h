@@ -19,10 +19,10 @@ constexpr Plan planOf(std::uint64_t n) {
     if (n <= 8) return Plan::small;
     return n < shortestFourier ? Plan::halving : Plan::fourier;
 }
-// The transform of 2 N real points, N a power of two.
-constexpr int realOrder(std::uint64_t n) {
-    return std::countr_zero(n) + 1;
-}
+template <class T>
+using ComplexOf = std::conditional_t<sizeof(T) == sizeof(Orb32f), Orb32fc, Orb64fc>;
+template <class T>
+using InnerOf = typename fft::Specs<T>::Interleaved;
 
 template <class T>
 struct Spec {
@@ -33,13 +33,15 @@ struct Spec {
     Orb32s ownsMemory;
     T scale0, scale1; // of element 0 and of the others
     Plan plan;
-    RelativePtr<T> table;       // halving: divisors; direct: cosines
-    RelativePtr<T> matrix;      // direct, in memory of its own: the cosines in the order in which they are needed
-    RelativePtr<T> turnRe;      // fourier and chirp: scaled cosines of pi k / (2 N), and behind them the sines
-    RelativePtr<T> recombineRe; // chirp, k from 1: cosines of 2 pi k / (2 N) and, one plane behind, what goes with them
-    RelativePtr<typename fft::Specs<T>::Real> real;
+    RelativePtr<T> table;  // halving: divisors; direct: cosines
+    RelativePtr<T> matrix; // direct, in memory of its own: the cosines in the order in which they are needed
+    // Fourier and chirp: scaled cosines and sines of pi k / (2 N) for k = 0 to N / 2, and the factors of the
+    // recombination of 2 N real points for k = 1 to N / 2.
+    RelativePtr<T> turnCos, turnSin, recombineCos, recombineSin;
+    RelativePtr<InnerOf<T>> inner; // fourier: of N complex points
     dft::Chirp<T> chirp;
 };
+static_assert(sizeof(Spec<Orb32f>) <= 116 - 31 && sizeof(Spec<Orb64f>) <= 124 - 31);
 
 // Bytes of the object, of the memory that Init needs while it runs, and of the work area without room to align it.
 // These are the sizes that callers are told; those of the inner transforms are in them as these tell them.
@@ -56,7 +58,7 @@ constexpr Sizes sizesOf(std::uint64_t n) {
     case Plan::direct:
         return {roundUp(4 * element * n, 32) + slack, 0, element * n};
     case Plan::fourier: {
-        const Sizes inner = fft::sizesOf<T>(realOrder(n), true);
+        const Sizes inner = fft::sizesOf<T>(std::countr_zero(n) + 1, true);
         return {inner.object + 2 * element * n + slack, padded(inner.init), padded(inner.work) + 2 * element * n};
     }
     default: {
@@ -116,6 +118,12 @@ Spec<T>* layOut(Layout& layout, std::size_t n, bool withMatrix) {
         T* area = layout.take<T>(count, 32);
         if (spec) spec->*pointer = area;
     };
+    const auto placeTurns = [&] {
+        place(&Spec<T>::turnCos, n / 2 + 1);
+        place(&Spec<T>::turnSin, n / 2 + 1);
+        place(&Spec<T>::recombineCos, n / 2);
+        place(&Spec<T>::recombineSin, n / 2);
+    };
     switch (planOf(n)) {
     case Plan::small:
         break;
@@ -127,15 +135,14 @@ Spec<T>* layOut(Layout& layout, std::size_t n, bool withMatrix) {
         if (withMatrix) place(&Spec<T>::matrix, matrixSize<T>(n));
         break;
     case Plan::fourier: {
-        place(&Spec<T>::turnRe, 2 * n);
-        auto* inner = layout.take<Orb8u>(fft::sizesOf<T>(realOrder(n), true).object, 32);
-        if (spec) spec->real = reinterpret_cast<typename fft::Specs<T>::Real*>(inner);
+        auto* inner = layout.take<Orb8u>(fft::sizesOf<T>(std::countr_zero(n), false).object, 32);
+        if (spec) spec->inner = reinterpret_cast<InnerOf<T>*>(inner);
+        placeTurns();
         break;
     }
     case Plan::chirp:
         dft::chirp::place(layout, n, spec ? &spec->chirp : nullptr);
-        place(&Spec<T>::turnRe, 2 * n);
-        place(&Spec<T>::recombineRe, (n - 1) / 2 * 2);
+        placeTurns();
         break;
     }
     return spec;
@@ -152,29 +159,21 @@ void fillCosines(T* table, std::size_t n) {
     const dft::RootPrecision precision;
     for (std::size_t j = 0; j < 4 * n; ++j) table[j] = static_cast<T>(dft::unitRoot(j, 4 * n).re);
 }
-// The real transform back counts each pair of conjugate bins twice: its factors are halved, but that of bin 0.
+// The transform back to real points counts each pair of conjugate bins twice: its factors are halved, but that of bin
+// 0. Recombination takes 0.5 cos and 0.5 - 0.5 sin forward, cos and -sin inverse, of 2 pi k / (2 N).
 template <bool Inverse, class T>
-void fillTurns(T* re, std::size_t n) {
+void fillTurns(Spec<T>& spec) {
     const dft::RootPrecision precision;
+    const auto n = static_cast<std::size_t>(spec.length);
     const double root = std::sqrt(static_cast<double>(n)), scale = std::sqrt(Inverse ? 0.5 : 2.0) / root;
-    T* const im = re + n;
-    re[0] = static_cast<T>(1.0 / root);
-    im[0] = 0;
-    for (std::size_t k = 1; k < n; ++k) {
-        const dft::Root turn = dft::unitRoot(k, 4 * n);
-        re[k] = static_cast<T>(scale * turn.re);
-        im[k] = static_cast<T>(scale * -turn.im);
-    }
-}
-// Forward 0.5 cos and 0.5 - 0.5 sin, inverse cos and -sin, of 2 pi k / (2 N).
-template <bool Inverse, class T>
-void fillRecombination(T* re, std::size_t n) {
-    const dft::RootPrecision precision;
-    const std::size_t pairs = (n - 1) / 2;
-    for (std::size_t k = 1; k <= pairs; ++k) {
-        const dft::Root turn = dft::unitRoot(k, 2 * n);
-        re[k - 1] = static_cast<T>(Inverse ? turn.re : 0.5 * turn.re);
-        re[pairs + k - 1] = static_cast<T>(Inverse ? turn.im : 0.5 + 0.5 * turn.im);
+    spec.turnCos[0] = static_cast<T>(1.0 / root);
+    spec.turnSin[0] = 0;
+    for (std::size_t k = 1; k <= n / 2; ++k) {
+        const dft::Root turn = dft::unitRoot(k, 4 * n), twice = dft::unitRoot(k, 2 * n);
+        spec.turnCos[k] = static_cast<T>(scale * turn.re);
+        spec.turnSin[k] = static_cast<T>(scale * -turn.im);
+        spec.recombineCos[k - 1] = static_cast<T>(Inverse ? twice.re : 0.5 * twice.re);
+        spec.recombineSin[k - 1] = static_cast<T>(Inverse ? twice.im : 0.5 + 0.5 * twice.im);
     }
 }
 
@@ -192,15 +191,13 @@ OrbStatus fill(Spec<T>& spec, Orb8u* initMemory) {
         if (T* matrix = spec.matrix) fillMatrix<Inverse, T>(matrix, n, spec.table);
         return orbStsNoErr;
     case Plan::fourier: {
-        typename fft::Specs<T>::Real* inner;
-        fillTurns<Inverse, T>(spec.turnRe, n);
-        return fft::Members<typename fft::Specs<T>::Real>::init(&inner, realOrder(n), ORB_FFT_SCALE_NONE,
-                                                                OrbHintAlgorithm{},
-                                                                reinterpret_cast<Orb8u*>(spec.real.get()), initMemory);
+        InnerOf<T>* inner;
+        fillTurns<Inverse>(spec);
+        return fft::Members<InnerOf<T>>::init(&inner, std::countr_zero(n), ORB_FFT_SCALE_NONE, OrbHintAlgorithm{},
+                                              reinterpret_cast<Orb8u*>(spec.inner.get()), initMemory);
     }
     default:
-        fillTurns<Inverse, T>(spec.turnRe, n);
-        fillRecombination<Inverse, T>(spec.recombineRe, n);
+        fillTurns<Inverse>(spec);
         return dft::chirp::fill(spec.chirp, n, initMemory);
     }
 }

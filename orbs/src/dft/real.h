@@ -16,29 +16,78 @@ Spectrum<T> spectrumAt(T* base, std::size_t n, Format format, std::remove_const_
     return {base, base - (behindOne ? 1 : 0), scale};
 }
 
-// ---- Even lengths N = 2 M: fft/real.h for any M, odd ones included, and with a scale behind it ----
+// ---- Even lengths N = 2 M, M even or odd: one pass over a complex transform of M points ----
+//
+// It goes from the spectrum Z of x[2n] + i x[2n+1] to that of x, and back to twice Z. With a + ib = Z[k], c + id =
+// Z[M-k] and a table of the pairs A = 0.5 cos, B = 0.5 - 0.5 sin of 2 pi k / N (Inverse: C = cos, S = -sin),
+//
+//     dr = a - c,  si = b + d,    u + iv = (si A + dr B) + i (si B - dr A)    Inverse: (dr S - si C) + i (si S + dr C)
+//     X[k] = (c + u) + i (v - d),    X[M-k] = (a - u) + i (v - b)    Inverse: (a + c + u) + i (b - d + v) and so on,
+//
+// on elements as they lie.
 
-// body(d, k, mirror, first, second) for k = 1 to (M - 1) / 2: element k and those behind it, the mirror elements M - k
-// and those before it, which start at `mirror`, and the two table values of each k.
-template <class T, class Body>
-HWY_INLINE void forEachMirrored(std::size_t m, const T* table, Body body) {
-    forEachRun<T>((m - 1) / 2, [&](auto d, std::size_t k) __attribute__((always_inline)) {
-        constexpr std::size_t group = columnGroup<T>;
-        const T* values = table + (k - 1) / group * 2 * group + (k - 1) % group;
-        body(d, k, m - k - hn::MaxLanes(d) + 1, hn::LoadU(d, values), hn::LoadU(d, values + group));
-    });
+template <class D, class V>
+HWY_INLINE V reverseComplex(D d, V v) {
+    if constexpr (hn::MaxLanes(D()) == 2) {
+        return v;
+    } else if constexpr (sizeof(hn::TFromD<D>) == 8) {
+        return hn::ReverseBlocks(d, v);
+    } else {
+        const hn::Repartition<Orb64f, D> elements;
+        return hn::BitCast(d, hn::Reverse(elements, hn::BitCast(elements, v)));
+    }
 }
 
-// The spectrum of x[2n] + i x[2n+1] becomes that of x, in Perm layout, in place.
+template <class V>
+struct MirrorElements {
+    V low, high; // k and those behind it; M - k and those before it, reversed
+};
+template <bool Inverse, class D, class V>
+HWY_INLINE MirrorElements<V> recombined(D d, MirrorElements<V> x, V table) {
+    const V conjugated = hn::Xor(x.high, signOfIm(d)), difference = x.low - conjugated; // dr, si
+    const V turned = hn::Xor(hn::DupEven(table), Inverse ? signOfRe(d) : signOfIm(d));
+    const V uv = difference * hn::DupOdd(table) + hn::Reverse2(d, difference) * turned;
+    const V first = Inverse ? x.low + conjugated : x.low;
+    return {(Inverse ? first : conjugated) + uv, hn::Xor(first, signOfIm(d)) + hn::Xor(uv, signOfRe(d))};
+}
+
+// Elements 1 to M - 1 but the middle one, all results scaled. `to` may be `from`: the vectors that overlap others are
+// loaded before the first result is stored.
+template <bool Inverse, class T>
+HWY_INLINE void recombinePairs(const T* from, T* to, std::size_t m, const T* table, T scale) {
+    const std::size_t pairs = (m - 1) / 2;
+    const auto run = [=](auto d) __attribute__((always_inline)) {
+        constexpr std::size_t lanes = hn::MaxLanes(d), count = lanes / 2;
+        const auto at = [=](std::size_t k) __attribute__((always_inline)) {
+            const auto low = hn::LoadU(d, from + 2 * k);
+            const auto high = reverseComplex(d, hn::LoadU(d, from + 2 * (m - k + 1) - lanes));
+            return recombined<Inverse>(d, MirrorElements<std::decay_t<decltype(low)>>{low, high},
+                                       hn::LoadU(d, table + 2 * (k - 1)));
+        };
+        const auto put = [=](std::size_t k, auto x) __attribute__((always_inline)) {
+            hn::StoreU(x.low * hn::Set(d, scale), d, to + 2 * k);
+            hn::StoreU(reverseComplex(d, x.high * hn::Set(d, scale)), d, to + 2 * (m - k + 1) - lanes);
+        };
+        const std::size_t last = pairs + 1 - count;
+        const auto behind = at(last);
+        for (std::size_t k = 1; k < last; k += count) put(k, at(k));
+        put(last, behind);
+    };
+    constexpr std::size_t most = hn::MaxLanes(RestTag<T>()) / 2;
+    if (pairs >= most) {
+        run(RestTag<T>());
+    } else if (most > 2 && pairs >= 2) {
+        run(hn::CappedTag<T, 4>());
+    } else if (pairs == 1) {
+        run(hn::CappedTag<T, 2>());
+    }
+}
+
+// In place, from Z to X in Perm layout.
 template <class T>
-void recombineScaled(T* data, std::size_t m, const T* table, T scale) {
-    const fft::Interleaved<T> z{data};
+void recombineForward(T* data, std::size_t m, const T* table, T scale) {
     const T re = data[0], im = data[1];
-    forEachMirrored(m, table, [=](auto d, std::size_t k, std::size_t mirror, auto a, auto b) HWY_ATTR {
-        const auto joined = fft::joinPair(z.load(d, k), fft::loadReversed(d, z, mirror), a, b);
-        z.store(d, k, joined.low * hn::Set(d, scale));
-        fft::storeReversed(d, z, mirror, joined.high * hn::Set(d, scale));
-    });
+    recombinePairs<false>(static_cast<const T*>(data), data, m, table, scale);
     data[0] = (re + im) * scale;
     data[1] = (re - im) * scale;
     if (m % 2 == 0) {
@@ -46,19 +95,11 @@ void recombineScaled(T* data, std::size_t m, const T* table, T scale) {
         data[m + 1] *= -scale;
     }
 }
-
-// The way back: from the pairs k = 1 to M - 1 at `from` and the real values R0 and RM to twice the spectrum of
-// x[2n] + i x[2n+1]. `to` may be `from`.
+// And back, from the pairs at `from` and the real values R0 and RM. `to` may be `from`.
 template <class T>
-void separate(const T* from, T r0, T rm, T* to, std::size_t m, const T* table) {
-    const fft::Interleaved<const T> x{from};
-    const fft::Interleaved<T> z{to};
+void recombineInverse(const T* from, T r0, T rm, T* to, std::size_t m, const T* table) {
     const T middleRe = m % 2 == 0 ? from[m] : T(0), middleIm = m % 2 == 0 ? from[m + 1] : T(0);
-    forEachMirrored(m, table, [=](auto d, std::size_t k, std::size_t mirror, auto c, auto s) HWY_ATTR {
-        const auto halves = fft::splitPair(x.load(d, k), fft::loadReversed(d, x, mirror), c, s);
-        z.store(d, k, halves.low);
-        fft::storeReversed(d, z, mirror, halves.high);
-    });
+    recombinePairs<true>(from, to, m, table, T(1));
     to[0] = r0 + rm;
     to[1] = r0 - rm;
     if (m % 2 == 0) {
@@ -244,7 +285,7 @@ void smallForward(const T* x, T* perm, std::size_t n, T scale) {
 template <class T>
 void smallInverse(const T* perm, T* x, std::size_t n, T scale) {
     if (n != 3) {
-        fft::smallRealInverse(perm, x, n == 4 ? 2 : static_cast<int>(n) - 1, scale);
+        fft::smallRealInverse(perm[0], n == 1 ? T(0) : perm[1], perm, x, n == 4 ? 2 : static_cast<int>(n) - 1, scale);
         return;
     }
     const T first = perm[0], re = perm[1], middle = first - re, turned = rootOfThree<T> * perm[2];
@@ -291,7 +332,7 @@ OrbStatus forwardReal(const Spec<T>& spec, const T* src, T* dst, Format format, 
             const Interleaved<const T> samples{src};
             if (const OrbStatus status = transform<false>(spec, samples, Interleaved<T>{dst}, work.bytes()))
                 return status;
-            recombineScaled(dst, n / 2, spec.forwardRecombination.get(), scale);
+            recombineForward<T>(dst, n / 2, spec.forwardRecombination, scale);
             fft::formatSpectrum(dst, n, format);
             return orbStsNoErr;
         } else if (spec.plan == Plan::mixedRadix) {
@@ -332,7 +373,7 @@ OrbStatus inverseReal(const Spec<T>& spec, const T* src, T* dst, Format format, 
             std::memmove(dst + 2, dst + 1, (n - 2) * sizeof(T));
             pairs = dst;
         }
-        separate(pairs, r0, rm, dst, n / 2, spec.inverseRecombination.get());
+        recombineInverse<T>(pairs, r0, rm, dst, n / 2, spec.inverseRecombination);
         const OrbStatus status = transform<true>(spec, Interleaved<const T>{dst}, Interleaved<T>{dst}, work.bytes());
         if (status == orbStsNoErr && spec.scaleInv) scaleBy(scale, dst, n);
         return status;

@@ -233,7 +233,7 @@ void splitBlock(const Stage<T>& stage, Run<T> blocks, Whole whole) {
 template <bool toBlocks, class D, class T = hn::TFromD<D>>
 HWY_INLINE void exchangeLanes(D d, T* local, std::size_t points, T* blocks, const Orb32s* places) {
     constexpr std::size_t lanes = hn::MaxLanes(D());
-    const auto block = [=](std::size_t lane) { return blocks + static_cast<std::size_t>(places[lane]) * points; };
+    const auto block = [=](std::size_t lane) { return blocks + places[lane]; };
     if constexpr (lanes * sizeof(T) >= 16) {
         for (std::size_t n = 0; points >= lanes && n < points; n += lanes) {
             const std::size_t i = std::min(n, points - lanes);

@@ -62,8 +62,9 @@ constexpr int chooseOuterStages(const Radices& radices, std::uint64_t n) {
         columns /= radix;
         transforms *= radix;
         outer += cost(columns);
-        const std::uint64_t layers = static_cast<std::uint64_t>(radices.stages - stages) + 2; // one to transpose
-        const std::uint64_t all = outer + layers * cost(transforms);
+        // One layer more transposes. Leaves of several stages go through memory, which makes their layers longer.
+        const std::uint64_t layers = static_cast<std::uint64_t>(radices.stages - stages) + 2;
+        const std::uint64_t all = outer + (stages < radices.stages ? 5 * layers : 4 * layers) * cost(transforms) / 4;
         if ((columns <= longestLeaf || stages == radices.stages) && all < least) {
             least = all;
             best = stages;
@@ -133,7 +134,7 @@ struct Spec {
     RelativePtr<T> matrix;               // direct plan
     RelativePtr<T> forwardRecombination; // real, even length
     RelativePtr<T> inverseRecombination; // real, even length
-    RelativePtr<Orb32s> leafPlaces;      // mixed radix: where the leaf that starts at sample j stands, in leaves
+    RelativePtr<Orb32s> leafPlaces;      // mixed radix: where the leaf that starts at sample j stands
     RelativePtr<Orb32s> innermostPlaces; // and the first samples of its innermost transforms, in order of places
     RelativePtr<Orb8u> fft;              // power of two
     Chirp<T> chirp;
@@ -203,8 +204,8 @@ Spec<T>* layOut(Layout& layout, const Choice& choice) {
     };
     const auto field = [&](auto pointer) { return spec ? &(spec->*pointer) : nullptr; };
     if (choice.recombines()) {
-        place(field(&Spec<T>::forwardRecombination), recombinationValues<T>(choice.length));
-        place(field(&Spec<T>::inverseRecombination), recombinationValues<T>(choice.length));
+        place(field(&Spec<T>::forwardRecombination), recombinationValues(choice.length));
+        place(field(&Spec<T>::inverseRecombination), recombinationValues(choice.length));
     }
     if (choice.plan == Plan::powerOfTwo) place(field(&Spec<T>::fft), innerSizes<T>(choice).object);
     if (choice.plan == Plan::direct) place(field(&Spec<T>::matrix), matrixValues<T>(choice.points));
@@ -278,7 +279,9 @@ void fillStages(Spec<T>& spec, const Choice& choice, Roots<T> roots) {
     }
     if (Orb32s* places = spec.leafPlaces)
         forEachPlace(spec.stages, 0, spec.outerStages,
-                     [=](std::size_t from, std::size_t to) { places[from] = static_cast<Orb32s>(to); });
+                     [=, points = spec.leafPoints()](std::size_t from, std::size_t to) {
+                         places[from] = static_cast<Orb32s>(to * points);
+                     });
     if (Orb32s* places = spec.innermostPlaces)
         forEachPlace(spec.stages, spec.outerStages, spec.stageCount(),
                      [=](std::size_t from, std::size_t to) { places[to] = static_cast<Orb32s>(from); });

@@ -1,7 +1,7 @@
 // The tables of the stages, read out of the roots of unity of the transform's length.
 #pragma once
 
-#include "fft/columns.h"
+#include "fft/arithmetic.h"
 #include "orbdefs.h"
 
 #include <algorithm>
@@ -10,8 +10,11 @@
 
 namespace orbs::dft {
 
-using fft::columnGroup;
-using fft::GroupTag;
+// Work areas, tables and the split of stages count groups of 32 bytes in every tier.
+template <class T>
+constexpr std::size_t columnGroup = 32 / sizeof(T);
+template <class T>
+using GroupTag = hn::CappedTag<T, columnGroup<T>>;
 
 // exp(-2 pi i j / n), read out of a table of n * step roots.
 template <class T>
@@ -23,21 +26,27 @@ struct Roots {
     T im(std::size_t j) const { return table[2 * step * j + 1]; }
 };
 
-// Lanes in which `count` columns, or transforms side by side, are taken: the most that it fills.
+// The vectors of the transforms. Lanes are columns or transforms side by side, so their number changes no bit.
+template <class T>
+using LaneTag = hn::CappedTag<T, 64 / sizeof(T)>;
+
+// Lanes in which `count` columns, or transforms side by side, are taken: the most that they fill.
 template <class T>
 constexpr std::size_t lanesFor(std::size_t count) {
-    std::size_t lanes = hn::MaxLanes(GroupTag<T>());
+    std::size_t lanes = hn::MaxLanes(LaneTag<T>());
     while (lanes > count) lanes /= 2;
     return lanes;
 }
 // Calls run(d) with vectors of so many lanes; count is at least 2.
+template <std::size_t lanes, class T, class Run>
+HWY_INLINE void withLanes(std::size_t count, Run run) {
+    if constexpr (lanes > 2)
+        if (count < lanes) return withLanes<lanes / 2, T>(count, run);
+    run(hn::CappedTag<T, lanes>());
+}
 template <class T, class Run>
 HWY_INLINE void withLanesFor(std::size_t count, Run run) {
-    const GroupTag<T> full;
-    if (count >= hn::MaxLanes(full)) return run(full);
-    if constexpr (hn::MaxLanes(full) > 4)
-        if (count >= 4) return run(hn::CappedTag<T, 4>());
-    if constexpr (hn::MaxLanes(full) > 2) run(hn::CappedTag<T, 2>());
+    withLanes<hn::MaxLanes(LaneTag<T>()), T>(count, run);
 }
 
 // ---- Stages whose lanes run over columns ----
@@ -119,26 +128,18 @@ void fillRealTwiddles(T* table, Roots<T> roots, std::size_t radix, std::size_t c
     }
 }
 
-// Recombination of a half-length transform: for k = 1, 2, ... in groups of columnGroup values, forward 0.5 cos and then
-// 0.5 - 0.5 sin of 2 pi k / n, inverse cos and then -sin.
-template <class T>
+// Recombination of a half-length transform: for k = 1, 2, ... forward 0.5 cos and 0.5 - 0.5 sin of 2 pi k / n, inverse
+// cos and -sin.
 constexpr std::size_t recombinationValues(std::size_t n) {
-    return 2 * ((n + 3) / 4 + columnGroup<T> - 1) / columnGroup<T> * columnGroup<T>;
+    return 2 * ((n + 3) / 4);
 }
 template <class T>
 void fillRecombination(T* forward, T* inverse, Roots<T> roots) {
-    constexpr std::size_t group = columnGroup<T>;
-    for (std::size_t k = 1; k <= (roots.n + 3) / 4; k += group) {
-        for (std::size_t i = 0; i < group; ++i) {
-            const std::size_t j = (k + i) % roots.n;
-            *forward++ = T(0.5) * roots.re(j);
-            *inverse++ = roots.re(j);
-        }
-        for (std::size_t i = 0; i < group; ++i) {
-            const std::size_t j = (k + i) % roots.n;
-            *forward++ = static_cast<T>(0.5 + 0.5 * static_cast<double>(roots.im(j)));
-            *inverse++ = roots.im(j);
-        }
+    for (std::size_t k = 1; k <= (roots.n + 3) / 4; ++k) {
+        *forward++ = T(0.5) * roots.re(k);
+        *forward++ = static_cast<T>(0.5 + 0.5 * static_cast<double>(roots.im(k)));
+        *inverse++ = roots.re(k);
+        *inverse++ = roots.im(k);
     }
 }
 

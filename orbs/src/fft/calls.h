@@ -1,7 +1,8 @@
 // The frames of the transform calls: checks, working memory, choice of path.
 #pragma once
 
-#include "fft/real.h"
+#include "fft/engine.h"
+#include "fft/real_registers.h"
 
 namespace orbs::fft {
 
@@ -12,9 +13,13 @@ public:
         if (!needed) return;
         if (!pBuffer) pBuffer = own_ = orbsMalloc_8u(size);
         failed_ = !pBuffer;
-        area_ = alignUp(pBuffer, 32);
+        // A cache line's alignment where the 32 bytes told for it suffice.
+        area_ = alignUp(pBuffer, 64);
+        if (own_ || area_ - pBuffer > 32) area_ = alignUp(pBuffer, 32);
     }
-    ~WorkArea() { orbsFree(own_); }
+    ~WorkArea() {
+        if (own_) orbsFree(own_);
+    }
     WorkArea(const WorkArea&) = delete;
     WorkArea& operator=(const WorkArea&) = delete;
 
@@ -38,6 +43,12 @@ OrbStatus checkCall(const Spec<T>* pSpec, Orb32s tag, const P*... data) {
     return anyNull(data...) ? orbStsNullPtrErr : orbStsNoErr;
 }
 
+// The test of the transforms that read tables: those of another tier may have their columns in another order.
+template <class T>
+OrbStatus checkTables(const Spec<T>& spec) {
+    return spec.group == static_cast<Orb32s>(groupBytes) ? orbStsNoErr : orbStsContextMatchErr;
+}
+
 template <bool Inverse, class T>
 bool isScaled(const Spec<T>& spec) {
     return Inverse ? spec.scaleInv != 0 : spec.scaleFwd != 0;
@@ -47,17 +58,21 @@ T scaleOf(const Spec<T>& spec) {
     return isScaled<Inverse>(spec) ? spec.scale : T(1);
 }
 
-// A complex transform of an order that has tables, or of order 3, whose scale is applied to the results. `buffer` is
-// needed in place and in blocked orders.
+// A complex transform of an order from 4 to mostInRegisters.
+template <bool Inverse, class T, class From, class To>
+HWY_INLINE void scaledInRegisters(const Spec<T>& spec, int order, From from, To to) {
+    withScale(
+        isScaled<Inverse>(spec), spec.scale, [&](auto last) __attribute__((always_inline)) {
+            transformInRegisters<Inverse, T>(from, to, order, last);
+        });
+}
+
+// A complex transform of an order that has tables, whose scale is applied to the results. `buffer` is needed in place
+// and in blocked orders.
 template <bool Inverse, class T>
 void transformInterleaved(const Spec<T>& spec, int order, Interleaved<const T> from, Interleaved<T> to, Orb8u* buffer) {
+    if (order <= mostInRegisters) return scaledInRegisters<Inverse>(spec, order, from, to);
     const bool inPlace = from.base == to.base;
-    if (order < smallOrders) {
-        smallComplex<Inverse>(from, to, order, T(1));
-        if (isScaled<Inverse>(spec))
-            for (int n = 0; n < 2 << order; ++n) to.base[n] *= spec.scale;
-        return;
-    }
     const auto transform = [&](auto last) __attribute__((always_inline)) {
         if (order > Plan<T>::directLimit) {
             transformBlocked<Inverse>(spec, from, Grouped<T>{to.base}, to, order, inPlace, buffer, last);
@@ -77,6 +92,11 @@ OrbStatus interleaved(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
         smallComplex<Inverse>(Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, order, scaleOf<Inverse>(*pSpec));
         return orbStsNoErr;
     }
+    if (order <= mostInRegisters) {
+        scaledInRegisters<Inverse>(*pSpec, order, Interleaved<const T>{pSrc}, Interleaved<T>{pDst});
+        return orbStsNoErr;
+    }
+    if (const OrbStatus status = checkTables(*pSpec)) return status;
     const WorkArea work(pBuffer, pSpec->workSize, pSrc == pDst || order > Plan<T>::directLimit);
     if (work.failed()) return orbStsMemAllocErr;
     transformInterleaved<Inverse>(*pSpec, order, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());
@@ -94,6 +114,11 @@ OrbStatus planes(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm, const S
         smallComplex<Inverse>(from, to, order, scaleOf<Inverse>(*pSpec));
         return orbStsNoErr;
     }
+    if (order <= mostInRegisters) {
+        scaledInRegisters<Inverse>(*pSpec, order, from, to);
+        return orbStsNoErr;
+    }
+    if (const OrbStatus status = checkTables(*pSpec)) return status;
     const bool blocked = order > Plan<T>::directLimit;
     const bool shared = pDstRe == pSrcRe || pDstIm == pSrcIm || pDstRe == pSrcIm || pDstIm == pSrcRe;
     const WorkArea work(pBuffer, pSpec->workSize, shared || blocked);
@@ -122,10 +147,19 @@ OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
+    if (order == smallOrders || order == smallOrders + 1) {
+        const auto transform = [&](auto last) __attribute__((always_inline)) {
+            if (order == smallOrders) return realForwardInRegisters<smallOrders>(pSrc, pDst, format, last);
+            realForwardInRegisters<smallOrders + 1>(pSrc, pDst, format, last);
+        };
+        withScale(isScaled<false>(*pSpec), pSpec->scale, transform);
+        return orbStsNoErr;
+    }
     if (order < smallOrders) {
         smallRealForward(pSrc, pDst, order, scaleOf<false>(*pSpec));
     } else {
-        const bool needed = coreOrder >= smallOrders && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
+        if (const OrbStatus status = checkTables(*pSpec)) return status;
+        const bool needed = coreOrder > mostInRegisters && (pSrc == pDst || coreOrder > Plan<T>::directLimit);
         const WorkArea work(pBuffer, pSpec->workSize, needed);
         if (work.failed()) return orbStsMemAllocErr;
         transformInterleaved<false>(*pSpec, coreOrder, Interleaved<const T>{pSrc}, Interleaved<T>{pDst}, work.bytes());
@@ -140,13 +174,20 @@ OrbStatus realInverse(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuff
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
     const int order = pSpec->order, coreOrder = order - 1;
     const std::size_t samples = std::size_t{1} << order;
-    const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);
-    if (order < smallOrders) {
-        T perm[8] = {r0, rm};
-        for (std::size_t n = 2; n < samples; ++n) perm[n] = pSrc[n - pairsBefore(format)];
-        smallRealInverse(perm, pDst, order, scaleOf<true>(*pSpec));
+    if (order == smallOrders || order == smallOrders + 1) {
+        const auto transform = [&](auto last) __attribute__((always_inline)) {
+            if (order == smallOrders) return realInverseInRegisters<smallOrders>(pSrc, pDst, format, last);
+            realInverseInRegisters<smallOrders + 1>(pSrc, pDst, format, last);
+        };
+        withScale(isScaled<true>(*pSpec), pSpec->scale, transform);
         return orbStsNoErr;
     }
+    const T r0 = pSrc[0], rm = order == 0 ? T(0) : middleOf(pSrc, samples, format);
+    if (order < smallOrders) {
+        smallRealInverse(r0, rm, pSrc - pairsBefore(format), pDst, order, scaleOf<true>(*pSpec));
+        return orbStsNoErr;
+    }
+    if (const OrbStatus status = checkTables(*pSpec)) return status;
     const bool blocked = coreOrder > Plan<T>::directLimit;
     const WorkArea work(pBuffer, pSpec->workSize, true);
     if (work.failed()) return orbStsMemAllocErr;

@@ -1,72 +1,26 @@
-// Complex transforms of 2^order points, order 3 and above: which path an order takes, and the paths.
+// Complex transforms of 2^order points beyond those in registers: which path an order takes, and the paths.
 #pragma once
 
-#include "fft/passes.h"
+#include "fft/registers.h"
 
+#include <hwy/cache_control.h>
 #include <utility>
 
 namespace orbs::fft {
 
-// ---- Order 4: all in a few vectors of four lanes (two where the registers are no wider) ----
-
-template <class T>
-using ShortTag = hn::CappedTag<T, 4>;
-
-template <bool Inverse, class D, class From, class To, class Last>
-void transform16(D d, From from, To to, Last last) {
-    using X = Cx<hn::Vec<D>>;
-    constexpr int lanes = hn::MaxLanes(D()), vectors = 4 / lanes;
-    X rows[4][vectors]; // [sample][its results 0 to 3 of the first layer]
-    repeat<vectors>([&](int n) __attribute__((always_inline)) {
-        X x[4];
-        repeat<4>([&](int q) __attribute__((always_inline)) { x[q] = from.load(d, 4 * q + n * lanes); });
-        butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
-        repeat<vectors>([&](int t) __attribute__((always_inline)) {
-            hn::Vec<D> re[lanes], im[lanes];
-            repeat<lanes>([&](int k) __attribute__((always_inline)) {
-                re[k] = x[t * lanes + k].re;
-                im[k] = x[t * lanes + k].im;
-            });
-            transpose(d, re);
-            transpose(d, im);
-            repeat<lanes>([&](int lane) __attribute__((always_inline)) {
-                rows[n * lanes + lane][t] = {re[lane], im[lane]};
-            });
-        });
-    });
-    repeat<vectors>([&](int t) __attribute__((always_inline)) {
-        repeat<3>([&](int m) __attribute__((always_inline)) {
-            const auto& w = twiddles16<hn::TFromD<D>>;
-            const X twiddle{hn::LoadU(d, w.cosine[m] + t * lanes), hn::LoadU(d, w.negativeSine[m] + t * lanes)};
-            rows[m + 1][t] = twiddled<Inverse>(rows[m + 1][t], twiddle);
-        });
-        butterfly4<Inverse>(rows[0][t], rows[1][t], rows[2][t], rows[3][t]);
-        repeat<4>([&](int j) __attribute__((always_inline)) { to.store(d, 4 * j + t * lanes, last(rows[j][t])); });
-    });
-}
-
 // ---- Orders up to the direct limit ----
 
-// The first pass of an order, with as many short transforms side by side as it has; `inner` is the order that decides
-// the radix.
+// The first pass; `inner` is the order that decides the radix. In long transforms short vectors go two at a time.
 template <bool Inverse, class T, class From, class Work>
 void firstPasses(From from, Work work, int order, int inner) {
     const GroupTag<T> full;
-    const hn::CappedTag<T, 16 / sizeof(T)> block;
-    constexpr std::size_t lanes = packedLanes<GroupTag<T>>;
-    // In single precision with 32 registers the loads of two vectors come all at once: one at a time is as fast then,
-    // and faster by a fifth where the destination begins in the middle of a cache line.
-    constexpr int together = HWY_TARGET <= HWY_AVX3 && sizeof(T) == sizeof(Orb32f) ? 1 : 2;
-    const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
         if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
     }
-    if (points >= std::max<std::size_t>(32 * lanes, 4096)) {
-        firstPass<16, together, Inverse>(full, from, work, order);
-    } else if (points >= 16 * lanes) {
-        firstPass<16, 1, Inverse>(full, from, work, order);
+    if (groupBytes < 64 && order >= 12) {
+        firstPass<16, 2, Inverse>(full, from, work, order);
     } else {
-        firstPass<16, 1, Inverse>(block, from, work, order);
+        firstPass<16, 1, Inverse>(full, from, work, order);
     }
 }
 
@@ -85,8 +39,6 @@ void firstPassesInRuns(From from, Work work, int order, int inner) {
 template <bool Inverse, class T, class From, class Work, class To, class Last>
 void transformDirect(From from, Work work, To to, int order, const T* twiddles, Last last) {
     const GroupTag<T> full;
-    const ShortTag<T> four;
-    if (order == 4) return transform16<Inverse>(four, from, to, last);
     firstPasses<Inverse, T>(from, work, order, order);
     passesTo<Inverse>(full, work, to, order, twiddles, last);
 }
@@ -202,6 +154,20 @@ void blockedLevels(D d, const hn::TFromD<D>* twiddles, const RelativePtr<hn::TFr
     topLevels<Inverse>(d, work, to, order, levels->get(), buffer);
 }
 
+// Stores whole cache lines past the caches, for vectors that no cache holds until they are read again: a line that is
+// written as a whole need not be fetched first.
+template <class To>
+struct Streamed {
+    To to;
+
+    HWY_INLINE Streamed from(std::size_t n) const { return {to.from(n)}; }
+    template <class D>
+    HWY_INLINE void storePart(D d, std::size_t n, std::size_t h, Cx<hn::Vec<D>> x) const {
+        to.streamPart(d, n, h, x);
+    }
+};
+constexpr std::size_t streamedBytes = std::size_t{1} << 24; // of a destination, from which on that is faster
+
 // `inPlace`: from and to are the same memory.
 template <bool Inverse, class T, class From, class Work, class To, class Last>
 void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int order, bool inPlace, Orb8u* buffer,
@@ -212,9 +178,16 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     if (inPlace) {
         reverseBitsInPlace(to, order, buffer);
         firstPassesInRuns<Inverse, T>(to, work, order, inner);
-    } else {
-        firstPasses<Inverse, T>(from, work, order, inner);
     }
+    if constexpr (std::is_same_v<To, Interleaved<T>>) {
+        const bool wholeLines = reinterpret_cast<std::uintptr_t>(to.base) % 64 == 0;
+        if (wholeLines && 2 * sizeof(T) << order >= streamedBytes) {
+            if (!inPlace) firstPasses<Inverse, T>(from, Streamed<Work>{work}, order, inner);
+            blockedLevels<Inverse>(d, twiddles, spec.levels, work, Streamed<To>{to}, order, buffer, last);
+            return hwy::FlushStream();
+        }
+    }
+    if (!inPlace) firstPasses<Inverse, T>(from, work, order, inner);
     blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, last);
 }
 

@@ -26,7 +26,7 @@ constexpr int log2Of(std::size_t n) {
 // Twiddles of the columns of one part of a group: the powers 1 to 3 lie two groups apart, cos before -sin.
 template <int power, class D, class T = hn::TFromD<D>>
 HWY_INLINE Cx<hn::Vec<D>> loadTwiddle(D d, const T* w) {
-    return {hn::Load(d, w + (2 * power - 2) * columnGroup<T>), hn::Load(d, w + (2 * power - 1) * columnGroup<T>)};
+    return {loadTable(d, w + (2 * power - 2) * columnGroup<T>), loadTable(d, w + (2 * power - 1) * columnGroup<T>)};
 }
 
 // ---- First pass: many short transforms side by side, one in each complex lane ----
@@ -218,10 +218,20 @@ HWY_INLINE void pass2(D d, From from, To to, std::size_t half, const hn::TFromD<
 // The radix-4 passes over 2^k points for k = first, first + 2, ... up to `last`, over `count` points in place.
 template <bool Inverse, class D, class Work>
 HWY_INLINE void passesThrough(D d, Work work, std::size_t count, int first, int last, const hn::TFromD<D>* twiddles) {
+    constexpr std::size_t group = columnGroup<hn::TFromD<D>>;
     for (int k = first; k <= last; k += 2) {
         const std::size_t quarter = std::size_t{1} << (k - 2);
-        for (std::size_t base = 0; base < count; base += 4 * quarter)
-            pass4<Inverse>(d, work.from(base), work.from(base), quarter, twiddles + twiddlesBefore<hn::TFromD<D>>(k));
+        const hn::TFromD<D>* tw = twiddles + twiddlesBefore<hn::TFromD<D>>(k);
+        if constexpr (groupBytes == 64) { // registers enough for the twiddles of a group while it goes through all runs
+            for (std::size_t j = 0; j < quarter; j += group, tw += 6 * group) {
+                const auto w1 = loadTwiddle<1>(d, tw), w2 = loadTwiddle<2>(d, tw), w3 = loadTwiddle<3>(d, tw);
+                for (std::size_t n = j; n < count; n += 4 * quarter)
+                    column4<Inverse>(d, work, work, n, 0, quarter, quarter, w1, w2, w3, AsIs{});
+            }
+        } else {
+            for (std::size_t base = 0; base < count; base += 4 * quarter)
+                pass4<Inverse>(d, work.from(base), work.from(base), quarter, tw);
+        }
     }
 }
 

@@ -1,31 +1,23 @@
 // Real transforms of N points by way of a complex transform of M = N / 2 points, and the formats of their spectra.
 #pragma once
 
-#include "fft/engine.h"
+#include "fft/passes.h"
 #include "fft/small.h"
 
 namespace orbs::fft {
 
 enum class Format { ccs, pack, perm };
 
-// Calls pair(d, k, mirror, first, second) for k = 1 to M / 2 in vectors: element k and those behind it, the mirror
-// elements M - k and those before it (loaded from `mirror` on, in reverse), and the two table values of each k.
+// Calls pair(d, k, mirror, first, second) for k = 1 to M / 2, at least a group of them, in vectors: element k and those
+// behind it, the mirror elements M - k and those before it (loaded from `mirror` on, in reverse), and the two table
+// values of each k.
 template <class T, class Pair>
 HWY_INLINE void forEachPair(std::size_t m, const T* table, Pair pair) {
-    const auto run = [=](auto d) HWY_ATTR {
-        constexpr std::size_t lanes = hn::MaxLanes(d);
-        const std::size_t group = std::min(columnGroup<T>, m / 2);
-        const T* values = table;
-        for (std::size_t k = 1; k <= m / 2; k += group, values += 2 * group)
-            for (std::size_t h = 0; h < group; h += lanes)
-                pair(d, k + h, m - k - h - lanes + 1, hn::Load(d, values + h), hn::Load(d, values + h + group));
-    };
-    const GroupTag<T> full;
-    if (hn::MaxLanes(full) <= m / 2) {
-        run(full);
-    } else {
-        run(ShortTag<T>());
-    }
+    const GroupTag<T> d;
+    constexpr std::size_t lanes = hn::MaxLanes(d), group = columnGroup<T>;
+    for (std::size_t k = 1; k <= m / 2; k += group, table += 2 * group)
+        for (std::size_t h = 0; h < group; h += lanes)
+            pair(d, k + h, m - k - h - lanes + 1, loadTable(d, table + h), loadTable(d, table + h + group));
 }
 
 template <class D, class T, class V = hn::Vec<D>>

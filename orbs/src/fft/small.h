@@ -3,60 +3,77 @@
 // scale of 1 changes nothing.
 #pragma once
 
-#include "fft/arithmetic.h"
+#include "fft/registers.h"
 
 #include <algorithm>
 
 namespace orbs::fft {
 
-template <bool Inverse, class T, class First>
-void smallComplex(Cx<T> (&x)[8], int order, First first) {
+// A lone element of an interleaved vector or of planes.
+template <class T>
+HWY_INLINE Cx<T> elementOf(Interleaved<const T> from, int n) {
+    return {from.base[2 * n], from.base[2 * n + 1]};
+}
+template <class T>
+HWY_INLINE Cx<T> elementOf(Planes<const T> from, int n) {
+    return {from.re[n], from.im[n]};
+}
+template <class T>
+HWY_INLINE void setElementOf(Interleaved<T> to, int n, Cx<T> x) {
+    to.base[2 * n] = x.re, to.base[2 * n + 1] = x.im;
+}
+template <class T>
+HWY_INLINE void setElementOf(Planes<T> to, int n, Cx<T> x) {
+    to.re[n] = x.re, to.im[n] = x.im;
+}
+
+template <bool Inverse, class T, class From, class To>
+HWY_INLINE void smallComplex(From from, To to, int order, T scale) {
+    const Times<T> first{scale};
     if (order == 0) {
-        x[0] = first(x[0]);
+        setElementOf(to, 0, first(elementOf(from, 0)));
     } else if (order == 1) {
-        const Cx<T> sum = first(x[0] + x[1]), difference = first(x[0] - x[1]);
-        x[0] = sum, x[1] = difference;
+        const Cx<T> x0 = elementOf(from, 0), x1 = elementOf(from, 1);
+        setElementOf(to, 0, first(x0 + x1));
+        setElementOf(to, 1, first(x0 - x1));
     } else if (order == 2) {
+        Cx<T> x[] = {elementOf(from, 0), elementOf(from, 1), elementOf(from, 2), elementOf(from, 3)};
         butterfly4<Inverse>(x[0], x[1], x[2], x[3], first);
+        for (int n = 0; n < 4; ++n) setElementOf(to, n, x[n]);
     } else {
-        butterfly4<Inverse>(x[0], x[2], x[4], x[6], first);
-        butterfly4<Inverse>(x[1], x[3], x[5], x[7], first);
-        joinEight<Inverse>(x, rootOfHalf<T>);
+        order3InRegisters<Inverse, T>(from, to, first, AsIs());
     }
-}
-
-template <bool Inverse, class T>
-void smallComplex(Interleaved<const T> from, Interleaved<T> to, int order, T scale) {
-    Cx<T> x[8] = {};
-    const int points = 1 << order;
-    for (int n = 0; n < points; ++n) x[n] = {from.base[2 * n], from.base[2 * n + 1]};
-    smallComplex<Inverse>(x, order, Times<T>{scale});
-    for (int n = 0; n < points; ++n) to.base[2 * n] = x[n].re, to.base[2 * n + 1] = x[n].im;
-}
-
-template <bool Inverse, class T>
-void smallComplex(Planes<const T> from, Planes<T> to, int order, T scale) {
-    Cx<T> x[8] = {};
-    const int points = 1 << order;
-    for (int n = 0; n < points; ++n) x[n] = {from.re[n], from.im[n]};
-    smallComplex<Inverse>(x, order, Times<T>{scale});
-    for (int n = 0; n < points; ++n) to.re[n] = x[n].re, to.im[n] = x[n].im;
 }
 
 // ---- Real: a spectrum is R0, RM, R1, I1, R2, I2, ... ----
 
-template <class T>
-void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
-    T x[8] = {};
-    std::copy(pSrc, pSrc + (1 << order), x);
+// Calls run(order) with an order from 0 to 3 that the compiler knows.
+template <class Run>
+HWY_INLINE void withSmallOrder(int order, Run run) {
+    switch (order) {
+    case 0:
+        return run(std::integral_constant<int, 0>());
+    case 1:
+        return run(std::integral_constant<int, 1>());
+    case 2:
+        return run(std::integral_constant<int, 2>());
+    default:
+        return run(std::integral_constant<int, 3>());
+    }
+}
+
+template <int order, class T>
+HWY_INLINE void smallRealForward(const T* pSrc, T* pDst, T scale) {
+    T x[1 << order];
+    std::copy_n(pSrc, 1 << order, x);
     const auto sum = [&](int a, int b) { return (x[a] + x[b]) * scale; };
     const auto difference = [&](int a, int b) { return (x[a] - x[b]) * scale; };
-    if (order == 0) {
+    if constexpr (order == 0) {
         pDst[0] = x[0] * scale;
-    } else if (order == 1) {
+    } else if constexpr (order == 1) {
         pDst[0] = sum(0, 1);
         pDst[1] = difference(0, 1);
-    } else if (order == 2) {
+    } else if constexpr (order == 2) {
         const T s02 = sum(0, 2), s13 = sum(1, 3);
         pDst[0] = s02 + s13;
         pDst[1] = s02 - s13;
@@ -78,20 +95,21 @@ void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
     }
 }
 
-template <class T>
-void smallRealInverse(const T* pSrc, T* pDst, int order, T scale) {
-    T x[8] = {};
-    std::copy(pSrc, pSrc + (1 << order), x);
-    const T twice = 2 * scale, rootOfTwo = static_cast<T>(1.41421356237309504880);
-    if (order == 0) {
-        pDst[0] = x[0] * scale;
+// From R0, RM and the pairs: pair k at pairs[2k].
+template <int order, class T>
+HWY_INLINE void smallRealInverse(T r0, T rm, const T* pairs, T* pDst, T scale) {
+    if constexpr (order == 0) {
+        pDst[0] = r0 * scale;
         return;
     }
-    const T sum = (x[0] + x[1]) * scale, difference = (x[0] - x[1]) * scale;
-    if (order == 1) {
+    T x[8]; // from 2 on
+    for (int n = 2; n < 1 << order; ++n) x[n] = pairs[n];
+    const T twice = 2 * scale, rootOfTwo = static_cast<T>(1.41421356237309504880);
+    const T sum = (r0 + rm) * scale, difference = (r0 - rm) * scale;
+    if constexpr (order == 1) {
         pDst[0] = sum;
         pDst[1] = difference;
-    } else if (order == 2) {
+    } else if constexpr (order == 2) {
         const T re = x[2] * twice, im = x[3] * twice;
         pDst[0] = sum + re;
         pDst[1] = difference - im;
@@ -114,6 +132,15 @@ void smallRealInverse(const T* pSrc, T* pDst, int order, T scale) {
         pDst[3] = d2 - s3;
         pDst[7] = d2 + s3;
     }
+}
+
+template <class T>
+HWY_INLINE void smallRealForward(const T* pSrc, T* pDst, int order, T scale) {
+    withSmallOrder(order, [=](auto known) { smallRealForward<known()>(pSrc, pDst, scale); });
+}
+template <class T>
+HWY_INLINE void smallRealInverse(T r0, T rm, const T* pairs, T* pDst, int order, T scale) {
+    withSmallOrder(order, [=](auto known) { smallRealInverse<known()>(r0, rm, pairs, pDst, scale); });
 }
 
 } // namespace orbs::fft

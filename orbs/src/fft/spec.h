@@ -73,6 +73,7 @@ struct Spec {
     Orb32s hint;
     Orb32s workSize;
     Orb32s ownsMemory;
+    Orb32s group; // bytes of a group of columns in the tables: groupBytes of the tier that made them
     RelativePtr<T> twiddles;
     RelativePtr<T> forwardRecombination; // real kinds
     RelativePtr<T> inverseRecombination; // real kinds
@@ -153,37 +154,46 @@ void fillLevel(T* table, const QuarterWave<T>& wave, int m) {
 
 // Real transforms of N points, k = 1 to N / 4: forward 0.5 cos and 0.5 - 0.5 sin, inverse cos and -sin, of 2 pi k / N.
 template <class T>
+struct RecombinationFactors {
+    constexpr RecombinationFactors(const QuarterWave<T>& wave, std::size_t k, int order)
+        : cosine(wave.cosine(k, order)), negativeSine(wave.negativeSine(k, order)), halfCosine(T(0.5) * cosine),
+          halfLess(static_cast<T>(0.5 + 0.5 * static_cast<double>(negativeSine))) {}
+    T cosine, negativeSine, halfCosine, halfLess;
+};
+template <class T>
 void fillRecombination(T* forward, T* inverse, const QuarterWave<T>& wave, int order) {
     const std::size_t quarter = std::size_t{1} << (order - 2);
     const std::size_t group = std::min(columnGroup<T>, quarter);
     for (std::size_t k = 1; k <= quarter; k += group) {
         for (std::size_t i = 0; i < group; ++i) {
-            const T cosine = wave.cosine(k + i, order), negativeSine = wave.negativeSine(k + i, order);
-            forward[2 * (k - 1) + i] = T(0.5) * cosine;
-            forward[2 * (k - 1) + group + i] = static_cast<T>(0.5 + 0.5 * static_cast<double>(negativeSine));
-            inverse[2 * (k - 1) + i] = cosine;
-            inverse[2 * (k - 1) + group + i] = negativeSine;
+            const RecombinationFactors<T> factors(wave, k + i, order);
+            forward[2 * (k - 1) + i] = factors.halfCosine;
+            forward[2 * (k - 1) + group + i] = factors.halfLess;
+            inverse[2 * (k - 1) + i] = factors.cosine;
+            inverse[2 * (k - 1) + group + i] = factors.negativeSine;
         }
     }
 }
 
 // ---- Object ----
 
-// Lays the object out from `base`, or measures it where base is null; base is aligned to 32 bytes.
+// Lays the object out from `base`, which is aligned to 32 bytes, in less than the room that is told for it. Tables
+// begin where a cache line does; the order of their columns is that of the tier.
 template <class T>
-Spec<T>* layOut(Layout& layout, int order, bool real) {
+Spec<T>* layOut(Orb8u* base, int order, bool real) {
+    Layout layout(base);
     Spec<T>* spec = layout.take<Spec<T>>(1, 32);
     if (order < smallOrders) return spec;
+    layout.take<Orb8u>(reinterpret_cast<std::uintptr_t>(layout.take<Orb8u>(0, 32)) % 64, 1);
     const auto place = [&](RelativePtr<T> Spec<T>::*pointer, std::uint64_t count) {
-        T* area = layout.take<T>(count, 32);
-        if (spec) spec->*pointer = area;
+        spec->*pointer = layout.take<T>(count, 32);
     };
     const int coreOrder = real ? order - 1 : order, inner = innermostOrder<T>(coreOrder);
     if (inner > smallOrders) place(&Spec<T>::twiddles, twiddlesBefore<T>(inner + 2));
     int m = coreOrder;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n) {
-        T* area = layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
-        if (spec) spec->levels[n] = area;
+        spec->levels[n] =
+            layout.take<T>((std::uint64_t{2} << m) - (std::uint64_t{2} << Plan<T>::level(m).subOrder(m)), 32);
     }
     if (real) {
         place(&Spec<T>::forwardRecombination, std::uint64_t{2} << (order - 2));
@@ -245,11 +255,12 @@ OrbStatus init(Kind** ppSpec, int order, int flag, OrbHintAlgorithm hint, Orb8u*
     if (!pMemSpec) return orbStsNullPtrErr;
     const Sizes sizes = sizesOf<T>(order, real);
     if (sizes.object > std::numeric_limits<int>::max()) return orbStsMemAllocErr; // no block can be told to be as large
-    Layout layout(alignUp(pMemSpec, 32));
-    std::memset(alignUp(pMemSpec, 32), 0, sizeof(Spec<T>));
-    Spec<T>& spec = *layOut<T>(layout, order, real);
+    Orb8u* const base = alignUp(pMemSpec, 32);
+    std::memset(base, 0, sizeof(Spec<T>));
+    Spec<T>& spec = *layOut<T>(base, order, real);
     spec.order = order;
     spec.hint = hint;
+    spec.group = static_cast<Orb32s>(groupBytes);
     if (!isFlag(flag)) return orbStsFftFlagErr;
     spec.tag = tag;
     {

@@ -8,11 +8,12 @@ namespace {
 using namespace orbs;
 
 void splitPairs(const Orb32f* src, std::size_t count, Orb32f* first, Orb32f* second) {
-    const bool covered = coverPairs<Orb32f>(count, [=](auto d, std::size_t n) HWY_ATTR {
-        const auto pairs = loadPairs(d, src + 2 * n);
-        hn::StoreU(pairs.first, d, first + n);
-        hn::StoreU(pairs.second, d, second + n);
-    });
+    const bool covered = coverPairs<Orb32f>(
+        count, [=](auto d, std::size_t n) __attribute__((always_inline)) {
+            const auto pairs = loadPairs(d, src + 2 * n);
+            hn::StoreU(pairs.first, d, first + n);
+            hn::StoreU(pairs.second, d, second + n);
+        });
     for (std::size_t n = 0; !covered && n < count; ++n) {
         first[n] = src[2 * n];
         second[n] = src[2 * n + 1];

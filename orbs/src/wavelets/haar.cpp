@@ -87,42 +87,47 @@ void fillUp(T (&block)[room], const T* from, std::size_t count, std::size_t peri
     for (std::size_t n = count; n < room; ++n) block[n] = block[n - period];
 }
 
+template <class Op, class D, class T>
+HWY_INLINE void forwardVector(Op op, D d, const T* src, T* low, T* high) {
+    const auto [first, second] = loadPairs(d, src);
+    const auto [sums, details] = op.pair(d, first, second);
+    hn::StoreU(sums, d, low);
+    hn::StoreU(details, d, high);
+}
+template <class Op, class D, class T>
+HWY_INLINE void inverseVector(Op op, D d, const T* low, const T* high, T* dst) {
+    const auto [first, second] = op.pair(d, hn::LoadU(d, low), hn::LoadU(d, high));
+    hn::StoreInterleaved2(first, second, d, dst);
+}
+
 template <class Op, class T>
 void forwardPairs(Op op, std::size_t count, const T* src, T* low, T* high) {
-    const auto run = [op](auto d, const T* from, T* toLow, T* toHigh) HWY_ATTR {
-        const auto [first, second] = loadPairs(d, from);
-        const auto [sums, details] = op.pair(d, first, second);
-        hn::StoreU(sums, d, toLow);
-        hn::StoreU(details, d, toHigh);
-    };
-    const bool covered =
-        coverPairs<T>(count, [=](auto d, std::size_t n) HWY_ATTR { run(d, src + 2 * n, low + n, high + n); });
+    const bool covered = coverPairs<T>(
+        count, [=](auto d, std::size_t n)
+                   __attribute__((always_inline)) { forwardVector(op, d, src + 2 * n, low + n, high + n); });
     if (covered || count == 0) return;
     T pairs[2 * fewLanes<T>], sums[fewLanes<T>], details[fewLanes<T>];
     fillUp(pairs, src, 2 * count, 2);
-    run(FewTag<T>(), pairs, sums, details);
+    forwardVector(op, FewTag<T>(), pairs, sums, details);
     std::memcpy(low, sums, count * sizeof(T));
     std::memcpy(high, details, count * sizeof(T));
 }
 
 template <class Op, class T>
 void inversePairs(Op op, std::size_t count, const T* low, const T* high, T* dst) {
-    const auto run = [op](auto d, const T* fromLow, const T* fromHigh, T* to) HWY_ATTR {
-        const auto [first, second] = op.pair(d, hn::LoadU(d, fromLow), hn::LoadU(d, fromHigh));
-        hn::StoreInterleaved2(first, second, d, to);
-    };
-    const bool covered =
-        coverPairs<T>(count, [=](auto d, std::size_t n) HWY_ATTR { run(d, low + n, high + n, dst + 2 * n); });
+    const bool covered = coverPairs<T>(
+        count, [=](auto d, std::size_t n)
+                   __attribute__((always_inline)) { inverseVector(op, d, low + n, high + n, dst + 2 * n); });
     if (covered || count == 0) return;
     T lows[fewLanes<T>], highs[fewLanes<T>], pairs[2 * fewLanes<T>];
     fillUp(lows, low, count, 1);
     fillUp(highs, high, count, 1);
-    run(FewTag<T>(), lows, highs, pairs);
+    inverseVector(op, FewTag<T>(), lows, highs, pairs);
     std::memcpy(dst, pairs, 2 * count * sizeof(T));
 }
 
 template <class Op, class T>
-void convertLone(Op op, const T* from, T* to) {
+HWY_INLINE void convertLone(Op op, const T* from, T* to) {
     if constexpr (std::is_floating_point_v<T>) {
         std::memcpy(to, from, sizeof(T));
     } else {

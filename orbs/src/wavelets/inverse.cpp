@@ -28,11 +28,11 @@ void run(Channel& channel, const Orb32f* src, std::size_t first, std::size_t cou
 
 // Both channels' outputs added, in order.
 void join(const Outputs& low, const Outputs& high, Orb32f* dst, std::size_t count) {
-    const bool covered = coverPairs<Orb32f>(count, [&, dst](auto d, std::size_t n) HWY_ATTR {
-        const auto sum = [=](const Orb32f* a, const Orb32f* b)
-                             HWY_ATTR { return hn::Add(hn::LoadU(d, a + n), hn::LoadU(d, b + n)); };
-        hn::StoreInterleaved2(sum(low.even, high.even), sum(low.odd, high.odd), d, dst + 2 * n);
-    });
+    const bool covered = coverPairs<Orb32f>(
+        count, [&, dst ](auto d, std::size_t n) __attribute__((always_inline)) {
+            hn::StoreInterleaved2(hn::Add(hn::LoadU(d, low.even + n), hn::LoadU(d, high.even + n)),
+                                  hn::Add(hn::LoadU(d, low.odd + n), hn::LoadU(d, high.odd + n)), d, dst + 2 * n);
+        });
     for (std::size_t n = 0; !covered && n < count; ++n) {
         dst[2 * n] = low.even[n] + high.even[n];
         dst[2 * n + 1] = low.odd[n] + high.odd[n];

@@ -23,7 +23,9 @@ HWY_INLINE Pairs<V> pairsInBlocks(D d, V a, V b) {
     } else {
         const hn::RepartitionToWide<D> wide;
         const auto x = hn::BitCast(wide, a), y = hn::BitCast(wide, b);
-        const auto first = [](auto both) HWY_ATTR { return hn::ShiftRight<bits>(hn::ShiftLeft<bits>(both)); };
+        const auto first = [](auto both) __attribute__((always_inline)) {
+            return hn::ShiftRight<bits>(hn::ShiftLeft<bits>(both));
+        };
         return {packPair(d, first(x), first(y)), packPair(d, hn::ShiftRight<bits>(x), hn::ShiftRight<bits>(y))};
     }
 }
@@ -31,21 +33,13 @@ HWY_INLINE Pairs<V> pairsInBlocks(D d, V a, V b) {
 // As many pairs as d has lanes, 16 bytes of them at least.
 template <class D, class T = hn::TFromD<D>>
 HWY_INLINE Pairs<hn::Vec<D>> loadPairs(D d, const T* p) {
-    constexpr std::size_t lanes = hn::MaxLanes(D()), bytes = lanes * sizeof(T);
-    if constexpr (bytes == 16) {
-        return pairsInBlocks(d, hn::LoadU(d, p), hn::LoadU(d, p + lanes));
-    } else if constexpr (bytes == 32) { // blocks so loaded that they come out in order
-        const hn::Half<D> half;
-        const auto blocks = [=](std::size_t at) HWY_ATTR {
-            return hn::Combine(d, hn::LoadU(half, p + at + lanes), hn::LoadU(half, p + at));
-        };
-        return pairsInBlocks(d, blocks(0), blocks(lanes / 2));
-    } else if constexpr (sizeof(T) >= 4) {
-        const auto a = hn::LoadU(d, p), b = hn::LoadU(d, p + lanes);
+    constexpr std::size_t lanes = hn::MaxLanes(D());
+    const auto a = hn::LoadU(d, p), b = hn::LoadU(d, p + lanes);
+    if constexpr (lanes * sizeof(T) == 64 && sizeof(T) >= 4) {
         return {hn::ConcatEven(d, b, a), hn::ConcatOdd(d, b, a)};
     } else {
-        const auto [first, second] = pairsInBlocks(d, hn::LoadU(d, p), hn::LoadU(d, p + lanes));
-        return {halvesInOrder(first), halvesInOrder(second)};
+        const auto [first, second] = pairsInBlocks(d, a, b);
+        return {outOfBlocks(d, first), outOfBlocks(d, second)};
     }
 }
 
