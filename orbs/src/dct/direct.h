@@ -82,7 +82,10 @@ void sumByTable(DirectShape shape, const T* cosines, const DirectSums<T>& terms,
                 at -= at >= turn ? turn : 0;
             }
         }
-        for (std::size_t w = 0; w < 4; ++w) (w % 2 ? sums.odd : sums.even)[column + w / 2] = walks[w].sum;
+        for (std::size_t w = 0; w < 4; w += 2) {
+            sums.even[column + w / 2] = walks[w].sum;
+            sums.odd[column + w / 2] = walks[w + 1].sum;
+        }
     }
 }
 
