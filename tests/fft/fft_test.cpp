@@ -6,7 +6,9 @@
 #include "support/guarded.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
+#include <numbers>
 
 namespace {
 
@@ -347,15 +349,15 @@ std::vector<T> sixteenPoints(const std::vector<T>& samples) {
     for (std::size_t r = 0; r < 4; ++r) {
         Element x[4];
         for (std::size_t n = 0; n < 4; ++n) {
-            const long double cosines[] = {1, 0.92387953251128675613L, 0.70710678118654752440L, 0.38268343236508977173L,
-                                           0};
+            const double step = std::numbers::pi / 8; // the table rounds the sine of a rounded angle
+            const double cosines[] = {1, std::cos(step), std::sin(2 * step), std::sin(step), 0};
             const auto cosine = [&](std::size_t turn) { // of 2 pi turn / 16
                 const std::size_t m = turn % 16 <= 8 ? turn % 16 : 16 - turn % 16;
                 return static_cast<T>(m <= 4 ? cosines[m] : -cosines[8 - m]);
             };
-            const T re = cosine(n * r), sine = cosine(n * r + 12);
+            const T re = cosine(n * r), im = T(0) - cosine(n * r + 12);
             const Element y = layer[n][r];
-            x[n] = n == 0 ? y : Element{re * y.re + sine * y.im, re * y.im - sine * y.re};
+            x[n] = n == 0 ? y : Element{re * y.re - im * y.im, re * y.im + im * y.re};
         }
         four(x);
         for (std::size_t j = 0; j < 4; ++j) results[2 * (4 * j + r)] = x[j].re, results[2 * (4 * j + r) + 1] = x[j].im;

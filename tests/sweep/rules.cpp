@@ -343,7 +343,6 @@ const OrderRule orderRules[] = {
     {{"DCT...GetSize_.*", ""}, {"len", "*"}},
     {{"DCT...Init_.*", ""}, {"ppSpec", "len", "pMemSpec", "pMemInit"}},
     {{"FFTInit_.*", ""}, {"ppSpec", "order", "pMemSpec", "flag", "pMemInit"}},
-    {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
     {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},

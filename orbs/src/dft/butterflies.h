@@ -85,7 +85,7 @@ template <class D, class Load, class Store, class T = hn::TFromD<D>>
 HWY_INLINE void generalButterfly(D d, std::size_t p, const T* matrix, std::size_t run, Load load, Store store) {
     using V = hn::Vec<D>;
     constexpr std::size_t lanes = hn::MaxLanes(D());
-    alignas(32) T parts[maxRadix / 2 * 4 * lanes]; // of each pair its sum and its difference
+    alignas(64) T parts[maxRadix / 2 * 4 * lanes]; // of each pair its sum and its difference
     const std::size_t half = p / 2;
     const Cx<V> first = load(0);
     Cx<V> total = first;

@@ -78,7 +78,7 @@ OrbStatus transform(const Spec<T>& spec, From from, To to, Orb8u* work) {
     const auto sink = oriented<Inverse>(to);
     if (spec.plan == Plan::direct) {
         const auto points = static_cast<std::size_t>(spec.points);
-        withLanesFor<T>(
+        withLanes<hn::MaxLanes(GroupTag<T>()), T>( // the groups of the table
             points - 1, [&](auto d) __attribute__((always_inline)) {
                 directTransform(d, source, sink, points, spec.matrix.get(), reinterpret_cast<T*>(work));
             });
