@@ -88,7 +88,7 @@ OrbStatus transform(const Spec<T>& spec, From from, To to, Orb8u* work) {
         } else {
             outOfOrderForward(spec, source, sink);
         }
-    } else {
+    } else if (!shortProduct(spec, source, sink)) {
         mixedRadix(spec, source, sink, work);
     }
     return orbStsNoErr;

@@ -244,36 +244,22 @@ void leaves(D d, const Spec<T>& spec, From from, Planes<T> work) {
     }
 }
 
-// Leaves that are transforms of the final radix alone, all in registers. `three` of them fill four lanes with a copy of
-// the last one; their rows overlap, and the last row is read from the end.
-template <int radix, bool three, class D, class T, class From>
+// Leaves that are transforms of the final radix alone, all in registers.
+template <int radix, class D, class T, class From>
 void shortLeaves(D d, const Spec<T>& spec, From from, Planes<T> work) {
     using V = hn::Vec<D>;
     constexpr std::size_t lanes = hn::MaxLanes(D());
     constexpr int rows = tileRows<T, lanes>(radix);
-    const std::size_t count = three ? 3 : spec.leafCount();
+    const std::size_t count = spec.leafCount();
     const Orb32s* places = spec.leafPlaces;
     for (std::size_t n = 0; n < count; n += lanes) {
-        const std::size_t first = three ? 0 : std::min(n, count - lanes);
+        const std::size_t first = std::min(n, count - lanes);
         Cx<V> x[radix];
-        repeat<radix>([&](int row) __attribute__((always_inline)) {
-            if constexpr (three) {
-                using Lane = hn::TFromD<hn::RebindToSigned<D>>;
-                const bool last = row == radix - 1;
-                static constexpr Lane inFront[] = {0, 1, 2, 2}, behind[] = {1, 2, 3, 3};
-                const auto order = hn::SetTableIndices(d, last ? behind : inFront);
-                const Cx<V> loaded = from.load(d, 3 * row - last);
-                x[row] = {hn::TableLookupLanes(loaded.re, order), hn::TableLookupLanes(loaded.im, order)};
-            } else {
-                x[row] = loadLanes(d, from, first + row * count);
-            }
-        });
+        repeat<radix>([&](int row)
+                          __attribute__((always_inline)) { x[row] = loadLanes(d, from, first + row * count); });
         Butterfly<radix>::apply(x);
         const auto runOf = [&](T * plane) __attribute__((always_inline)) {
-            return [=](std::size_t lane) __attribute__((always_inline)) {
-                const std::size_t leaf = three ? std::min<std::size_t>(lane, 2) : orderOf<From, D>(lane);
-                return plane + places[first + leaf];
-            };
+            return LeafRuns<From, D>{places + first, plane};
         };
         forEachTile<rows>(
             radix, [&](std::size_t row) __attribute__((always_inline)) {
@@ -290,24 +276,19 @@ template <class T, class From>
 void anyLeaves(const Spec<T>& spec, From from, Planes<T> work) {
     const bool isShort = spec.outerStages == spec.stageCount();
     const auto count = spec.leafCount();
-    constexpr bool hasFour = hn::MaxLanes(LaneTag<T>()) >= 4;
-    if constexpr (hasFour) {
-        if (isShort && count == 3 && spec.finalStage().radix == 4)
-            return shortLeaves<4, true>(hn::CappedTag<T, 4>(), spec, from, work);
-    }
     withLanesFor<T>(
         count, [&](auto d) __attribute__((always_inline)) {
             constexpr std::size_t lanes = hn::MaxLanes(d);
             if (isShort) {
                 const int radix = spec.finalStage().radix;
                 if constexpr (tileRows<T, lanes>(2) > 0)
-                    if (radix == 2) return shortLeaves<2, false>(d, spec, from, work);
+                    if (radix == 2) return shortLeaves<2>(d, spec, from, work);
                 if constexpr (tileRows<T, lanes>(3) > 0)
-                    if (radix == 3) return shortLeaves<3, false>(d, spec, from, work);
+                    if (radix == 3) return shortLeaves<3>(d, spec, from, work);
                 if constexpr (tileRows<T, lanes>(4) > 0)
-                    if (radix == 4) return shortLeaves<4, false>(d, spec, from, work);
+                    if (radix == 4) return shortLeaves<4>(d, spec, from, work);
                 if constexpr (tileRows<T, lanes>(5) > 0)
-                    if (radix == 5) return shortLeaves<5, false>(d, spec, from, work);
+                    if (radix == 5) return shortLeaves<5>(d, spec, from, work);
             }
             leaves(d, spec, from, work);
         });

@@ -74,11 +74,11 @@ HWY_INLINE void recombinePairs(const T* from, T* to, std::size_t m, const T* tab
         put(last, behind);
     };
     constexpr std::size_t most = hn::MaxLanes(RestTag<T>()) / 2;
-    if (pairs >= most) {
+    if (pairs >= std::max<std::size_t>(most, 4)) {
         run(RestTag<T>());
-    } else if (most > 2 && pairs >= 2) {
+    } else if (pairs >= 4) {
         run(hn::CappedTag<T, 4>());
-    } else if (pairs == 1) {
+    } else if (pairs >= 1) { // just stored, and not as longer vectors would load them
         run(hn::CappedTag<T, 2>());
     }
 }
