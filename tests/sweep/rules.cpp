@@ -346,8 +346,7 @@ const OrderRule orderRules[] = {
     {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
     {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
-    {{"WT(Fwd|Inv)InitAlloc_.*", ""},
-     {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
+    {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
     {{"FIR\\w*_Direct_.*", ""},
@@ -447,7 +446,8 @@ const CaseRule caseRules[] = {
      lengthsUpTo(132) + lengths({150, 255, 256, 257}),
      lengths({500, 512, 1000, 1009, 1024, 4096, 5001}),
      lengths({8, 32, 100, 64, 101, 1024}),
-     numbered(lengthsUpTo(160) + lengths({255, 256, 360, 512, 1000, 1009, 1024, 1025, 2048, 4096, 8192, 10007, 65536}))},
+     numbered(lengthsUpTo(160) +
+              lengths({255, 256, 360, 512, 1000, 1009, 1024, 1025, 2048, 4096, 8192, 10007, 65536}))},
     // Lengths of every plan: all short ones, those around the limits between the plans, products and primes.
     {{"DFT.*", ""},
      lengthsUpTo(80),
