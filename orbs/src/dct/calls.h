@@ -4,7 +4,7 @@
 #include "dct/direct.h"
 #include "dct/fourier.h"
 #include "dct/halving.h"
-#include "fft/calls.h"
+#include "foundation/work_area.h"
 #include "orbs/dct.h"
 
 struct OrbsDCTFwdSpec_32f : orbs::dct::Spec<Orb32f> {};
@@ -150,7 +150,7 @@ OrbStatus transform(const T* pSrc, T* pDst, const Object* pSpec, Orb8u* pBuffer)
     default:
         break;
     }
-    const fft::WorkArea work(pBuffer, spec.workSize, true);
+    const WorkArea work(pBuffer, spec.workSize, true);
     if (work.failed()) return orbStsMemAllocErr;
     T* const area = work.as<T>();
     if constexpr (isInverse) {

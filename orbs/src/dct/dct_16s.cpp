@@ -69,7 +69,7 @@ OrbStatus transformIntegers(const Orb16s* pSrc, Orb16s* pDst, const Object* pSpe
     if (const OrbStatus status = checkCall(pSpec, pSrc, pDst)) return status;
     const int n = pSpec->length;
     if (n == 1) return orbsAddC_16s_Sfs(pSrc, 0, pDst, 1, scaleFactor); // the scale rule alone
-    const fft::WorkArea work(pBuffer, pSpec->workSize, true);
+    const WorkArea work(pBuffer, pSpec->workSize, true);
     if (work.failed()) return orbStsMemAllocErr;
     Orb32f* const x = work.as<Orb32f>();
     orbsConvert_16s32f(pSrc, x, n);

@@ -3,12 +3,13 @@
 
 #include "dft/outoforder.h"
 #include "dft/short.h"
-#include "fft/calls.h"
+#include "fft/real.h"
+#include "fft/small.h"
+#include "foundation/work_area.h"
 
 namespace orbs::dft {
 
 using fft::Interleaved;
-using fft::WorkArea;
 
 // ---- Chirp ----
 

@@ -2,9 +2,10 @@
 // back.
 #pragma once
 
-#include "fft/calls.h"
+#include "fft/real.h"
 #include "fixedfft/native.h"
 #include "fixedfft/spec.h"
+#include "foundation/work_area.h"
 #include "orbs/convert.h"
 
 #include <array>
@@ -74,7 +75,7 @@ OrbStatus withFloats(const S& spec, Orb8u* pBuffer, Transform transform) {
         alignas(32) Float floats[floatsOf<S>(fft::smallOrders - 1)];
         return transform(floats, nullptr);
     }
-    const fft::WorkArea work(pBuffer, spec.workSize, true);
+    const WorkArea work(pBuffer, spec.workSize, true);
     if (work.failed()) return orbStsMemAllocErr;
     Float* const floats = work.as<Float>();
     return transform(floats, reinterpret_cast<Orb8u*>(floats + floatsOf<S>(spec.order)));

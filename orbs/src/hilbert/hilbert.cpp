@@ -109,14 +109,6 @@ OrbStatus initAlloc(Spec** ppSpec, int length, OrbHintAlgorithm hint) {
     return orbStsNoErr;
 }
 
-template <class Spec>
-OrbStatus release(Spec* pSpec) {
-    if (anyNull(pSpec)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pSpec, Spec::ownTag)) return status;
-    orbsFree(pSpec);
-    return orbStsNoErr;
-}
-
 // ---- The transform ----
 
 // A call's memory: the work area of the transforms, and behind it room for floats.
@@ -223,9 +215,9 @@ extern "C" {
 OrbStatus orbsHilbertInitAlloc_32f32fc(OrbsHilbertSpec_32f32fc** ppSpec, int length, OrbHintAlgorithm hint) { return initAlloc(ppSpec, length, hint); }
 OrbStatus orbsHilbertInitAlloc_16s32fc(OrbsHilbertSpec_16s32fc** ppSpec, int length, OrbHintAlgorithm hint) { return initAlloc(ppSpec, length, hint); }
 OrbStatus orbsHilbertInitAlloc_16s16sc(OrbsHilbertSpec_16s16sc** ppSpec, int length, OrbHintAlgorithm hint) { return initAlloc(ppSpec, length, hint); }
-OrbStatus orbsHilbertFree_32f32fc(OrbsHilbertSpec_32f32fc* pSpec) { return release(pSpec); }
-OrbStatus orbsHilbertFree_16s32fc(OrbsHilbertSpec_16s32fc* pSpec) { return release(pSpec); }
-OrbStatus orbsHilbertFree_16s16sc(OrbsHilbertSpec_16s16sc* pSpec) { return release(pSpec); }
+OrbStatus orbsHilbertFree_32f32fc(OrbsHilbertSpec_32f32fc* pSpec) { return dft::release(pSpec, OrbsHilbertSpec_32f32fc::ownTag); }
+OrbStatus orbsHilbertFree_16s32fc(OrbsHilbertSpec_16s32fc* pSpec) { return dft::release(pSpec, OrbsHilbertSpec_16s32fc::ownTag); }
+OrbStatus orbsHilbertFree_16s16sc(OrbsHilbertSpec_16s16sc* pSpec) { return dft::release(pSpec, OrbsHilbertSpec_16s16sc::ownTag); }
 OrbStatus orbsHilbert_32f32fc(const Orb32f* pSrc, Orb32fc* pDst, const OrbsHilbertSpec_32f32fc* pSpec) { return hilbert(pSrc, pDst, pSpec); }
 OrbStatus orbsHilbert_16s32fc(const Orb16s* pSrc, Orb32fc* pDst, const OrbsHilbertSpec_16s32fc* pSpec) { return hilbert(pSrc, pDst, pSpec); }
 OrbStatus orbsHilbert_16s16sc_Sfs(const Orb16s* pSrc, Orb16sc* pDst, const OrbsHilbertSpec_16s16sc* pSpec, int scaleFactor) { return hilbert(pSrc, pDst, pSpec, scaleFactor); }
