@@ -95,8 +95,8 @@ void directTransform(D d, From from, To to, std::size_t points, const T* matrix,
 // Lengths whose radices the code knows: the arithmetic of mixed.h with the same tables, but from the source to the
 // destination in registers. Column 0 has its product here too, as in all stages over columns.
 
-// Where the table of a stage over `rest` columns has the twiddles of row 1 from `column` on, and how far their parts lie
-// apart.
+// Where the table of a stage over `rest` columns has the twiddles of row 1 from `column` on, and how far their parts
+// lie apart.
 template <class T>
 constexpr int tableLanes(int rest) {
     return static_cast<int>(lanesFor<T>(static_cast<std::size_t>(rest)));
@@ -347,15 +347,15 @@ void rowsTransform(const Spec<T>& spec, From from, To to) {
     }
 
     for (int group = 0; group < 3; ++group) {
+        constexpr int distance = tableLanes<T>(12);
+        const T* fives = spec.stages[halves - 1].twiddles + tablePlace<T>(5, 12, 4 * group, 4);
         Cx<V> y[apart][5];
         repeat<apart>([&](int half) __attribute__((always_inline)) {
-            const T* fives = spec.stages[halves - 1].twiddles + tablePlace<T>(5, 12, 4 * group, 4);
-            constexpr int distance = tableLanes<T>(12);
             repeat<5>([&](int row) __attribute__((always_inline)) {
                 y[half][row] = x[group * blocks + half + row * apart];
-                if (row > 0)
-                    y[half][row] =
-                        fft::twiddled<false>(y[half][row], root(dr, fives + 2 * distance * (row - 1), distance));
+                if (row == 0) return;
+                const T* w = fives + 2 * distance * (row - 1);
+                y[half][row] = fft::twiddled<false>(y[half][row], root(dr, w, distance));
             });
             Butterfly<5>::apply(y[half]);
         });
