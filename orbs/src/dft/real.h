@@ -85,7 +85,7 @@ HWY_INLINE void recombinePairs(const T* from, T* to, std::size_t m, const T* tab
 
 // In place, from Z to X in Perm layout.
 template <class T>
-void recombineForward(T* data, std::size_t m, const T* table, T scale) {
+HWY_INLINE void recombineForward(T* data, std::size_t m, const T* table, T scale) {
     const T re = data[0], im = data[1];
     recombinePairs<false>(static_cast<const T*>(data), data, m, table, scale);
     data[0] = (re + im) * scale;
@@ -311,6 +311,16 @@ void smallFromFormat(const T* src, T* x, std::size_t n, Format format, T scale) 
     smallInverse(perm, x, n, scale);
 }
 
+// ---- Even lengths so short that what stands around the transform costs as much: known lengths, no work area ----
+
+template <int points, class T>
+[[gnu::noinline, gnu::flatten]] OrbStatus shortForward(const Spec<T>& spec, const T* src, T* dst, Format format) {
+    productTransform<points>(spec, Interleaved<const T>{src}, Interleaved<T>{dst});
+    recombineForward<T>(dst, points, spec.forwardRecombination, spec.scaleFwd ? spec.scale : T(1));
+    fft::formatSpectrum(dst, 2 * points, format);
+    return orbStsNoErr;
+}
+
 // ---- The plans. `buffer` is the caller's, or null: then what a plan needs is taken while it runs. ----
 
 template <class T>
@@ -392,6 +402,9 @@ OrbStatus inverseReal(const Spec<T>& spec, const T* src, T* dst, Format format, 
 template <class T>
 OrbStatus realForward(const T* pSrc, T* pDst, const Spec<T>* pSpec, Orb8u* pBuffer, Orb32s tag, Format format) {
     if (const OrbStatus status = checkCall(pSpec, tag, pSrc, pDst)) return status;
+    if (pSpec->length == 12) return shortForward<6>(*pSpec, pSrc, pDst, format);
+    if (pSpec->length == 20) return shortForward<10>(*pSpec, pSrc, pDst, format);
+    if (pSpec->length == 24) return shortForward<12>(*pSpec, pSrc, pDst, format);
     return forwardReal(*pSpec, pSrc, pDst, format, pBuffer);
 }
 template <class T>

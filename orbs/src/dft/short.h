@@ -95,6 +95,18 @@ void directTransform(D d, From from, To to, std::size_t points, const T* matrix,
 // Lengths whose radices the code knows: the arithmetic of mixed.h with the same tables, but from the source to the
 // destination in registers. Column 0 has its product here too, as in all stages over columns.
 
+// Where the table of a stage over `rest` columns has the twiddles of row 1 from `column` on, and how far their parts
+// lie apart.
+template <class T>
+constexpr int tableLanes(int rest) {
+    return static_cast<int>(lanesFor<T>(static_cast<std::size_t>(rest)));
+}
+template <class T>
+constexpr int tablePlace(int radix, int rest, int column, int count) {
+    const int lanes = tableLanes<T>(rest), group = (column + count - 1) / lanes;
+    return group * lanes * (radix - 1) * 2 + column - std::min(group * lanes, rest - lanes);
+}
+
 // The length is p blocks of r * q columns: stages of the radices p and r, the latter unless it is 1, and transforms of
 // the final radix q.
 template <class T, int points>
@@ -114,14 +126,6 @@ struct Product {
     // Columns of the last stage side by side.
     static constexpr int tile = std::min(lanes, 4), width = std::min(tile, columns);
     using C = hn::CappedTag<T, width>;
-
-    // Where a table has the twiddles of row 1 from `column` on, and how far its parts lie apart.
-    static constexpr int tableLanes(int rest) { return static_cast<int>(lanesFor<T>(static_cast<std::size_t>(rest))); }
-    static constexpr int tablePlace(int radix, int rest, int column, int count) {
-        const int group = (column + count - 1) / tableLanes(rest);
-        return group * tableLanes(rest) * (radix - 1) * 2 + column -
-               std::min(group * tableLanes(rest), rest - tableLanes(rest));
-    }
 };
 
 // The first `count` lanes, and zeros behind them.
@@ -187,6 +191,16 @@ HWY_INLINE hn::Vec<C> laneOfTile(C c, D d, const hn::Vec<D> (&v)[rows]) {
         return firstLanes(c, half, hn::UpperHalf(half, v[lane - rows]));
     }
 }
+// Four values, in all halves of longer vectors.
+template <class D, class T>
+HWY_INLINE hn::Vec<D> loadRepeated(D d, const T* from) {
+    if constexpr (hn::MaxLanes(D()) == 4) {
+        return hn::LoadU(d, from);
+    } else {
+        const auto half = hn::LoadU(hn::Half<D>(), from);
+        return hn::Combine(d, half, half);
+    }
+}
 // The lane that loadBlocks gives to a block.
 template <class From, class D>
 constexpr int laneOf(int block) {
@@ -218,13 +232,13 @@ void productTransform(const Spec<T>& spec, From from, To to) {
         });
         if constexpr (r > 1) {
             const T* twiddles = spec.stages[1].twiddles;
-            constexpr int apart = P::tableLanes(q);
+            constexpr int apart = tableLanes<T>(q);
             repeat<q>([&](int column) __attribute__((always_inline)) {
                 Cx<V> y[r];
                 repeat<r>([&](int row) __attribute__((always_inline)) {
                     y[row] = x[pass][column + row * q];
                     if (row == 0) return;
-                    const T* w = twiddles + P::tablePlace(r, q, column, 1) + 2 * apart * (row - 1);
+                    const T* w = twiddles + tablePlace<T>(r, q, column, 1) + 2 * apart * (row - 1);
                     y[row] = fft::twiddled<false>(y[row], Cx<V>{hn::Set(d, w[0]), hn::Set(d, w[apart])});
                 });
                 Butterfly<r>::apply(y);
@@ -234,7 +248,7 @@ void productTransform(const Spec<T>& spec, From from, To to) {
     });
 
     const T* twiddles = spec.stages[0].twiddles;
-    constexpr int apart = P::tableLanes(columns), groups = (columns + P::width - 1) / P::width;
+    constexpr int apart = tableLanes<T>(columns), groups = (columns + P::width - 1) / P::width;
     repeat<groups>([&](int group) __attribute__((always_inline)) {
         const int column = std::min(group * P::width, columns - P::width);
         V re[P::passes][tile], im[P::passes][tile];
@@ -252,7 +266,7 @@ void productTransform(const Spec<T>& spec, From from, To to) {
             constexpr int lane = laneOf<From, typename P::D>(element);
             y[block] = {laneOfTile<lane>(dc, d, re[pass]), laneOfTile<lane>(dc, d, im[pass])};
             if (block == 0) return;
-            const T* w = twiddles + P::tablePlace(p, columns, column, P::width) + 2 * apart * (block - 1);
+            const T* w = twiddles + tablePlace<T>(p, columns, column, P::width) + 2 * apart * (block - 1);
             y[block] = fft::twiddled<false>(y[block], Cx<W>{hn::LoadU(dc, w), hn::LoadU(dc, w + apart)});
         };
         [&]<int... block>(std::integer_sequence<int, block...>) __attribute__((always_inline)) {
@@ -266,9 +280,111 @@ void productTransform(const Spec<T>& spec, From from, To to) {
     });
 }
 
+// ---- 60 and 120 points ----
+//
+// The radices are 5, 3 and 4, and of 120 points a 2 before them: transforms of 4 points side by side, and their results
+// as rows of four columns, which all later stages take as they lie. Stage 0 of 120 points joins the transforms of the
+// even samples and of the odd ones; where vectors are long enough, the two share them.
+template <int points, class T, class From, class To>
+void rowsTransform(const Spec<T>& spec, From from, To to) {
+    constexpr int transforms = points / 4, halves = points / 60;
+    constexpr int side = hn::MaxLanes(LaneTag<T>()) >= 8 ? halves : 1, apart = halves / side; // of rows of one half
+    constexpr int blocks = 5 * apart;
+    constexpr Choice choice = choose<T>(points, Kind::interleaved);
+    static_assert(choice.radices.stages == halves + 1 && choice.outerStages == choice.radices.stages);
+    static_assert(choice.radices.radix[halves - 1] == 5 && choice.radices.radix[halves] == 3);
+    using C = hn::CappedTag<T, 4>;
+    using R = hn::CappedTag<T, 4 * side>;
+    using D = GroupTag<T>;
+    using V = hn::Vec<R>;
+    using W = hn::Vec<C>;
+    constexpr int lanes = hn::MaxLanes(D());
+    const C dc;
+    const R dr;
+    const D d;
+    const auto root = [](auto dw, const T* w, std::size_t distance) __attribute__((always_inline)) {
+        return Cx<hn::Vec<decltype(dw)>>{loadRepeated(dw, w), loadRepeated(dw, w + distance)};
+    };
+
+    Cx<V> x[transforms / side];
+    for (int group = 0; group < transforms; group += lanes) {
+        const int first = std::min(group, transforms - lanes);
+        Cx<hn::Vec<D>> y[4];
+        repeat<4>([&](int k) __attribute__((always_inline)) {
+            y[k] = loadLanes(d, from, static_cast<std::size_t>(first + transforms * k));
+        });
+        Butterfly<4>::apply(y);
+        hn::Vec<D> re[4] = {y[0].re, y[1].re, y[2].re, y[3].re};
+        hn::Vec<D> im[4] = {y[0].im, y[1].im, y[2].im, y[3].im};
+        transposeTile(d, re);
+        transposeTile(d, im);
+        const auto place = [&]<int row>(std::integral_constant<int, row>) __attribute__((always_inline)) {
+            constexpr int lane = laneOf<From, D>(row * side);
+            const Cx<W> low{laneOfTile<lane>(dc, d, re), laneOfTile<lane>(dc, d, im)};
+            if constexpr (side == 1) {
+                x[first + row] = low;
+            } else {
+                constexpr int next = laneOf<From, D>(row * side + 1);
+                const Cx<W> high{laneOfTile<next>(dc, d, re), laneOfTile<next>(dc, d, im)};
+                x[first / side + row] = {hn::Combine(dr, high.re, low.re), hn::Combine(dr, high.im, low.im)};
+            }
+        };
+        [&]<int... row>(std::integer_sequence<int, row...>) __attribute__((always_inline)) {
+            (place(std::integral_constant<int, row>()), ...);
+        }
+        (std::make_integer_sequence<int, lanes / side>());
+    }
+
+    const T* threes = spec.stages[halves].twiddles;
+    for (int block = 0; block < blocks; ++block) {
+        Cx<V> y[3];
+        repeat<3>([&](int row) __attribute__((always_inline)) {
+            y[row] = x[block + row * blocks];
+            if (row > 0) y[row] = fft::twiddled<false>(y[row], root(dr, threes + 8 * (row - 1), 4));
+        });
+        Butterfly<3>::apply(y);
+        repeat<3>([&](int row) __attribute__((always_inline)) { x[block + row * blocks] = y[row]; });
+    }
+
+    for (int group = 0; group < 3; ++group) {
+        constexpr int distance = tableLanes<T>(12);
+        const T* fives = spec.stages[halves - 1].twiddles + tablePlace<T>(5, 12, 4 * group, 4);
+        Cx<V> y[apart][5];
+        repeat<apart>([&](int half) __attribute__((always_inline)) {
+            repeat<5>([&](int row) __attribute__((always_inline)) {
+                y[half][row] = x[group * blocks + half + row * apart];
+                if (row == 0) return;
+                const T* w = fives + 2 * distance * (row - 1);
+                y[half][row] = fft::twiddled<false>(y[half][row], root(dr, w, distance));
+            });
+            Butterfly<5>::apply(y[half]);
+        });
+        repeat<5>([&](int row) __attribute__((always_inline)) {
+            const int column = 12 * row + 4 * group;
+            if constexpr (halves == 1) {
+                to.store(dc, static_cast<std::size_t>(column), y[0][row]);
+            } else {
+                const T* twos = spec.stages[0].twiddles + tablePlace<T>(2, 60, column, 4);
+                Cx<W> z[2];
+                if constexpr (side == 1) {
+                    z[0] = y[0][row], z[1] = y[1][row];
+                } else {
+                    z[0] = {hn::LowerHalf(dc, y[0][row].re), hn::LowerHalf(dc, y[0][row].im)};
+                    z[1] = {hn::UpperHalf(dc, y[0][row].re), hn::UpperHalf(dc, y[0][row].im)};
+                }
+                z[1] = fft::twiddled<false>(z[1], root(dc, twos, tableLanes<T>(60)));
+                Butterfly<2>::apply(z);
+                to.store(dc, static_cast<std::size_t>(column), z[0]);
+                to.store(dc, static_cast<std::size_t>(column + 60), z[1]);
+            }
+        });
+    }
+}
+
 // Whether the length is one of these; then its transform is done.
 template <class T, class From, class To>
 HWY_INLINE bool shortProduct(const Spec<T>& spec, From from, To to) {
+    constexpr bool fourColumns = hn::MaxLanes(LaneTag<T>()) >= 4;
     switch (spec.points) {
     case 6:
         return productTransform<6>(spec, from, to), true;
@@ -281,7 +397,11 @@ HWY_INLINE bool shortProduct(const Spec<T>& spec, From from, To to) {
     case 30:
         return productTransform<30>(spec, from, to), true;
     case 60:
+        if constexpr (fourColumns) return rowsTransform<60>(spec, from, to), true;
         return productTransform<60>(spec, from, to), true;
+    case 120:
+        if constexpr (fourColumns) return rowsTransform<120>(spec, from, to), true;
+        return false;
     default:
         return false;
     }
