@@ -126,8 +126,8 @@ void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u*
     for (std::size_t first = 0; first < stride; first += columns) {
         const From source = from.from(first);
         const To target = to.from(first);
-        for (std::size_t base = 0; base < rows;
-             base += 4) { // rows lie in pages of their own: the next four are fetched
+        for (std::size_t base = 0; base < rows; base += 4) {
+            // Rows lie in pages of their own: the next four are asked for.
             for (std::size_t row = base + 4; row < std::min(rows, base + 8); ++row)
                 for (std::size_t j = 0; j < columns; j += 64 / elementBytes) source.prefetch(row * stride + j);
             pass4<Inverse>(d, source.from(base * stride), stride, work.from(base * columns), columns, columns, tw);
@@ -182,12 +182,12 @@ void innermost(From from, Work work, int order, int inner, const T* twiddles, La
     }
     innermostOf<16, Inverse>(d, from, work, order, inner, twiddles, last);
 }
-// The same behind what `firstPasses(work, part)` does to the parts one after the other.
-template <bool Inverse, class T, class Work, class Last, class FirstPasses>
-void innermostByParts(Work work, int order, int inner, const T* twiddles, Last last, FirstPasses firstPasses) {
+// The same one after the other from bit-reversed order; begin(base) does the first pass of the one that lies at `base`.
+template <bool Inverse, class T, class Work, class Last, class Begin>
+void innermostInRuns(Work work, int order, int inner, const T* twiddles, Last last, Begin begin) {
     for (std::size_t base = 0; base < std::size_t{1} << order; base += std::size_t{1} << inner) {
         const Work sub = work.from(base);
-        firstPasses(base);
+        begin(base);
         passesTo<Inverse>(GroupTag<T>(), sub, sub, inner, twiddles, last);
     }
 }
@@ -225,26 +225,27 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     const GroupTag<T> d;
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
-    bool streamed = false;
-    if constexpr (std::is_same_v<To, Interleaved<T>>)
-        streamed = reinterpret_cast<std::uintptr_t>(to.base) % 64 == 0 && 2 * sizeof(T) << order >= streamedBytes;
+    const auto innermostOutOfPlace = [&] { innermost<Inverse>(from, work, order, inner, twiddles, last); };
     if (inPlace) {
         reverseBitsInPlace(to, order, buffer);
-        innermostByParts<Inverse>(work, order, inner, twiddles, last, [=](std::size_t base) {
+        innermostInRuns<Inverse>(work, order, inner, twiddles, last, [=](std::size_t base) {
             firstPassesInRuns<Inverse, T>(to.from(base), work.from(base), inner);
         });
-    } else if (streamed && !beginsWithRadix8<T>(order)) {
-        if constexpr (std::is_same_v<To, Interleaved<T>>) firstPasses<Inverse, T>(from, Streamed<Work>{work}, order);
-        innermostByParts<Inverse>(work, order, inner, twiddles, last, [](std::size_t) {});
-    } else {
-        innermost<Inverse>(from, work, order, inner, twiddles, last);
     }
     if constexpr (std::is_same_v<To, Interleaved<T>>) {
-        if (streamed) {
+        const bool wholeLines = reinterpret_cast<std::uintptr_t>(to.base) % 64 == 0;
+        if (wholeLines && 2 * sizeof(T) << order >= streamedBytes) {
+            if (!inPlace && beginsWithRadix8<T>(inner)) {
+                innermostOutOfPlace();
+            } else if (!inPlace) { // runs of 16 points are worth a walk of their own, which reads samples in order
+                firstPasses<Inverse, T>(from, Streamed<Work>{work}, order);
+                innermostInRuns<Inverse>(work, order, inner, twiddles, last, [](std::size_t) {});
+            }
             blockedLevels<Inverse>(d, spec.levels, work, Streamed<To>{to}, order, buffer);
             return hwy::FlushStream();
         }
     }
+    if (!inPlace) innermostOutOfPlace();
     blockedLevels<Inverse>(d, spec.levels, work, to, order, buffer);
 }
 

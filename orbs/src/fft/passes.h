@@ -231,6 +231,33 @@ HWY_INLINE void pass2(D d, From from, To to, std::size_t half, const hn::TFromD<
             column2<Inverse>(d, from, to, j, h, half, half, loadTwiddle<1>(d, tw + h), last);
 }
 
+// Two passes of radix 4 and the one of radix 2 that joins them, in registers: 8 * quarter points.
+template <bool Inverse, class D, class From, class To, class Last>
+HWY_INLINE void pass4And2(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw4,
+                          const hn::TFromD<D>* tw2, Last last) {
+    constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
+    for (std::size_t j = 0; j < quarter; j += group, tw4 += 6 * group) {
+        for (std::size_t h = 0; h < group; h += lanes) {
+            const auto half = [&](From part) __attribute__((always_inline)) {
+                std::array<Cx<hn::Vec<D>>, 4> x;
+                x[0] = inRegisters(part.loadPart(d, j, h));
+                x[2] = twiddled<Inverse>(inRegisters(part.loadPart(d, j + quarter, h)), loadTwiddle<2>(d, tw4 + h));
+                x[1] = twiddled<Inverse>(inRegisters(part.loadPart(d, j + 2 * quarter, h)), loadTwiddle<1>(d, tw4 + h));
+                x[3] = twiddled<Inverse>(inRegisters(part.loadPart(d, j + 3 * quarter, h)), loadTwiddle<3>(d, tw4 + h));
+                butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
+                return x;
+            };
+            const auto even = half(from), odd = half(from.from(4 * quarter));
+            repeat<4>([&](int q) __attribute__((always_inline)) {
+                const std::size_t n = j + q * quarter;
+                const auto turned = twiddled<Inverse>(odd[q], loadTwiddle<1>(d, tw2 + 2 * n + h));
+                to.storePart(d, n, h, last(even[q] + turned));
+                to.storePart(d, n + 4 * quarter, h, last(even[q] - turned));
+            });
+        }
+    }
+}
+
 // The radix-4 passes over 2^k points for k = first, first + 2, ... up to `last`, over `count` points in place.
 template <bool Inverse, class D, class Work>
 HWY_INLINE void passesThrough(D d, Work work, std::size_t count, int first, int last, const hn::TFromD<D>* twiddles) {
@@ -270,18 +297,21 @@ template <bool Inverse, class D, class Work, class To, class Last>
 void passesTo(D d, Work work, To to, int order, const hn::TFromD<D>* twiddles, Last last) {
     using T = hn::TFromD<D>;
     constexpr int flatOrder = 11; // up to here the passes before the last run over the whole at once
-    const int joined = !Plan<T>::radix8First && order % 2 == 1 ? 1 : 2; // levels of the last pass
-    const std::size_t count = std::size_t{1} << order, part = count >> joined;
-    if (order <= flatOrder) {
-        passesThrough<Inverse>(d, work, count, firstPassOrder<T>(order) + 2, order - joined, twiddles);
+    const bool radix2Last = !Plan<T>::radix8First && order % 2 == 1, flat = order <= flatOrder;
+    const std::size_t count = std::size_t{1} << order, part = count >> (radix2Last ? 1 : 2);
+    const int passed = order - (!radix2Last ? 2 : flat ? 3 : 1); // levels before the last pass
+    if (flat) {
+        passesThrough<Inverse>(d, work, count, firstPassOrder<T>(order) + 2, passed, twiddles);
     } else {
-        for (std::size_t base = 0; base < count; base += part)
-            passes<Inverse>(d, work.from(base), order - joined, twiddles);
+        for (std::size_t base = 0; base < count; base += part) passes<Inverse>(d, work.from(base), passed, twiddles);
     }
-    if (joined == 1) {
-        pass2<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order + 1), last);
-    } else {
+    if (!radix2Last) {
         pass4<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order), last);
+    } else if (flat) {
+        pass4And2<Inverse>(d, work, to, part / 4, twiddles + twiddlesBefore<T>(order - 1),
+                           twiddles + twiddlesBefore<T>(order + 1), last);
+    } else {
+        pass2<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order + 1), last);
     }
 }
 
