@@ -182,6 +182,7 @@ struct Interleaved {
     T* base;
 
     HWY_INLINE Interleaved from(std::size_t n) const { return {base + 2 * n}; }
+    HWY_INLINE void prefetch(std::size_t n) const { __builtin_prefetch(base + 2 * n, 0, 2); }
     template <class D>
     HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t n) const {
         Cx<hn::Vec<D>> x;
@@ -228,6 +229,10 @@ struct Planes {
     T *re, *im;
 
     HWY_INLINE Planes from(std::size_t n) const { return {re + n, im + n}; }
+    HWY_INLINE void prefetch(std::size_t n) const {
+        __builtin_prefetch(re + n, 0, 2);
+        __builtin_prefetch(im + n, 0, 2);
+    }
     template <class D>
     HWY_INLINE Cx<hn::Vec<D>> load(D d, std::size_t n) const {
         return {hn::LoadU(d, re + n), hn::LoadU(d, im + n)};
@@ -286,6 +291,7 @@ struct Grouped {
     T* base;
 
     HWY_INLINE Grouped from(std::size_t n) const { return {base + 2 * n}; }
+    HWY_INLINE void prefetch(std::size_t n) const { __builtin_prefetch(base + 2 * n, 0, 2); }
     template <class D>
     HWY_INLINE Cx<hn::Vec<D>> loadPart(D d, std::size_t n, std::size_t h) const {
         return {hn::LoadU(d, base + 2 * n + h), hn::LoadU(d, base + 2 * n + h + columnGroup<T>)};
@@ -309,6 +315,10 @@ struct GroupedPlanes {
     T *re, *im;
 
     HWY_INLINE GroupedPlanes from(std::size_t n) const { return {re + n, im + n}; }
+    HWY_INLINE void prefetch(std::size_t n) const {
+        __builtin_prefetch(re + n, 0, 2);
+        __builtin_prefetch(im + n, 0, 2);
+    }
     template <class D>
     HWY_INLINE Cx<hn::Vec<D>> loadPart(D d, std::size_t n, std::size_t h) const {
         return {loadPlanePart(d, re + n, h), loadPlanePart(d, im + n, h)};

@@ -10,12 +10,17 @@ namespace orbs::fft {
 
 // ---- Orders up to the direct limit ----
 
-// The first pass; `inner` is the order that decides the radix. In long transforms short vectors go two at a time.
+template <class T>
+constexpr bool beginsWithRadix8(int order) {
+    return firstPassOrder<T>(order) == 3;
+}
+
+// The first pass. In long transforms short vectors go two at a time.
 template <bool Inverse, class T, class From, class Work>
-void firstPasses(From from, Work work, int order, int inner) {
+void firstPasses(From from, Work work, int order) {
     const GroupTag<T> full;
     if constexpr (Plan<T>::radix8First) {
-        if (firstPassOrder<T>(inner) == 3) return firstPass<8, 2, Inverse>(full, from, work, order);
+        if (beginsWithRadix8<T>(order)) return firstPass<8, 2, Inverse>(full, from, work, order);
     }
     if (groupBytes < 64 && order >= 12) {
         firstPass<16, 2, Inverse>(full, from, work, order);
@@ -26,11 +31,11 @@ void firstPasses(From from, Work work, int order, int inner) {
 
 // The same in place on data in bit-reversed order.
 template <bool Inverse, class T, class From, class Work>
-void firstPassesInRuns(From from, Work work, int order, int inner) {
+void firstPassesInRuns(From from, Work work, int order) {
     const GroupTag<T> full;
     const std::size_t points = std::size_t{1} << order;
     if constexpr (Plan<T>::radix8First) {
-        if (firstPassOrder<T>(inner) == 3) return firstPassInRuns<8, Inverse>(full, from, work, points);
+        if (beginsWithRadix8<T>(order)) return firstPassInRuns<8, Inverse>(full, from, work, points);
     }
     firstPassInRuns<16, Inverse>(full, from, work, points);
 }
@@ -39,7 +44,7 @@ void firstPassesInRuns(From from, Work work, int order, int inner) {
 template <bool Inverse, class T, class From, class Work, class To, class Last>
 void transformDirect(From from, Work work, To to, int order, const T* twiddles, Last last) {
     const GroupTag<T> full;
-    firstPasses<Inverse, T>(from, work, order, order);
+    firstPasses<Inverse, T>(from, work, order);
     passesTo<Inverse>(full, work, to, order, twiddles, last);
 }
 
@@ -97,7 +102,7 @@ void reverseBitsInPlace(Planes<T> data, int order, Orb8u* tiles) {
 template <bool Inverse, class D, class From, class To>
 void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u* buffer) {
     using T = hn::TFromD<D>;
-    constexpr std::size_t group = columnGroup<T>, lanes = hn::MaxLanes(D());
+    constexpr std::size_t group = columnGroup<T>, lanes = hn::MaxLanes(D()), elementBytes = 2 * sizeof(T);
     const BlockedLevel level = Plan<T>::level(order);
     const std::size_t rows = std::size_t{1} << level.blockOrder, columns = std::size_t{1} << level.columnsOrder();
     const std::size_t stride = std::size_t{1} << level.subOrder(order);
@@ -121,7 +126,13 @@ void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u*
     for (std::size_t first = 0; first < stride; first += columns) {
         const From source = from.from(first);
         const To target = to.from(first);
-        pass4Rows(source, stride, work, columns, 1);
+        for (std::size_t base = 0; base < rows; base += 4) {
+            // Rows lie in pages of their own: the next four are asked for.
+            for (std::size_t row = base + 4; row < std::min(rows, base + 8); ++row)
+                for (std::size_t j = 0; j < columns; j += 64 / elementBytes) source.prefetch(row * stride + j);
+            pass4<Inverse>(d, source.from(base * stride), stride, work.from(base * columns), columns, columns, tw);
+        }
+        tw += 6 * columns;
         std::size_t quarterRows = 4;
         for (; 8 * quarterRows <= rows; quarterRows *= 4) pass4Rows(work, columns, work, columns, quarterRows);
         if (4 * quarterRows == rows) {
@@ -136,20 +147,59 @@ void topLevels(D d, From from, To to, int order, const hn::TFromD<D>* tw, Orb8u*
     }
 }
 
-// Everything behind the first pass of a blocked order; the scale goes into the innermost sub-transforms.
-template <bool Inverse, class D, class Work, class To, class Last>
-void blockedLevels(D d, const hn::TFromD<D>* twiddles, const RelativePtr<hn::TFromD<D>>* levels, Work work, To to,
-                   int order, Orb8u* buffer, Last last) {
-    using T = hn::TFromD<D>;
-    const BlockedLevel level = Plan<T>::level(order);
-    const int subOrder = level.subOrder(order);
-    for (std::size_t block = 0; block < std::size_t{1} << level.blockOrder; ++block) {
-        const Work sub = work.from(block << subOrder);
-        if (subOrder > Plan<T>::directLimit) {
-            blockedLevels<Inverse>(d, twiddles, levels + 1, sub, sub, subOrder, buffer, last);
-        } else {
-            passesTo<Inverse>(d, sub, sub, subOrder, twiddles, last);
+// The innermost sub-transforms of a blocked order, of 2^inner points each. Neighbouring samples belong to as many of
+// them: those of two cache lines go through all their passes, and stay in the cache while they do, before more samples
+// are read. Every read is of another page, so it is asked for some runs before it is due.
+template <int points, bool Inverse, class D, class From, class Work, class Last>
+void innermostOf(D d, From from, Work work, int order, int inner, const hn::TFromD<D>* twiddles, Last last) {
+    constexpr std::size_t vectors = groupBytes < 64 ? 2 : 1, together = vectors * packedLanes<D>, runsAhead = 4;
+    constexpr std::size_t perLine = 64 / (2 * sizeof(hn::TFromD<D>)), neighbours = 2 * perLine;
+    const int subsOrder = order - inner, runsOrder = inner - log2Of(points);
+    const std::size_t subs = std::size_t{1} << subsOrder, runs = std::size_t{1} << runsOrder;
+    const std::size_t stride = (std::size_t{1} << order) / points, apart = (std::size_t{1} << order) / together;
+    const auto sub = [=](std::size_t n) { // of the samples n, n + subs, ...
+        return work.from(reversedBits(n, subsOrder) << inner);
+    };
+    for (std::size_t first = 0; first < subs; first += neighbours) {
+        for (std::size_t run = 0; run < runs; ++run) {
+            const From later = from.from(first + reversedBits((run + runsAhead) % runs, runsOrder) * subs);
+            for (std::size_t q = 0; q < points; ++q)
+                for (std::size_t n = 0; n < neighbours; n += perLine) later.prefetch(q * stride + n);
+            const std::size_t sample = reversedBits(run, runsOrder) * subs;
+            for (std::size_t n = first; n < first + neighbours; n += together)
+                firstBlock<points, vectors, Inverse>(d, from.from(n + sample), stride, sub(n).from(points * run),
+                                                     apart);
         }
+        for (std::size_t n = first; n < first + neighbours; ++n)
+            passesTo<Inverse>(d, sub(n), sub(n), inner, twiddles, last);
+    }
+}
+template <bool Inverse, class T, class From, class Work, class Last>
+void innermost(From from, Work work, int order, int inner, const T* twiddles, Last last) {
+    const GroupTag<T> d;
+    if constexpr (Plan<T>::radix8First) {
+        if (beginsWithRadix8<T>(inner)) return innermostOf<8, Inverse>(d, from, work, order, inner, twiddles, last);
+    }
+    innermostOf<16, Inverse>(d, from, work, order, inner, twiddles, last);
+}
+// The same one after the other from bit-reversed order; begin(base) does the first pass of the one that lies at `base`.
+template <bool Inverse, class T, class Work, class Last, class Begin>
+void innermostInRuns(Work work, int order, int inner, const T* twiddles, Last last, Begin begin) {
+    for (std::size_t base = 0; base < std::size_t{1} << order; base += std::size_t{1} << inner) {
+        const Work sub = work.from(base);
+        begin(base);
+        passesTo<Inverse>(GroupTag<T>(), sub, sub, inner, twiddles, last);
+    }
+}
+
+// Everything behind the innermost sub-transforms.
+template <bool Inverse, class D, class Work, class To>
+void blockedLevels(D d, const RelativePtr<hn::TFromD<D>>* levels, Work work, To to, int order, Orb8u* buffer) {
+    using T = hn::TFromD<D>;
+    const int subOrder = Plan<T>::level(order).subOrder(order);
+    if (subOrder > Plan<T>::directLimit) {
+        for (std::size_t base = 0; base < std::size_t{1} << order; base += std::size_t{1} << subOrder)
+            blockedLevels<Inverse>(d, levels + 1, work.from(base), work.from(base), subOrder, buffer);
     }
     topLevels<Inverse>(d, work, to, order, levels->get(), buffer);
 }
@@ -175,20 +225,28 @@ void transformBlocked(const Spec<T>& spec, From from, Work work, To to, int orde
     const GroupTag<T> d;
     const T* twiddles = spec.twiddles;
     const int inner = innermostOrder<T>(order);
+    const auto innermostOutOfPlace = [&] { innermost<Inverse>(from, work, order, inner, twiddles, last); };
     if (inPlace) {
         reverseBitsInPlace(to, order, buffer);
-        firstPassesInRuns<Inverse, T>(to, work, order, inner);
+        innermostInRuns<Inverse>(work, order, inner, twiddles, last, [=](std::size_t base) {
+            firstPassesInRuns<Inverse, T>(to.from(base), work.from(base), inner);
+        });
     }
     if constexpr (std::is_same_v<To, Interleaved<T>>) {
         const bool wholeLines = reinterpret_cast<std::uintptr_t>(to.base) % 64 == 0;
         if (wholeLines && 2 * sizeof(T) << order >= streamedBytes) {
-            if (!inPlace) firstPasses<Inverse, T>(from, Streamed<Work>{work}, order, inner);
-            blockedLevels<Inverse>(d, twiddles, spec.levels, work, Streamed<To>{to}, order, buffer, last);
+            if (!inPlace && beginsWithRadix8<T>(inner)) {
+                innermostOutOfPlace();
+            } else if (!inPlace) { // runs of 16 points are worth a walk of their own, which reads samples in order
+                firstPasses<Inverse, T>(from, Streamed<Work>{work}, order);
+                innermostInRuns<Inverse>(work, order, inner, twiddles, last, [](std::size_t) {});
+            }
+            blockedLevels<Inverse>(d, spec.levels, work, Streamed<To>{to}, order, buffer);
             return hwy::FlushStream();
         }
     }
-    if (!inPlace) firstPasses<Inverse, T>(from, work, order, inner);
-    blockedLevels<Inverse>(d, twiddles, spec.levels, work, to, order, buffer, last);
+    if (!inPlace) innermostOutOfPlace();
+    blockedLevels<Inverse>(d, spec.levels, work, to, order, buffer);
 }
 
 // ---- A transform with its scale ----

@@ -106,39 +106,47 @@ HWY_INLINE void storeRuns(D d, Run run, const Packed<D> (&x)[points]) {
     });
 }
 
+// One block of the first pass: the short transforms of `vectors * packedLanes` neighbouring samples at `from`, each
+// with those `stride` and its multiples further on. Their runs lie `apart` from each other, in bit-reversed order.
+template <int points, int vectors, bool Inverse, class D, class From, class To>
+HWY_INLINE void firstBlock(D d, From from, std::size_t stride, To to, std::size_t apart) {
+    constexpr std::size_t lanes = packedLanes<D>, together = vectors * lanes;
+    using Transform = ShortTransform<points, Inverse>;
+    Packed<D> x[vectors][points];
+    repeat<points / 4>([&](int part) __attribute__((always_inline)) {
+        const From quarter = from.from(4 * part * stride);
+        repeat<4>([&](int q) __attribute__((always_inline)) {
+            repeat<vectors>([&](int v) __attribute__((always_inline)) {
+                x[v][4 * part + q] = quarter.loadPacked(d, q * stride + v * lanes);
+            });
+        });
+    });
+    repeat<vectors>([&](int v) __attribute__((always_inline)) { Transform::firstLayer(x[v]); });
+    repeat<vectors>([&](int v) __attribute__((always_inline)) {
+        Transform::secondLayer(x[v]);
+        const auto run = [=](int lane) __attribute__((always_inline)) {
+            return to.from(reversedBits(v * lanes + lane, log2Of(together)) * apart);
+        };
+        storeRuns<Transform>(d, run, x[v]);
+    });
+}
+
 // From natural order anywhere to runs in bit-reversed order: the short transform of the samples n, n + stride, ...
 // lands at the run whose number is n reversed. Two vectors at a time in long transforms: their samples n + q * stride
 // share a cache set, so a line of them is used up before it is pushed out. Long runs are written wherever they fall;
 // short ones one behind the other, and their samples are fetched from wherever they lie.
 template <int points, int vectors, bool Inverse, class D, class From, class To>
 void firstPass(D d, From from, To to, int order) {
-    constexpr std::size_t lanes = packedLanes<D>, together = vectors * lanes;
+    constexpr std::size_t together = vectors * packedLanes<D>;
     constexpr bool inOrderOfRuns = points == 8;
-    using Transform = ShortTransform<points, Inverse>;
     const std::size_t stride = (std::size_t{1} << order) / points;
     const std::size_t blocks = stride / together; // the runs of neighbouring samples lie so many runs apart
     std::size_t reversed = 0;
     for (std::size_t block = 0; block < blocks; ++block) {
         const std::size_t n = (inOrderOfRuns ? reversed : block) * together;
-        const To first = to.from(points * (inOrderOfRuns ? block : reversed));
+        firstBlock<points, vectors, Inverse>(d, from.from(n), stride,
+                                             to.from(points * (inOrderOfRuns ? block : reversed)), points * blocks);
         reversed ^= blocks - (blocks >> (__builtin_ctzll(block + 1) + 1)); // counting from the top
-        Packed<D> x[vectors][points];
-        repeat<points / 4>([&](int part) __attribute__((always_inline)) {
-            const From quarter = from.from(n + 4 * part * stride);
-            repeat<4>([&](int q) __attribute__((always_inline)) {
-                repeat<vectors>([&](int v) __attribute__((always_inline)) {
-                    x[v][4 * part + q] = quarter.loadPacked(d, q * stride + v * lanes);
-                });
-            });
-        });
-        repeat<vectors>([&](int v) __attribute__((always_inline)) { Transform::firstLayer(x[v]); });
-        repeat<vectors>([&](int v) __attribute__((always_inline)) {
-            Transform::secondLayer(x[v]);
-            const auto run = [=](int lane) __attribute__((always_inline)) {
-                return first.from(reversedBits(v * lanes + lane, log2Of(together)) * points * blocks);
-            };
-            storeRuns<Transform>(d, run, x[v]);
-        });
     }
 }
 
@@ -185,16 +193,24 @@ HWY_INLINE void column4(D d, From from, To to, std::size_t n, std::size_t h, std
     to.storePart(d, n + 3 * toQuarter, h, last(x3));
 }
 
-// Joins four quarters into 4 * quarter points; their twiddles are at tw.
+// Joins four rows of `columns` each, which lie apart by fromRow and are written apart by toRow; their twiddles are at
+// tw.
 template <bool Inverse, class D, class From, class To, class Last = AsIs>
-HWY_INLINE void pass4(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw, Last last = {}) {
+HWY_INLINE void pass4(D d, From from, std::size_t fromRow, To to, std::size_t toRow, std::size_t columns,
+                      const hn::TFromD<D>* tw, Last last = {}) {
     constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
-    for (std::size_t j = 0; j < quarter; j += group, tw += 6 * group) {
+    for (std::size_t j = 0; j < columns; j += group, tw += 6 * group) {
         for (std::size_t h = 0; h < group; h += lanes) {
-            column4<Inverse>(d, from, to, j, h, quarter, quarter, loadTwiddle<1>(d, tw + h), loadTwiddle<2>(d, tw + h),
+            column4<Inverse>(d, from, to, j, h, fromRow, toRow, loadTwiddle<1>(d, tw + h), loadTwiddle<2>(d, tw + h),
                              loadTwiddle<3>(d, tw + h), last);
         }
     }
+}
+
+// Joins four quarters into 4 * quarter points.
+template <bool Inverse, class D, class From, class To, class Last = AsIs>
+HWY_INLINE void pass4(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw, Last last = {}) {
+    pass4<Inverse>(d, from, quarter, to, quarter, quarter, tw, last);
 }
 
 template <bool Inverse, class D, class From, class To, class Last>
@@ -213,6 +229,33 @@ HWY_INLINE void pass2(D d, From from, To to, std::size_t half, const hn::TFromD<
     for (std::size_t j = 0; j < half; j += group, tw += 2 * group)
         for (std::size_t h = 0; h < group; h += lanes)
             column2<Inverse>(d, from, to, j, h, half, half, loadTwiddle<1>(d, tw + h), last);
+}
+
+// Two passes of radix 4 and the one of radix 2 that joins them, in registers: 8 * quarter points.
+template <bool Inverse, class D, class From, class To, class Last>
+HWY_INLINE void pass4And2(D d, From from, To to, std::size_t quarter, const hn::TFromD<D>* tw4,
+                          const hn::TFromD<D>* tw2, Last last) {
+    constexpr std::size_t group = columnGroup<hn::TFromD<D>>, lanes = hn::MaxLanes(D());
+    for (std::size_t j = 0; j < quarter; j += group, tw4 += 6 * group) {
+        for (std::size_t h = 0; h < group; h += lanes) {
+            const auto half = [&](From part) __attribute__((always_inline)) {
+                std::array<Cx<hn::Vec<D>>, 4> x;
+                x[0] = inRegisters(part.loadPart(d, j, h));
+                x[2] = twiddled<Inverse>(inRegisters(part.loadPart(d, j + quarter, h)), loadTwiddle<2>(d, tw4 + h));
+                x[1] = twiddled<Inverse>(inRegisters(part.loadPart(d, j + 2 * quarter, h)), loadTwiddle<1>(d, tw4 + h));
+                x[3] = twiddled<Inverse>(inRegisters(part.loadPart(d, j + 3 * quarter, h)), loadTwiddle<3>(d, tw4 + h));
+                butterfly4<Inverse>(x[0], x[1], x[2], x[3]);
+                return x;
+            };
+            const auto even = half(from), odd = half(from.from(4 * quarter));
+            repeat<4>([&](int q) __attribute__((always_inline)) {
+                const std::size_t n = j + q * quarter;
+                const auto turned = twiddled<Inverse>(odd[q], loadTwiddle<1>(d, tw2 + 2 * n + h));
+                to.storePart(d, n, h, last(even[q] + turned));
+                to.storePart(d, n + 4 * quarter, h, last(even[q] - turned));
+            });
+        }
+    }
 }
 
 // The radix-4 passes over 2^k points for k = first, first + 2, ... up to `last`, over `count` points in place.
@@ -254,18 +297,21 @@ template <bool Inverse, class D, class Work, class To, class Last>
 void passesTo(D d, Work work, To to, int order, const hn::TFromD<D>* twiddles, Last last) {
     using T = hn::TFromD<D>;
     constexpr int flatOrder = 11; // up to here the passes before the last run over the whole at once
-    const int joined = !Plan<T>::radix8First && order % 2 == 1 ? 1 : 2; // levels of the last pass
-    const std::size_t count = std::size_t{1} << order, part = count >> joined;
-    if (order <= flatOrder) {
-        passesThrough<Inverse>(d, work, count, firstPassOrder<T>(order) + 2, order - joined, twiddles);
+    const bool radix2Last = !Plan<T>::radix8First && order % 2 == 1, flat = order <= flatOrder;
+    const std::size_t count = std::size_t{1} << order, part = count >> (radix2Last ? 1 : 2);
+    const int passed = order - (!radix2Last ? 2 : flat ? 3 : 1); // levels before the last pass
+    if (flat) {
+        passesThrough<Inverse>(d, work, count, firstPassOrder<T>(order) + 2, passed, twiddles);
     } else {
-        for (std::size_t base = 0; base < count; base += part)
-            passes<Inverse>(d, work.from(base), order - joined, twiddles);
+        for (std::size_t base = 0; base < count; base += part) passes<Inverse>(d, work.from(base), passed, twiddles);
     }
-    if (joined == 1) {
-        pass2<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order + 1), last);
-    } else {
+    if (!radix2Last) {
         pass4<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order), last);
+    } else if (flat) {
+        pass4And2<Inverse>(d, work, to, part / 4, twiddles + twiddlesBefore<T>(order - 1),
+                           twiddles + twiddlesBefore<T>(order + 1), last);
+    } else {
+        pass2<Inverse>(d, work, to, part, twiddles + twiddlesBefore<T>(order + 1), last);
     }
 }
 
