@@ -1,5 +1,5 @@
 // Filtering without a state object: taps, delay line and position are the caller's.
-#include "fir/kernels.h"
+#include "filters/kernels.h"
 #include "orbs/fir.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 // Filtering with a state object: which path a block takes, and the paths.
-#include "fir/state.h"
+#include "filters/state.h"
 #include "foundation/threads.h"
+#include "orbs/fir.h"
 #include "orbs/spectra.h"
 #include "vectors/complex.h"
 

@@ -1,7 +1,8 @@
 // FIR state objects: sizes, building, taps, delay line, release.
-#include "fir/state.h"
+#include "filters/state.h"
 
 #include "foundation/threads.h"
+#include "orbs/fir.h"
 #include "orbs/foundation.h"
 
 #include <algorithm>
