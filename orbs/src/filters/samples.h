@@ -34,7 +34,7 @@ inline void widenParts(const Orb32f* pSrc, Orb64f* pDst, int len) {
     orbsConvert_32f64f(pSrc, pDst, len);
 }
 
-// 2^-scaleFactor as its exponent field alone has it: 0 for 1023, and beyond -1022 and 1023 what the bits happen to mean.
+// 2^-scaleFactor as its exponent field alone has it: 0 for 1023, and beyond -1023 and 1023 what the bits then mean.
 inline Orb64f scaleInExponent(int scaleFactor) {
     return std::bit_cast<Orb64f>((Orb64u{1023} - static_cast<Orb64u>(Orb64s{scaleFactor})) << 52);
 }
