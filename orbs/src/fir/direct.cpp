@@ -1,9 +1,6 @@
 // Filtering without a state object: taps, delay line and position are the caller's.
-#include "filters/kernels.h"
+#include "filters/samples.h"
 #include "orbs/fir.h"
-#include "vectors/narrow.h"
-#include "vectors/powers.h"
-#include "vectors/to_integer.h"
 
 #include <algorithm>
 #include <cstring>
@@ -16,29 +13,6 @@ using namespace orbs;
 
 template <class X>
 constexpr bool isInteger = std::is_integral_v<Part<X>>;
-
-// 2^-scaleFactor from its exponent field, the magnitude of the factor modulo 128; 2^-127 is 0 in single precision.
-template <class Sum>
-Sum scaleModulo128(int scaleFactor) {
-    const Orb32u magnitude = static_cast<Orb32u>(scaleFactor);
-    return powerOfTwo<Sum>(scaleFactor > 0 ? -static_cast<int>(magnitude % 128)
-                                           : static_cast<int>((0 - magnitude) % 128));
-}
-
-// sums * m to nearest, halves away from zero, saturated; of a NaN the lowest.
-template <class Sum, class X>
-void roundAndSaturate(const Sum* sums, Sum m, X* pDst, std::size_t count) {
-    using Limits = std::numeric_limits<X>;
-    forEachVector<Orb64f>(count, [=](auto d, std::size_t n) HWY_ATTR {
-        const hn::Rebind<Sum, decltype(d)> dSums;
-        const hn::Rebind<X, decltype(d)> dOutputs;
-        const auto scaled = valuesIn(d, hn::Mul(hn::LoadU(dSums, sums + n), hn::Set(dSums, m)));
-        const auto above = hn::Max(scaled, hn::Set(d, Orb64f{Limits::lowest()}));
-        const auto limited = hn::Min(above, hn::Set(d, Orb64f{Limits::max()}));
-        const auto whole = truncatedInt32(hn::Add(limited, hn::CopySign(hn::Set(d, 0.5), limited)));
-        hn::StoreU(valuesIn(dOutputs, whole), dOutputs, pDst + n);
-    });
-}
 
 // Products are rounded to the type of the taps. Sums are double, but single if they are rounded to integers anyway.
 template <class T, class X>
