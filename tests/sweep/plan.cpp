@@ -62,7 +62,7 @@ std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& a
 }
 
 // Cleared; of the next kind but one, for some have two tags; of no kind.
-const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 2.0; },
+const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 4.0; },
                               [](const Case&) { return 0x1p24; }};
 
 // ---- Planning ----

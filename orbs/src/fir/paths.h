@@ -219,12 +219,6 @@ OrbStatus filterInPlace(SampleOf<State>* pSrcDst, int numIters, State* pState, i
     return orbStsNoErr;
 }
 
-// What narrows the sum must not follow in the same function: see the upper halves of registers in HACKING.md.
-template <class T>
-[[gnu::noinline]] T dotProductApart(const T* h, const T* x, std::size_t count, T newest) {
-    return dotProduct(h, x, count, newest);
-}
-
 template <class State>
 OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState, int scaleFactor = 0) {
     if (anyNull(pState, pDstVal)) return orbStsNullPtrErr;
@@ -238,12 +232,7 @@ OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState
     pState->dlyLineIndex = index;
     const TapOf<State>* const h = pState->pTaps;
     const auto count = static_cast<std::size_t>(tapsLen);
-    if constexpr (isMixed<State>) {
-        const TapOf<State> y = dotProductApart(h, D + index, count, x);
-        narrow(&y, pDstVal, 1, scaleFactor);
-    } else {
-        *pDstVal = dotProduct(h, D + index, count, x);
-    }
+    *pDstVal = narrowOne<SampleOf<State>>(dotProduct(h, D + index, count, x), scaleFactor);
     return orbStsNoErr;
 }
 
