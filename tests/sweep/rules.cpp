@@ -37,11 +37,11 @@ const ObjectRule objectRules[] = {
     {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
-    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, nullptr, true},
+    {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, "$1", true},
     {{"OrbsWTFwdState(\\w+)", ""}, "WTFwd", nullptr, {}},
     {{"OrbsWTInvState(\\w+)", ""}, "WTInv", nullptr, {}},
     {{"OrbsHilbertSpec(\\w+)", ""}, "Hilbert", nullptr, {}},
-    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, nullptr, true},
+    {{"OrbsRandGaussState(\\w+)", ""}, "RandGauss", "GetSize", {{"pState", "pSize"}}, "$1", true},
 };
 
 // ---- Lengths of vectors ----
@@ -516,6 +516,10 @@ const Rules& rules() {
 
 int channels(const Case& c) {
     return 1 + c.turn % 9;
+}
+
+bool secondWay(const Case& c) {
+    return c.turn % 5 % 2 == 1;
 }
 
 } // namespace sweep

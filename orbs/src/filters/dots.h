@@ -8,7 +8,7 @@
 
 #include "filters/kernels.h"
 #include "vectors/complex.h"
-#include "vectors/nearest.h"
+#include "vectors/values.h"
 
 #include <cstdint>
 
@@ -45,17 +45,6 @@ constexpr std::size_t dotGroups(std::int64_t taps) {
 }
 
 // ---- Kernel ----
-
-template <class D, class T>
-HWY_INLINE hn::Vec<D> loadSamples(D d, const T* p) {
-    if constexpr (std::is_same_v<T, hn::TFromD<D>>) {
-        return hn::LoadU(d, p);
-    } else if constexpr (std::is_floating_point_v<T>) {
-        return hn::PromoteTo(d, hn::LoadU(hn::Rebind<T, D>(), p));
-    } else {
-        return loadFloats(d, p);
-    }
-}
 
 // (lower half + upper half of a, the same of b).
 template <class D, class V>
@@ -124,29 +113,25 @@ HWY_INLINE void dotProducts(const Meetings<Tap, Sample>& meet, std::size_t group
     constexpr std::size_t outputs = Meetings<Tap, Sample>::outputs, parts = partCount<Tap>;
     const hn::CappedTag<Sum, lanes> d;
     const hn::Rebind<Real, decltype(d)> dTaps;
+    const hn::Rebind<Part<Sample>, decltype(d)> dSamples;
     constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
-    const auto promoted = [=](auto product) HWY_ATTR {
-        if constexpr (std::is_same_v<Sum, Real>) return product;
-        if constexpr (!std::is_same_v<Sum, Real>) return hn::PromoteTo(d, product);
-    };
-
     hn::Vec<decltype(d)> acc[4][vectors];
     const auto add = [&](std::size_t v, std::size_t offset, auto first) HWY_ATTR {
         auto taps = hn::LoadU(dTaps, meet.taps[0] + offset);
 #pragma GCC unroll 4
         for (std::size_t k = 0; k < outputs; ++k) {
             if constexpr (!sameTaps) taps = hn::LoadU(dTaps, meet.taps[k] + offset);
-            auto samples = loadSamples(dTaps, meet.samples[k] + offset);
+            auto samples = valuesIn(dTaps, hn::LoadU(dSamples, meet.samples[k] + offset));
             if constexpr (first()) {
                 const auto unused = static_cast<std::size_t>(meet.unused[k]);
                 samples = hn::IfThenZeroElse(hn::FirstN(dTaps, unused - std::min(unused, offset)), samples);
             }
-            const auto straight = promoted(hn::Mul(taps, samples));
+            const auto straight = valuesIn(d, hn::Mul(taps, samples));
             auto& sum = acc[k * parts][v];
             if constexpr (first()) sum = straight;
             if constexpr (!first()) sum = hn::Add(sum, straight);
             if constexpr (parts == 2) {
-                const auto crossed = promoted(hn::Mul(taps, hn::Reverse2(dTaps, samples)));
+                const auto crossed = valuesIn(d, hn::Mul(taps, hn::Reverse2(dTaps, samples)));
                 auto& other = acc[k * parts + 1][v];
                 if constexpr (first()) other = crossed;
                 if constexpr (!first()) other = hn::Add(other, crossed);

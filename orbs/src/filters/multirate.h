@@ -30,8 +30,8 @@ RowPlace* rowPlaces(const State* state) {
 }
 
 template <class State>
-typename State::Sample* sampleLine(const State* state) {
-    return reinterpret_cast<typename State::Sample*>(state->pDlyLine.get());
+SampleOf<State>* sampleLine(const State* state) {
+    return reinterpret_cast<SampleOf<State>*>(state->pDlyLine.get());
 }
 
 // Writes the row of the output that meets the samples as told, for taps in natural order.
@@ -46,8 +46,8 @@ RowPlace writeRow(Meeting meeting, const Tap* pTaps, std::int64_t tapsLen, std::
 }
 
 template <class State>
-Rows<typename State::Tap> rowsOf(const State* state) {
-    using Tap = typename State::Tap;
+Rows<TapOf<State>> rowsOf(const State* state) {
+    using Tap = TapOf<State>;
     return {state->pTapsAux,
             rowPlaces(state),
             state->upFactor,
@@ -58,8 +58,8 @@ Rows<typename State::Tap> rowsOf(const State* state) {
 
 // Taps in natural order into a state whose rates are set.
 template <class State>
-OrbStatus setMultiRateTaps(State* state, const typename State::Tap* pTaps) {
-    using Tap = typename State::Tap;
+OrbStatus setMultiRateTaps(State* state, const TapOf<State>* pTaps) {
+    using Tap = TapOf<State>;
     std::reverse_copy(pTaps, pTaps + state->tapsLen, state->pTaps.get());
     const Rates rates = ratesOf(state);
     const std::size_t rowLen = rowsOf(state).rowLen();
@@ -71,11 +71,11 @@ OrbStatus setMultiRateTaps(State* state, const typename State::Tap* pTaps) {
 
 // Outputs first to first + count - 1 into pDst and on; samples[0] is the first one of the block.
 template <class State>
-void runRows(const State* state, const typename State::Sample* samples, std::int64_t first, std::size_t count,
-             typename State::Sample* pDst, int scaleFactor) {
-    using Tap = typename State::Tap;
+void runRows(const State* state, const SampleOf<State>* samples, std::int64_t first, std::size_t count,
+             SampleOf<State>* pDst, int scaleFactor) {
+    using Tap = TapOf<State>;
     const Rows<Tap> rows = rowsOf(state);
-    if constexpr (std::is_same_v<Tap, typename State::Sample>) {
+    if constexpr (std::is_same_v<Tap, SampleOf<State>>) {
         dotRun(rows, samples, first, count, asParts(pDst));
     } else {
         constexpr std::size_t most = 256;
@@ -90,9 +90,9 @@ void runRows(const State* state, const typename State::Sample* samples, std::int
 
 // A block of numIters periods; pDst must not overlap pSrc.
 template <class State>
-OrbStatus filterMultiRate(State* state, const typename State::Sample* pSrc, typename State::Sample* pDst, int numIters,
+OrbStatus filterMultiRate(State* state, const SampleOf<State>* pSrc, SampleOf<State>* pDst, int numIters,
                           int scaleFactor) {
-    using Sample = typename State::Sample;
+    using Sample = SampleOf<State>;
     const std::ptrdiff_t inputs = std::ptrdiff_t{numIters} * state->downFactor, line = state->dlyLineLen;
     const std::int64_t outputs = std::int64_t{numIters} * state->upFactor;
     const auto reach = static_cast<std::ptrdiff_t>(rowsOf(state).rowLen()) - 1;
@@ -145,15 +145,15 @@ private:
 // More outputs than samples need a copy of these. Else the outputs of some periods at a time are worked out before they
 // are written over samples that are no longer needed.
 template <class State>
-OrbStatus filterMultiRateInPlace(State* state, typename State::Sample* pSrcDst, int numIters, int scaleFactor) {
-    using Sample = typename State::Sample;
+OrbStatus filterMultiRateInPlace(State* state, SampleOf<State>* pSrcDst, int numIters, int scaleFactor) {
+    using Sample = SampleOf<State>;
     const std::ptrdiff_t up = state->upFactor, down = state->downFactor;
     if (up > down) {
         const CopiedInput<Sample> input(pSrcDst, std::int64_t{numIters} * down);
         if (!input.get()) return orbStsMemAllocErr;
         return filterMultiRate(state, input.get(), pSrcDst, numIters, scaleFactor);
     }
-    Sample* const staging = state->pStaging;
+    Sample* const staging = reinterpret_cast<Sample*>(state->pStaging.get());
     const Sample* src = pSrcDst;
     for (int rest = numIters; rest > 0;) {
         const int periods = std::min(rest, state->mrCount);

@@ -8,11 +8,6 @@ namespace {
 
 using namespace orbs;
 
-template <class State>
-using TapOf = typename State::Tap;
-template <class State>
-using SampleOf = typename State::Sample;
-
 // ---- Sizes ----
 
 // Forms differ in what is reported for them. It was fixed for tables of several shapes; ours is one, of the rows of a
@@ -104,7 +99,7 @@ State* build(const Areas<State>& areas, const TapOf<State>* pTaps, int tapsLen, 
     state->mrCount = areas.periods;
     state->mrKind = formOf<State>(tapsLen, rates.upFactor, rates.downFactor);
     state->dlyLineLen = rates.lineLength(tapsLen);
-    state->pStaging = areas.staging;
+    state->pStaging = reinterpret_cast<TapOf<State>*>(areas.staging);
     setMultiRateTaps(state, pTaps);
     if (pDlyLine) {
         std::reverse_copy(pDlyLine, pDlyLine + state->dlyLineLen, areas.delay);
