@@ -25,7 +25,7 @@ Form formOf(int tapsLen, int upFactor, int downFactor) {
 
 // The samples of a block that were to run through the delay buffer: the least multiple of 4 * D above the length of a
 // dot product and one more, and so many times D that whole periods of four outputs each come from them.
-std::uint64_t headLength(std::uint64_t dotLen, std::uint64_t taps, std::uint64_t U, std::uint64_t D) {
+std::uint64_t headLength(std::uint64_t dotLen, std::uint64_t taps, std::uint64_t D) {
     std::uint64_t length = (dotLen / (4 * D) + 1) * 4 * D + 1;
     for (std::uint64_t periods = (D + taps - 1) / D; periods % 4 != 0; ++periods) length += D;
     return length;
@@ -39,7 +39,7 @@ std::uint64_t stateSize(int tapsLen, int upFactor, int downFactor) {
                D = static_cast<std::uint64_t>(downFactor);
     const std::uint64_t C = (L + U - 1) / U, P = roundUp(L + 3 * D, U);
     const bool isDirect = formOf<State>(tapsLen, upFactor, downFactor) == direct;
-    const std::uint64_t head = headLength(isDirect ? P / U : C, C, U, D);
+    const std::uint64_t head = headLength(isDirect ? P / U : C, C, D);
     const std::uint64_t places = isDirect ? 4 * U + 16 : (4 * U + 1) * 4;
     const std::uint64_t staging = std::max<std::uint64_t>(isDirect ? 4 * P : 8 * P, 4096);
     return roundUp(tap * L, 16) + 4 * tap * P + roundUp(places, 16) + tap * staging +
