@@ -24,6 +24,7 @@ using support::sameBits;
         using Sample = Orb##x;                                                                                         \
         using State = OrbsFIRState##pair;                                                                              \
         static constexpr auto getStateSize = orbsFIRMRGetStateSize##pair, singleRateSize = orbsFIRGetStateSize##pair;  \
+        static constexpr auto singleRateInit = orbsFIRInit##pair;                                                      \
         static constexpr auto init = orbsFIRMRInit##pair;                                                              \
         static constexpr auto initAlloc = orbsFIRMRInitAlloc##pair;                                                    \
         static constexpr auto free = orbsFIRFree##pair;                                                                \
@@ -242,7 +243,7 @@ std::vector<T> slice(const std::vector<T>& v, std::size_t first, std::size_t cou
     return {from, from + static_cast<std::ptrdiff_t>(count)};
 }
 
-// The samples, the line, and then the rest, in runs of some periods: run(first sample, samples, first output, outputs).
+// A stream in runs of some periods: run(first sample, samples, first output, outputs).
 template <class Run>
 void inRuns(const Rates& rates, int periods, support::Random& random, Run run) {
     for (int n = 0, count; n < periods; n += count) {

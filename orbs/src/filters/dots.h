@@ -20,17 +20,26 @@ struct RowPlace {
     Orb32s first, unused;
 };
 
-// The rows of a period of `count` outputs; the next one begins `step` samples on. A filter that only leaves out outputs
-// has one row.
+// The rows of a period of `count` outputs, and of the three that follow it: four outputs never wrap. The next period
+// begins `step` samples on. A single row serves all outputs of a filter that only leaves out some.
 template <class Tap>
 struct Rows {
     const Tap* taps;
     const RowPlace* places;
     std::int64_t count, step;
     std::size_t lanes, groups;
+    bool whole; // no part is unused
 
     std::size_t rowLen() const { return lanes * groups / partCount<Tap>; }
 };
+
+// As many outputs as make whole periods, and one if all have the same taps; and the rows that they have.
+constexpr std::int64_t periodRows(std::int64_t upFactor) {
+    return upFactor == 1 ? 1 : upFactor * ((3 + upFactor) / upFactor);
+}
+constexpr std::int64_t storedRows(std::int64_t upFactor) {
+    return upFactor == 1 ? 1 : periodRows(upFactor) + 3;
+}
 
 // Few taps have few lanes. Sum is the type of the sums.
 template <class Sum, class Tap>
@@ -97,53 +106,70 @@ HWY_INLINE void storeSums(D d, V a, V b, V c, V e, T* sums) {
     }
 }
 
-// What a kernel works on at a time: outputs of four parts together, each with its taps and its samples.
+// What a kernel works on at a time: outputs of four parts together. Their rows lie one behind the other, or are one row.
 template <class Tap, class Sample>
 struct Meetings {
     static constexpr std::size_t outputs = 4 / partCount<Tap>;
-    const Part<Tap>* taps[outputs];
+    const Part<Tap>* taps;
+    const RowPlace* places;
     const Part<Sample>* samples[outputs];
-    Orb32s unused[outputs];
 };
 
-// sums[k] is the sum of the products of meeting k. If all have the same taps these are loaded once.
-template <std::size_t lanes, bool sameTaps, class Sum, class Tap, class Sample>
-HWY_INLINE void dotProducts(const Meetings<Tap, Sample>& meet, std::size_t groups, Sum* sums) {
+// What the outputs of a group have in common, which is then loaded once.
+enum class Shared { nothing, row, samples };
+
+enum class Products { first, firstMasked, further };
+
+// sums[k] is the sum of the products of output k.
+template <std::size_t lanes, Shared shared, class Sum, class Tap, class Sample>
+HWY_INLINE void dotProducts(const Meetings<Tap, Sample>& meet, const Rows<Tap>& rows, Sum* sums) {
     using Real = Part<Tap>;
     constexpr std::size_t outputs = Meetings<Tap, Sample>::outputs, parts = partCount<Tap>;
     const hn::CappedTag<Sum, lanes> d;
     const hn::Rebind<Real, decltype(d)> dTaps;
     const hn::Rebind<Part<Sample>, decltype(d)> dSamples;
+    const hn::RebindToSigned<decltype(dTaps)> dPlaces;
     constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
+    const std::size_t rowParts = lanes * rows.groups;
+
     hn::Vec<decltype(d)> acc[4][vectors];
-    const auto add = [&](std::size_t v, std::size_t offset, auto first) HWY_ATTR {
-        auto taps = hn::LoadU(dTaps, meet.taps[0] + offset);
+    const auto add = [&](auto kind, std::size_t v, std::size_t offset) HWY_ATTR {
+        auto taps = hn::LoadU(dTaps, meet.taps + offset);
+        auto loaded = valuesIn(dTaps, hn::LoadU(dSamples, meet.samples[0] + offset));
 #pragma GCC unroll 4
         for (std::size_t k = 0; k < outputs; ++k) {
-            if constexpr (!sameTaps) taps = hn::LoadU(dTaps, meet.taps[k] + offset);
-            auto samples = valuesIn(dTaps, hn::LoadU(dSamples, meet.samples[k] + offset));
-            if constexpr (first()) {
-                const auto unused = static_cast<std::size_t>(meet.unused[k]);
-                samples = hn::IfThenZeroElse(hn::FirstN(dTaps, unused - std::min(unused, offset)), samples);
+            if (shared != Shared::row && k > 0) taps = hn::LoadU(dTaps, meet.taps + k * rowParts + offset);
+            if (shared != Shared::samples && k > 0)
+                loaded = valuesIn(dTaps, hn::LoadU(dSamples, meet.samples[k] + offset));
+            auto samples = loaded;
+            if constexpr (kind() == Products::firstMasked) {
+                using Place = hn::TFromD<decltype(dPlaces)>;
+                const auto place = hn::Iota(dPlaces, static_cast<Place>(v * step));
+                const auto used = hn::Set(dPlaces, Place{meet.places[shared == Shared::row ? 0 : k].unused});
+                samples = hn::IfThenZeroElse(hn::RebindMask(dTaps, hn::Lt(place, used)), samples);
             }
-            const auto straight = valuesIn(d, hn::Mul(taps, samples));
-            auto& sum = acc[k * parts][v];
-            if constexpr (first()) sum = straight;
-            if constexpr (!first()) sum = hn::Add(sum, straight);
-            if constexpr (parts == 2) {
-                const auto crossed = valuesIn(d, hn::Mul(taps, hn::Reverse2(dTaps, samples)));
-                auto& other = acc[k * parts + 1][v];
-                if constexpr (first()) other = crossed;
-                if constexpr (!first()) other = hn::Add(other, crossed);
-            }
+            const auto into = [&](auto& sum, auto product) HWY_ATTR {
+                if constexpr (kind() == Products::further) {
+                    sum = hn::Add(sum, valuesIn(d, product));
+                } else {
+                    sum = valuesIn(d, product);
+                }
+            };
+            into(acc[k * parts][v], hn::Mul(taps, samples));
+            if constexpr (parts == 2) into(acc[k * parts + 1][v], hn::Mul(taps, hn::Reverse2(dTaps, samples)));
         }
     };
+    const auto addAll = [&](auto kind, std::size_t offset) HWY_ATTR {
 #pragma GCC unroll 4
-    for (std::size_t v = 0; v < vectors; ++v) add(v, v * step, std::true_type());
-    for (std::size_t n = lanes; n < groups * lanes; n += lanes) {
-#pragma GCC unroll 4
-        for (std::size_t v = 0; v < vectors; ++v) add(v, n + v * step, std::false_type());
+        for (std::size_t v = 0; v < vectors; ++v) add(kind, v, offset + v * step);
+    };
+    if (rows.whole) {
+        addAll(std::integral_constant<Products, Products::first>(), 0);
+    } else {
+        addAll(std::integral_constant<Products, Products::firstMasked>(), 0);
     }
+    for (std::size_t n = lanes; n < rowParts; n += lanes)
+        addAll(std::integral_constant<Products, Products::further>(), n);
 
 #pragma GCC unroll 4
     for (std::size_t k = 0; k < 4; ++k) {
@@ -161,45 +187,50 @@ HWY_INLINE void dotProducts(const Meetings<Tap, Sample>& meet, std::size_t group
 // ---- Runs of outputs ----
 
 // The outputs first to first + count - 1. Sample 0 of output 0's period lies at `samples`.
-template <std::size_t lanes, bool sameTaps, class Sum, class Tap, class Sample>
-void dotRun(const Rows<Tap>& rows, const Sample* samples, std::int64_t first, std::size_t count, Sum* sums) {
+template <std::size_t lanes, bool oneRow, class Sum, class Tap, class Sample>
+void dotRun(const Rows<Tap>& told, const Sample* samples, std::int64_t first, std::size_t count, Sum* sums) {
     using Group = Meetings<Tap, Sample>;
-    const std::size_t rowLen = rows.groups * lanes;
-    const Part<Tap>* const begin = asParts(rows.taps);
-    const RowPlace* const end = rows.places + rows.count;
-    const RowPlace* place = rows.places + first % rows.count;
-    const Part<Tap>* taps = begin + static_cast<std::size_t>(first % rows.count) * rowLen;
-    samples += static_cast<std::ptrdiff_t>(first / rows.count * rows.step);
-    const auto advance = [&](Group& meet, std::size_t k) {
-        meet.taps[k] = taps;
-        meet.samples[k] = asParts(samples + place->first);
-        meet.unused[k] = place->unused;
-        if (!sameTaps) taps += rowLen, ++place;
-        if (sameTaps || place == end) {
-            taps = begin;
-            place = rows.places;
-            samples += static_cast<std::ptrdiff_t>(rows.step);
-        }
+    const Rows<Tap> rows = told;
+    const std::size_t rowParts = rows.groups * lanes;
+    const auto step = static_cast<std::ptrdiff_t>(rows.step);
+    auto row = static_cast<std::size_t>(first % rows.count);
+    samples += static_cast<std::ptrdiff_t>(first / rows.count) * step;
+    const auto sampleOf = [&](std::size_t k) {
+        if (oneRow) return asParts(samples + rows.places->first + static_cast<std::ptrdiff_t>(k) * step);
+        return asParts(samples + rows.places[row + k].first);
     };
-
-    Group meet;
-    for (; count >= Group::outputs; count -= Group::outputs, sums += 4) {
-#pragma GCC unroll 4
-        for (std::size_t k = 0; k < Group::outputs; ++k) advance(meet, k);
-        dotProducts<lanes, sameTaps>(meet, rows.groups, sums);
-    }
-    if (count == 0) return;
-    // Fewer are filled up with the first of them.
-    for (std::size_t k = 0; k < Group::outputs; ++k) {
-        if (k < count) {
-            advance(meet, k);
-        } else {
-            meet.taps[k] = meet.taps[0], meet.samples[k] = meet.samples[0], meet.unused[k] = meet.unused[0];
+    const auto advance = [&](std::size_t outputs) {
+        if (oneRow) {
+            samples += static_cast<std::ptrdiff_t>(outputs) * step;
+            return;
         }
+        row += outputs;
+        if (row < static_cast<std::size_t>(rows.count)) return;
+        row -= static_cast<std::size_t>(rows.count);
+        samples += step;
+    };
+    const auto groupAt = [&] { return Group{asParts(rows.taps) + row * rowParts, rows.places + row, {}}; };
+
+    for (; count >= Group::outputs; count -= Group::outputs, sums += 4) {
+        Group meet = groupAt();
+#pragma GCC unroll 4
+        for (std::size_t k = 0; k < Group::outputs; ++k) meet.samples[k] = sampleOf(k);
+        constexpr Shared usual = oneRow ? Shared::row : Shared::nothing;
+        if (!oneRow && meet.samples[0] == meet.samples[Group::outputs - 1]) {
+            dotProducts<lanes, Shared::samples>(meet, rows, sums);
+        } else {
+            dotProducts<lanes, usual>(meet, rows, sums);
+        }
+        advance(Group::outputs);
     }
-    Sum rest[4];
-    dotProducts<lanes, sameTaps>(meet, rows.groups, rest);
-    std::copy_n(rest, count * partCount<Tap>, sums);
+    for (; count > 0; --count, sums += partCount<Tap>) {
+        Group meet = groupAt();
+        std::fill_n(meet.samples, Group::outputs, sampleOf(0));
+        Sum same[4];
+        dotProducts<lanes, Shared::row>(meet, rows, same);
+        std::copy_n(same, partCount<Tap>, sums);
+        advance(1);
+    }
 }
 
 template <class Sum, class Tap, class Sample>

@@ -48,23 +48,20 @@ RowPlace writeRow(Meeting meeting, const Tap* pTaps, std::int64_t tapsLen, std::
 template <class State>
 Rows<TapOf<State>> rowsOf(const State* state) {
     using Tap = TapOf<State>;
-    return {state->pTapsAux,
-            rowPlaces(state),
-            state->upFactor,
-            state->downFactor,
-            dotLanes<Part<Tap>, Tap>(state->dlyLineLen),
-            dotGroups<Part<Tap>, Tap>(state->dlyLineLen)};
+    const std::int64_t up = state->upFactor, taps = state->dlyLineLen, rows = periodRows(up);
+    const std::size_t lanes = dotLanes<Part<Tap>, Tap>(taps), groups = dotGroups<Part<Tap>, Tap>(taps);
+    const bool whole = state->tapsLen == taps * up && static_cast<std::size_t>(taps) * partCount<Tap> == lanes * groups;
+    return {state->pTapsAux, rowPlaces(state), rows, rows / up * state->downFactor, lanes, groups, whole};
 }
 
 // Taps in natural order into a state whose rates are set.
 template <class State>
 OrbStatus setMultiRateTaps(State* state, const TapOf<State>* pTaps) {
-    using Tap = TapOf<State>;
     std::reverse_copy(pTaps, pTaps + state->tapsLen, state->pTaps.get());
     const Rates rates = ratesOf(state);
     const std::size_t rowLen = rowsOf(state).rowLen();
-    Tap* row = state->pTapsAux;
-    for (int m = 0; m < state->upFactor; ++m, row += rowLen)
+    TapOf<State>* row = state->pTapsAux;
+    for (std::int64_t m = 0; m < storedRows(state->upFactor); ++m, row += rowLen)
         rowPlaces(state)[m] = writeRow(rates.of(m), pTaps, state->tapsLen, state->upFactor, rowLen, row);
     return orbStsNoErr;
 }

@@ -35,7 +35,7 @@ private:
     static constexpr std::size_t longest = longestRow / partCount<Tap>;
 
     Rows<Tap> oneRow(const Tap* row, const RowPlace* place, std::int64_t taps) const {
-        return {row, place, 1, rates_.downFactor, dotLanes<Sum, Tap>(taps), dotGroups<Sum, Tap>(taps)};
+        return {row, place, 1, rates_.downFactor, dotLanes<Sum, Tap>(taps), dotGroups<Sum, Tap>(taps), false};
     }
 
     // Outputs that have the same taps, one in each period, run together.
@@ -86,7 +86,8 @@ private:
             Sum sum[partCount<Tap>] = {};
             for (std::int64_t left = count; left > 0;) {
                 const auto length = std::min(left, static_cast<std::int64_t>(longest));
-                const Rows<Tap> rows = oneRow(taps.data(), nullptr, length);
+                RowPlace place{};
+                const Rows<Tap> rows = oneRow(taps.data(), &place, length);
                 const auto unused = rows.rowLen() - static_cast<std::size_t>(length);
                 std::fill_n(taps.data(), unused, Tap{});
                 std::fill_n(samples.data(), unused, Sample{});
@@ -95,9 +96,9 @@ private:
                     taps[n] = pTaps_[meeting.tap + left * rates_.upFactor];
                     samples[n] = sampleAt(meeting.newest - left);
                 }
-                const RowPlace place{0, static_cast<Orb32s>(unused * partCount<Tap>)};
-                Sum piece[4];
-                dotRun(Rows<Tap>{taps.data(), &place, 1, 0, rows.lanes, rows.groups}, samples.data(), 0, 1, piece);
+                place.unused = static_cast<Orb32s>(unused * partCount<Tap>);
+                Sum piece[partCount<Tap>];
+                dotRun(rows, samples.data(), 0, 1, piece);
                 for (std::size_t part = 0; part < partCount<Tap>; ++part) sum[part] += piece[part];
             }
             store(sum, m, 1, 1);

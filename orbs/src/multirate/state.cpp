@@ -61,7 +61,8 @@ struct Areas {
 template <class State>
 Areas<State> layOut(void* base, std::uint64_t size, int tapsLen, const Rates& rates) {
     using Tap = TapOf<State>;
-    const auto taps = static_cast<std::uint64_t>(tapsLen), up = static_cast<std::uint64_t>(rates.upFactor);
+    const auto taps = static_cast<std::uint64_t>(tapsLen), up = static_cast<std::uint64_t>(rates.upFactor),
+               stored = static_cast<std::uint64_t>(storedRows(rates.upFactor));
     const std::int64_t line = rates.lineLength(tapsLen);
     const std::uint64_t rowLen =
         dotLanes<Part<Tap>, Tap>(line) * dotGroups<Part<Tap>, Tap>(line) / std::uint64_t{partCount<Tap>};
@@ -70,8 +71,8 @@ Areas<State> layOut(void* base, std::uint64_t size, int tapsLen, const Rates& ra
     Areas<State> areas;
     areas.head = block.take<State>(1, 16);
     areas.taps = block.take<Tap>(taps, 16);
-    areas.places = block.take<RowPlace>(up, 16);
-    Orb8u* const rows = block.take<Orb8u>(up * rowLen * sizeof(Tap) + toCacheLine, 16);
+    areas.places = block.take<RowPlace>(stored, 16);
+    Orb8u* const rows = block.take<Orb8u>(stored * rowLen * sizeof(Tap) + toCacheLine, 16);
     areas.rows = reinterpret_cast<Tap*>(alignUp(rows, cacheLine));
     areas.delay = block.take<SampleOf<State>>(static_cast<std::uint64_t>(line) + rowLen - 1, 16);
     areas.staging = block.take<SampleOf<State>>(0, 16);
