@@ -26,12 +26,12 @@ ORBS_DECLARATIONS_BEGIN
  * Init builds a state in the caller's block, of any alignment. InitAlloc takes the memory itself, in one block. A null
  * pDlyLine means zeros. A state holds no address: its block may be copied, saved, or mapped elsewhere.
  *
- * Blocks (orbsFIR): each product is rounded to the type of the taps and added up in it, in 4, 8 or 16 sums of every so
- * manieth product that are folded in halves; how many depends on the taps an output has. Samples of another type are
- * widened exactly; outputs are rounded to them, scaled and saturated as those of single-rate filters. The bits do not
- * depend on how a stream is cut into calls, nor on thread count, alignment or processor. A sample that an output does
- * not reach has no influence on it, be it an infinity or NaN. Calls of more than 1600 periods (complex: 800) are spread
- * over threads. pSrc and pDst must not overlap.
+ * Blocks (orbsFIR): each product is rounded to the type of the taps and added up in it: from the oldest sample to the
+ * newest in _32f and _64f if downFactor is 1, else in 4, 8 or 16 interleaved sums that are folded in halves; how many
+ * depends on the taps that an output has. Samples of another type are widened exactly; outputs are rounded to them,
+ * scaled and saturated as those of single-rate filters. The bits do not depend on how a stream is cut into calls, nor
+ * on thread count, alignment or processor. A sample that an output does not reach has no influence on it, be it an
+ * infinity or NaN. A numIters above 1600 (complex: 800) is spread over threads. pSrc and pDst must not overlap.
  * In place: pSrcDst holds numIters * downFactor samples, and then numIters * upFactor outputs; nothing is written
  * behind the longer of the two, nor behind the last output. If upFactor is above downFactor a copy of the samples is
  * allocated for the call (no memory: orbStsMemAllocErr, and nothing is written); else nothing is.

@@ -73,8 +73,8 @@ template <class D, class V, class T>
 HWY_INLINE void storeBlockSums(D d, V ac, V be, T* sums) {
     const hn::Repartition<Orb64f, D> halves;
     const auto x = hn::BitCast(halves, ac), y = hn::BitCast(halves, be);
-    const V abce = hn::Add(hn::BitCast(d, hn::InterleaveLower(halves, x, y)),
-                           hn::BitCast(d, hn::InterleaveUpper(halves, x, y)));
+    const V abce =
+        hn::Add(hn::BitCast(d, hn::InterleaveLower(halves, x, y)), hn::BitCast(d, hn::InterleaveUpper(halves, x, y)));
     if constexpr (sizeof(T) == 8) {
         hn::StoreU(abce, d, sums);
     } else {
@@ -106,7 +106,8 @@ HWY_INLINE void storeSums(D d, V a, V b, V c, V e, T* sums) {
     }
 }
 
-// What a kernel works on at a time: outputs of four parts together. Their rows lie one behind the other, or are one row.
+// What a kernel works on at a time: outputs of four parts together. Their rows lie one behind the other, or are one
+// row.
 template <class Tap, class Sample>
 struct Meetings {
     static constexpr std::size_t outputs = 4 / partCount<Tap>;

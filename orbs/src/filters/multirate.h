@@ -3,10 +3,10 @@
 //   D, the delay buffer, in the type of the samples: the last dlyLineLen of them, oldest first. Behind these there is
 //   room for the first samples of a block, so that outputs which reach back into the line find theirs in one run.
 //
-// Every output is one dot product, so a stream gives the same bits however it is cut.
+// What order the sum of an output has is fixed by taps and rates, so a stream gives the same bits however it is cut.
 #pragma once
 
-#include "filters/dots.h"
+#include "filters/phases.h"
 #include "filters/rates.h"
 #include "filters/samples.h"
 #include "filters/state.h"
@@ -73,6 +73,9 @@ void runRows(const State* state, const SampleOf<State>* samples, std::int64_t fi
     using Tap = TapOf<State>;
     const Rows<Tap> rows = rowsOf(state);
     if constexpr (std::is_same_v<Tap, SampleOf<State>>) {
+        if constexpr (!isComplex<Tap>)
+            if (state->downFactor == 1)
+                return phaseRun(rows, static_cast<std::size_t>(state->upFactor), samples, first, count, pDst);
         dotRun(rows, samples, first, count, asParts(pDst));
     } else {
         constexpr std::size_t most = 256;
