@@ -6,7 +6,7 @@
 // What order the sum of an output has is fixed by taps and rates, so a stream gives the same bits however it is cut.
 #pragma once
 
-#include "filters/phases.h"
+#include "filters/raising.h"
 #include "filters/rates.h"
 #include "filters/samples.h"
 #include "filters/state.h"
