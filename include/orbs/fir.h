@@ -11,18 +11,24 @@ ORBS_DECLARATIONS_BEGIN
  * A state holds the taps h[0 .. tapsLen-1] and the last tapsLen samples of one stream x, and the calls of the next
  * family give y[n] = sum over k of h[k] * x[n-k]. In the calls here a delay line is newest sample first:
  * pDlyLine[0] is x[n-1] for the next output y[n], pDlyLine[tapsLen-1] the oldest. Taps are in natural order.
+ * Where a name tells two types, the first is that of the taps and of the arithmetic, the second that of the samples:
+ * FIR64f_16s has taps of Orb64f and samples of Orb16s. _32s has integers for taps, too, and computes with doubles: its
+ * states are those of 64f_32s.
  *
  * GetStateSize: the bytes that Init needs at pBuffer, for the thread count of the moment. The number is taken modulo
  * 2^32; where the true one does not fit an int, Init gives orbStsMemAllocErr.
  * Init builds a state in the caller's block, of any alignment; *ppState points into it. Such a state always filters
  * directly, and needs no Free.
- * InitAlloc takes the memory itself, aligned to 32 bytes, all of it in one block. From 64 taps (_32f), 32 (_64f) or 16
- * (_32fc, _64fc) it adds an FFT of the smallest power of two above twice tapsLen, so that long blocks are filtered
+ * InitAlloc takes the memory itself, aligned to 32 bytes, all of it in one block. From 64 single taps, 32 double ones
+ * or 16 complex ones it adds an FFT of the smallest power of two above twice tapsLen, so that long blocks are filtered
  * by overlap-save.
  * Free releases what InitAlloc took and does nothing to a state in the caller's block.
- * SetTaps replaces the taps, and keeps the delay line. GetTaps returns them unchanged, bit for bit.
+ * SetTaps replaces the taps, and keeps the delay line. GetTaps returns them unchanged, bit for bit; GetTaps_32s of a
+ * state that was made with doubles cuts them off toward zero, and -2^31 stands for what is no Orb32s.
  * SetDlyLine replaces the delay line, GetDlyLine reads it. A null pDlyLine means zeros in Init, InitAlloc and
  * SetDlyLine.
+ * Multi-rate states, which FIRMRInit and FIRMRInitAlloc make, have the same SetTaps, GetTaps, SetDlyLine, GetDlyLine
+ * and Free (but those of _32s, which take none): a delay line then has as many samples as that family tells.
  *
  * A state holds no address: its block may be copied, saved, or mapped elsewhere at an equal alignment to 32 bytes.
  * It belongs to one stream: no two calls may use it at a time. The thread count may change during its life; an
@@ -34,7 +40,8 @@ ORBS_DECLARATIONS_BEGIN
  *                              no memory, or 2 GiB of it or more: orbStsMemAllocErr; InitAlloc only, no memory to
  *                              prepare the FFT: orbStsNullPtrErr. *ppState is then left as it was.
  *   Free, SetTaps, GetTaps,    any null pointer (but pDlyLine of SetDlyLine): orbStsNullPtrErr; pState is not a state
- *   SetDlyLine, GetDlyLine     of the member's type: orbStsContextMatchErr */
+ *   SetDlyLine, GetDlyLine     of the member's types: orbStsContextMatchErr. SetTaps_32s does not test the state: it
+ *                              must be one. */
 typedef struct OrbsFIRState_32f OrbsFIRState_32f;
 typedef struct OrbsFIRState_32fc OrbsFIRState_32fc;
 typedef struct OrbsFIRState32f_16s OrbsFIRState32f_16s;
@@ -159,23 +166,36 @@ OrbStatus orbsFIRGetDlyLine_32s(const OrbsFIRState_32s* pState, Orb32s* pDlyLine
  * state, whose delay line is brought up to date. orbsFIR_.._I: pSrcDst is replaced. orbsFIROne: one sample. Blocks of
  * any lengths and single samples may be mixed. pSrc and pDst must not overlap; the state is no part of either.
  *
+ * Where samples are of another type than taps, they are widened exactly, filtered, and the outputs narrowed:
+ *   to Orb32f         rounded in the caller's mode
+ *   to integers       y[n] * 2^-scaleFactor, to nearest, ties to even, saturated; a NaN becomes the largest value. The
+ *                     rounding mode is switched meanwhile if it is another. 2^-scaleFactor is that of
+ *                     orbsConvert_32f16s_Sfs and orbsConvert_64f32s_Sfs: single precision, 0 above 149, infinity
+ *                     below -127. In 64f_16s and 64fc_16sc it is the double with the exponent field 1023 - scaleFactor:
+ *                     exact from -1023 to 1022, 0 at 1023; other scale factors mean nothing.
+ *
  * A block goes one of two ways, which round differently:
- *   direct        y[n] is added up from the oldest sample to the newest in the type of the samples, each product
+ *   direct        y[n] is added up from the oldest sample to the newest in the type of the taps, each product
  *                 rounded first; complex outputs as the two sums of h.re * x and h.im * x. Its bits do not depend on
  *                 how the stream is cut into blocks.
  *   overlap-save  in a state with FFT, for blocks of more than 511 samples (complex: 255); the block is cut into runs
  *                 of fftLen - tapsLen + 1 outputs. The error of an output is of the order of log2(fftLen) epsilons
  *                 times the root of the energies of the taps and of the samples of its run. An infinity or NaN among
  *                 the samples spoils every output of its run.
- * The _I forms cut a block into chunks of 4096; a chunk takes the overlap-save way if more than 511 samples (complex:
- * 255) are left behind it, so that the last chunk always goes direct.
+ * The _I and _ISfs forms of one type for taps and samples cut a block into chunks of 4096; a chunk takes the
+ * overlap-save way if more than 511 samples (complex: 255) are left behind it, so that the last chunk always goes
+ * direct. Those of two types decide once for the whole block, by its length; what goes through the FFT is cut into
+ * chunks of 8192, and each is filtered as a block of its own.
  * orbsFIROne adds up in the direct order for fewer than 12 taps, and in eight interleaved sums from 12 on, so that its
  * last bits may then differ from those of a block.
  * Blocks of more than 1600 samples (complex: 800) are spread over threads. The result does not depend on the thread
  * count, nor on alignment, nor on the processor. Nothing is allocated.
  *
+ * A multi-rate state makes orbsFIR change the rate: what numIters then counts, orbs/multirate.h tells. orbsFIROne does
+ * not take one, and the calls of _32s do not either: orbStsContextMatchErr.
+ *
  * Statuses, in the order of the tests: null pState, pSrc or pDst (pSrcDst, pDstVal): orbStsNullPtrErr; numIters below
- * 1: orbStsSizeErr; pState is not a state of the member's type: orbStsContextMatchErr. One state, one call at a time.
+ * 1: orbStsSizeErr; pState is not a state of the member's types: orbStsContextMatchErr. One state, one call at a time.
  * Overlap-save: A. V. Oppenheim, R. W. Schafer, Discrete-Time Signal Processing, section on block convolution. */
 OrbStatus orbsFIR_32f(const Orb32f* pSrc, Orb32f* pDst, int numIters, OrbsFIRState_32f* pState);
 OrbStatus orbsFIR_32f_I(Orb32f* pSrcDst, int numIters, OrbsFIRState_32f* pState);
@@ -225,8 +245,12 @@ OrbStatus orbsFIROne_32s_Sfs(int src, Orb32s* pDstVal, OrbsFIRState_32s* pState,
  * back to 0; and the output is the sum over k = 0 .. tapsLen-1 of pTaps[tapsLen-1-k] * pDlyLine[index+k], in this
  * order. pDst may be pSrc. orbsFIROne_Direct: one sample; a block gives the same bits as its samples one by one.
  *
- * _32f and _32fc round each real product to Orb32f, add up in Orb64f and round once at the end, so that they are more
- * exact than the calls with a state. Complex outputs come from the sums of h.re * x and h.im * x.
+ * Products are rounded to the type of the taps. Sums are Orb64f, converted once at the end, so that _32f and _32fc are
+ * more exact than the calls with a state; but 32f_Direct_16s and 32fc_Direct_16sc add up in Orb32f. Complex outputs
+ * come from the sums of h.re * x and h.im * x.
+ * Outputs of integer types are the sum times 2^-scaleFactor, the magnitude of the scale factor taken modulo 128 (in
+ * 32f_Direct_16s and 32fc_Direct_16sc in single precision, where 127 gives 0), saturated, halves rounded away from
+ * zero; a NaN becomes the lowest value.
  * The position is not tested: one outside 0 .. tapsLen-1 is taken as 0, without a word.
  *
  * Statuses, in the order of the tests: null pSrc or pDst (pSrcDst, pDstVal): orbStsNullPtrErr; numIters below 1:

@@ -38,10 +38,6 @@ struct Members;
         static constexpr auto filter = orbsFIR_##t;                                                                    \
         static constexpr auto filterInPlace = orbsFIR_##t##_I;                                                         \
         static constexpr auto one = orbsFIROne_##t;                                                                    \
-        static constexpr auto direct = orbsFIR_Direct_##t;                                                             \
-        static constexpr auto directInPlace = orbsFIR_Direct_##t##_I;                                                  \
-        static constexpr auto oneDirect = orbsFIROne_Direct_##t;                                                       \
-        static constexpr auto oneDirectInPlace = orbsFIROne_Direct_##t##_I;                                            \
     }
 FIR_MEMBERS(32f);
 FIR_MEMBERS(32fc);

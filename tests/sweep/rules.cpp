@@ -365,6 +365,9 @@ const Exception refusalMayWrite[] = {
     {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
 };
+const Exception tagNotTested[] = {
+    {{"FIRSetTaps_32s", "pState"}},
+};
 
 const WarningRule warningRules[] = {
     {{"Div(CRev)?_.*|Threshold_LTInv_.*", ""}, {orbStsDivByZero}},
@@ -562,6 +565,7 @@ const Rules& rules() {
                            .nulls = nullRules,
                            .resultsDependOnPlace = resultsDependOnPlace,
                            .refusalMayWrite = refusalMayWrite,
+                           .tagNotTested = tagNotTested,
                            .warnings = warningRules,
                            .orders = orderRules,
                            .cases = caseRules};

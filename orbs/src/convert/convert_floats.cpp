@@ -5,6 +5,7 @@
 #include "foundation/control.h"
 #include "foundation/frame.h"
 #include "vectors/narrow.h"
+#include "vectors/powers.h"
 #include "vectors/to_integer.h"
 
 #include <algorithm>
@@ -13,22 +14,6 @@
 namespace {
 
 using namespace orbs;
-
-// 2^-scaleFactor as repeated multiplication in single precision has it: 0 or infinity beyond the range, or where the
-// caller's rounding mode is another than to nearest, what the products end at.
-Orb32f repeatedScale(int scaleFactor) {
-    const Orb32f factor = scaleFactor > 0 ? 0.5f : 2.0f;
-    Orb32u times = static_cast<Orb32u>(scaleFactor);
-    if (scaleFactor < 0) times = 0 - times;
-    Orb32f m = 1;
-    for (; times > 0; --times) {
-        const Orb32f next = m * factor;
-        if (std::bit_cast<Orb32u>(next) == std::bit_cast<Orb32u>(m)) break;
-        m = next;
-    }
-    asm volatile("" : "+x"(m)); // made before a guard changes the mode
-    return m;
-}
 
 // ---- What each type does: to a float before its conversion, to its integer in 32 bits, and in lanes of the type ----
 

@@ -4,48 +4,13 @@
 // every place of a block, however a stream is cut into blocks and a block into runs for threads.
 #pragma once
 
-#include "foundation/frame.h"
+#include "filters/phases.h"
 #include "vectors/values.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace orbs {
-
-template <class T>
-struct PartsOf {
-    using Real = T;
-    static constexpr std::size_t count = 1;
-};
-template <class T>
-requires isComplex<T>
-struct PartsOf<T> {
-    using Real = RealOf<T>;
-    static constexpr std::size_t count = 2;
-};
-
-// The type of the parts of an element, and their number: itself and 1 if it is real.
-template <class T>
-using Part = typename PartsOf<T>::Real;
-template <class T>
-constexpr std::size_t partCount = PartsOf<T>::count;
-
-template <class T>
-const Part<T>* asParts(const T* p) {
-    return reinterpret_cast<const Part<T>*>(p);
-}
-template <class T>
-Part<T>* asParts(T* p) {
-    return reinterpret_cast<Part<T>*>(p);
-}
-
-// Taps in the order of the samples that they meet, oldest sample first. step leads to the tap of the next younger
-// sample: 1, or -1 over taps in natural order.
-template <class T, std::ptrdiff_t step>
-struct TapRun {
-    const T* first;
-    std::size_t count;
-};
 
 // sum + tap * samples. The product is rounded to its own type; the sum may be wider.
 template <class D, class V, class P>
@@ -129,6 +94,9 @@ void convolve(TapRun<T, step> taps, const Sample* pSrc, Output* pDst, std::size_
         if (end < lanes) return convolveFew<lanes / 2, Sum>(taps, x, y, end);
     }
     std::size_t n = 0;
+    if constexpr (std::is_same_v<Sum, T> && std::is_same_v<Sample, T> && std::is_same_v<Output, T>) {
+        if (PhaseRows<T>::serves(taps.count, count)) n = PhaseRows<T>::convolve(taps, pSrc, pDst, count);
+    }
     for (; n + most * lanes <= end; n += most * lanes) convolveVectors<most>(d, taps, x + n, y + n, (most - 1) * lanes);
     if (n == end) return;
     n = std::min(n, end - lanes);

@@ -83,7 +83,12 @@ void runRows(const State* state, const SampleOf<State>* samples, std::int64_t fi
         for (std::size_t run; count > 0; count -= run, pDst += run, first += static_cast<std::int64_t>(run)) {
             run = std::min(count, most);
             dotRun(rows, samples, first, run, asParts(outputs));
-            narrow(outputs, pDst, static_cast<std::ptrdiff_t>(run), scaleFactor);
+            // Conversions of so few elements leave upper halves of registers in use.
+            if (run < 4) {
+                for (std::size_t n = 0; n < run; ++n) pDst[n] = narrowOne<SampleOf<State>>(outputs[n], scaleFactor);
+            } else {
+                narrow(outputs, pDst, static_cast<std::ptrdiff_t>(run), scaleFactor);
+            }
         }
     }
 }

@@ -17,6 +17,7 @@
 #include "vectors/powers.h"
 #include "vectors/to_integer.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <limits>
@@ -91,6 +92,30 @@ void narrow(const Tap* pSrc, Sample* pDst, std::ptrdiff_t count, int scaleFactor
     } else if (count > 0) {
         narrowParts(asParts(pSrc), asParts(pDst), static_cast<int>(count) * static_cast<int>(partCount<Tap>),
                     scaleFactor);
+    }
+}
+
+// One output, as narrow has it.
+template <class Sample, class Tap>
+Sample narrowOne(Tap y, int scaleFactor) {
+    if constexpr (std::is_same_v<Tap, Sample>) {
+        return y;
+    } else if constexpr (isComplex<Tap>) {
+        using X = Part<Sample>;
+        return {narrowOne<X>(y.re, scaleFactor), narrowOne<X>(y.im, scaleFactor)};
+    } else if constexpr (std::is_floating_point_v<Sample>) {
+        return static_cast<Sample>(y);
+    } else {
+        using Limits = std::numeric_limits<Sample>;
+        constexpr bool fromExponent = std::is_same_v<Tap, Orb64f> && std::is_same_v<Sample, Orb16s>;
+        const Tap m = fromExponent ? static_cast<Tap>(scaleInExponent(scaleFactor)) : repeatedScale(scaleFactor);
+        const SseRounding rounding(SseRounding::nearest, fromExponent ? 0 : SseRounding::denormalsAreZero);
+        const hn::CappedTag<Tap, 1> d;
+        asm volatile("" : "+x"(y)); // from here to the next one, under the guard
+        const auto scaled = hn::Mul(hn::Set(d, y), hn::Set(d, m));
+        Orb32s whole = hn::GetLane(nearestInt32(hn::Min(scaled, hn::Set(d, static_cast<Tap>(Limits::max())))));
+        asm volatile("" : "+r"(whole));
+        return static_cast<Sample>(std::max(whole, Orb32s{Limits::lowest()}));
     }
 }
 

@@ -230,8 +230,9 @@ OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState
     D[index] = D[index + tapsLen] = x;
     index = index + 1 < tapsLen ? index + 1 : 0;
     pState->dlyLineIndex = index;
-    const TapOf<State> y = dotProduct(pState->pTaps.get(), D + index, static_cast<std::size_t>(tapsLen), x);
-    narrow(&y, pDstVal, 1, scaleFactor);
+    const TapOf<State>* const h = pState->pTaps;
+    const auto count = static_cast<std::size_t>(tapsLen);
+    *pDstVal = narrowOne<SampleOf<State>>(dotProduct(h, D + index, count, x), scaleFactor);
     return orbStsNoErr;
 }
 

@@ -17,4 +17,20 @@ constexpr T powerOfTwo(int exponent) {
     return std::bit_cast<T>(static_cast<Bits>(bias + exponent) << fraction);
 }
 
+// 2^-scaleFactor as repeated multiplication in single precision has it: 0 or infinity beyond the range, or where the
+// caller's rounding mode is another than to nearest, what the products end at.
+inline Orb32f repeatedScale(int scaleFactor) {
+    const Orb32f factor = scaleFactor > 0 ? 0.5f : 2.0f;
+    Orb32u times = static_cast<Orb32u>(scaleFactor);
+    if (scaleFactor < 0) times = 0 - times;
+    Orb32f m = 1;
+    for (; times > 0; --times) {
+        const Orb32f next = m * factor;
+        if (std::bit_cast<Orb32u>(next) == std::bit_cast<Orb32u>(m)) break;
+        m = next;
+    }
+    asm volatile("" : "+x"(m)); // made before a guard changes the mode
+    return m;
+}
+
 } // namespace orbs
