@@ -34,7 +34,7 @@ TYPED_TEST(FixedFirDirect, BlocksAndSinglesTakeTheSameSteps) {
             const auto taps = randomVector<TapOf<T>>(static_cast<std::size_t>(tapsLen), 1);
             const auto x = randomVector<T>(700, 2);
             const int s = 10 + start % 20, factor = -4;
-            // Both halves alike, as every step keeps them; but the first sample's place holds what no step may read.
+            // The halves differ: what a step reads was written by an earlier one, or stands where it reads.
             auto line = randomVector<T>(static_cast<std::size_t>(2 * tapsLen), 3);
             auto lines = std::vector(4, line);
             std::vector<int> indices(4, start);
@@ -138,7 +138,7 @@ TEST(FirDirectQ15, BlocksGoThroughAState) {
             const auto want = filter.block(x, 1);
             std::vector<Orb16s> y(9000), inPlace = x;
             int index = start, indexInPlace = start;
-            for (const auto [first, length] : {std::pair{0, 4500}, std::pair{4500, 1}, std::pair{4501, 4499}}) {
+            for (const auto& [first, length] : {std::pair{0, 4500}, std::pair{4500, 1}, std::pair{4501, 4499}}) {
                 EXPECT_EQ(orbsFIR_Direct_16s_Sfs(&x[static_cast<std::size_t>(first)],
                                                  &y[static_cast<std::size_t>(first)], length, taps.data(), tapsLen,
                                                  line.data(), &index, 1),

@@ -19,8 +19,9 @@ SumScaling scalingOf(const State* state, int scaleFactor) {
     return SumScaling(std::int64_t{scaleFactor} - state->tapsFactor);
 }
 
-// Outputs `first` to first + count - 1 of a block, lanes being taps; x is its sample 0.
-template <class State>
+// Outputs `first` to first + count - 1 of a block, lanes being taps; x is its sample 0. Where all outputs have the same
+// taps, these are loaded once for four sums.
+template <bool sameTaps, class State>
 void filterByTaps(const State* state, const typename State::Sample* x, typename State::Sample* pDst, std::int64_t first,
                   std::int64_t count, const SumScaling& scaling) {
     constexpr std::size_t parts = State::parts, group = 4 / parts;
@@ -35,45 +36,54 @@ void filterByTaps(const State* state, const typename State::Sample* x, typename 
                            (std::ptrdiff_t{state->rowLen} - 1) * signedParts;
     Orb16s* y = asParts(pDst);
 
-    const Orb16s *h[4], *from[4];
-    const auto next = [&](std::size_t k) {
-        for (std::size_t p = 0; p < parts; ++p) {
-            h[k * parts + p] = rows + phase * stride + p * rowParts;
-            from[k * parts + p] = origin + newest[phase] * signedParts;
+    // Rows and samples of the next outputs.
+    const auto next = [&](auto& h, auto& from) {
+        for (std::size_t k = 0; k < std::size(from); ++k) {
+            for (std::size_t p = 0; p < parts; ++p)
+                h[(k * parts + p) % std::size(h)] = rows + phase * stride + p * rowParts;
+            from[k] = origin + newest[phase] * signedParts;
+            if (++phase == phases) phase = 0, origin += period;
         }
-        if (++phase == phases) phase = 0, origin += period;
     };
     for (; count >= static_cast<std::int64_t>(group); count -= group, y += 4) {
-        for (std::size_t k = 0; k < group; ++k) next(k);
-        storeResults<4>(dotProducts(h, from, rowParts), scaling, y);
+        const Orb16s *h[sameTaps ? parts : 4], *from[group];
+        next(h, from);
+        storeResults<4>(dotProducts<4>(h, from, rowParts), scaling, y);
     }
     for (; count > 0; --count, y += parts) {
-        next(0);
-        const Orb16s *h1[parts], *from1[parts];
-        std::copy_n(h, parts, h1);
-        std::copy_n(from, parts, from1);
-        storeResults<parts>(dotProducts(h1, from1, rowParts), scaling, y);
+        const Orb16s *h[parts], *from[1];
+        next(h, from);
+        storeResults<parts>(dotProducts<parts>(h, from, rowParts), scaling, y);
     }
 }
 
-// The words of the only row of a single-rate filter: of real taps from an even place on.
+// The words of the only row of a single-rate filter.
 template <class State>
 RowWords<typename State::Sample> wordsOf(const State* state) {
-    constexpr std::size_t parts = State::parts;
     const auto rowLen = static_cast<std::size_t>(state->rowLen), tapsLen = static_cast<std::size_t>(state->tapsLen);
-    const std::size_t used = parts == 1 ? roundUp(tapsLen, 2) : tapsLen;
-    return {state->pRows + (rowLen - used) * parts, used * parts / 2, rowLen * parts};
+    const Orb16s* const row = state->pRows;
+    if constexpr (State::parts == 1) {
+        const std::size_t taps = tapsLen | 1;
+        const Orb16s* const even = row + rowLen - taps;
+        return {even, even - 1, (taps + 1) / 2};
+    } else {
+        const Orb16s* const even = row + 2 * (rowLen - tapsLen);
+        return {even, even + 2 * rowLen, tapsLen};
+    }
 }
 
 template <class State>
 void filterRun(const State* state, const typename State::Sample* x, typename State::Sample* pDst, std::int64_t first,
                std::int64_t count, const SumScaling& scaling) {
-    if (state->tag == State::multiRateTag || count * static_cast<std::int64_t>(State::parts) < std::int64_t{leastParts})
-        return filterByTaps(state, x, pDst, first, count, scaling);
-    const auto words = wordsOf(state);
-    const auto used = static_cast<std::ptrdiff_t>(words.count * 2 / State::parts);
-    filterSamples(words, x + static_cast<std::ptrdiff_t>(first) - (used - 1), pDst, static_cast<std::size_t>(count),
-                  scaling);
+    if (state->tag == State::singleRateTag && count * static_cast<std::int64_t>(State::parts) >= std::int64_t{leastParts}) {
+        const int older = State::parts == 1 ? state->tapsLen | 1 : state->tapsLen;
+        filterSamples(wordsOf(state), x + (static_cast<std::ptrdiff_t>(first) - (older - 1)), pDst,
+                      static_cast<std::size_t>(count), scaling);
+    } else if (state->upFactor == 1) {
+        filterByTaps<true>(state, x, pDst, first, count, scaling);
+    } else {
+        filterByTaps<false>(state, x, pDst, first, count, scaling);
+    }
 }
 
 // inputs and outputs are whole periods.
@@ -100,8 +110,8 @@ void filterBlock(State* state, const typename State::Sample* pSrc, typename Stat
     }
 }
 
-// In place, in chunks through pStaging. Of a filter that changes the rate, an output comes no earlier than the sample
-// in its place was read: there are no more of them.
+// In place, in chunks through pStaging: of a filter that does not give more outputs than it takes samples.
+
 template <class State>
 void filterInChunks(State* state, typename State::Sample* pSrcDst, int numIters, const SumScaling& scaling) {
     auto* const staging = state->pStaging.get();

@@ -6,13 +6,17 @@ namespace {
 
 using namespace orbs;
 
-// pDst[n] for n = 0 to count - 1, oldest being the sample of the last tap for n = 0.
+// pDst[n] for n = 0 to count - 1, oldest being the sample of the last tap for n = 0. Of more than one output there must
+// be a sample before it.
 template <class Tap, class T>
 void outputs(const Tap* pTaps, int tapsLen, const T* oldest, T* pDst, int count, const SumScaling& scaling) {
     const auto length = static_cast<std::size_t>(tapsLen), results = static_cast<std::size_t>(count);
     if constexpr (sizeof(Part<Tap>) == sizeof(Orb32s)) {
-        if (results * partCount<T> >= leastParts)
-            return filterSamples(NaturalWords<Tap, T>(pTaps, length), oldest, pDst, results, scaling);
+        if (results * partCount<T> >= leastParts) {
+            // Real taps of an even number have a zero in front, which meets the sample before.
+            const T* const first = isComplex<T> || length % 2 == 1 ? oldest : oldest - 1;
+            return filterSamples(NaturalWords<Tap, T>(pTaps, length), first, pDst, results, scaling);
+        }
     }
     for (std::size_t n = 0; n < results; ++n) {
         PlainSum<partCount<T>> sum;

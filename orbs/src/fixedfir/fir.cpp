@@ -60,7 +60,7 @@ OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState
     D[index] = D[index + tapsLen] = src;
     index = index + 1 < tapsLen ? index + 1 : 0;
     pState->dlyLineIndex = index;
-    filterByTaps(pState, D + index + (tapsLen - 1), pDstVal, 0, 1, scalingOf(pState, scaleFactor));
+    filterByTaps<true>(pState, D + index + (tapsLen - 1), pDstVal, 0, 1, scalingOf(pState, scaleFactor));
     return orbStsNoErr;
 }
 

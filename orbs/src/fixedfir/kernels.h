@@ -12,25 +12,27 @@ namespace orbs {
 
 // ---- Many outputs ----
 //
-// A word is two numbers of 16 bits: of real taps two neighbours, which two neighbouring samples meet; of a complex tap
-// (re, -im), which gives a real part, and (im, re), which gives an imaginary one. In the 16-bit numbers of the samples,
-// tap words follow each other in steps of two either way, and two sums of every step make neighbouring 16-bit results:
-// of an even and an odd output, or of the parts of one.
+// Two neighbouring 16-bit results, of an even and an odd output or of the parts of a complex one, are sums over the same
+// pairs of 16-bit numbers: neighbouring samples, or the parts of one. So every pair meets two words of taps:
+//   real     (h[2k], h[2k + 1]) for even and (h[2k - 1], h[2k]) for odd outputs, h being the taps from the oldest
+//            sample's on. Their number is odd, a zero in front may make it so: then no word reaches a sample behind the
+//            newest of the odd output.
+//   complex  (re, -im) and (im, re)
 
-// A row of taps in a state, the oldest sample's first; complex taps have a second row, `parts` numbers further on.
+// Rows of taps in a state. Real ones have a zero on either side.
 template <class T>
 struct RowWords {
     static constexpr std::size_t planes = 1;
-    const Orb16s* row;
-    std::size_t count, parts;
+    const Orb16s *even, *odd;
+    std::size_t count;
     Orb32s of(std::size_t k, std::size_t part, std::size_t) const {
-        return elementAt(reinterpret_cast<const Orb32s*>(row + part * parts + 2 * k));
+        return elementAt(reinterpret_cast<const Orb32s*>((part == 0 ? even : odd) + 2 * k));
     }
 };
 
 // `vectors` vectors of neighbouring results, the last of them from number `last` on. Taps of 32 bits come in two planes
 // of 16, whose sums meet only at the end.
-template <class T, std::size_t vectors, class D, class Words>
+template <std::size_t vectors, class D, class Words>
 HWY_INLINE void filterVectors(D d, const Words& taps, const Orb16s* x, Orb16s* y, std::size_t last,
                               const SumScaling& scaling) {
     const hn::RepartitionToWide<D> sum;
@@ -47,13 +49,12 @@ HWY_INLINE void filterVectors(D d, const Words& taps, const Orb16s* x, Orb16s* y
 #pragma GCC unroll 2
         for (std::size_t p = 0; p < Words::planes; ++p) {
             const auto even = hn::BitCast(d, hn::Set(sum, taps.of(k, 0, p)));
-            const auto odd = isComplex<T> ? hn::BitCast(d, hn::Set(sum, taps.of(k, 1, p))) : even;
+            const auto odd = hn::BitCast(d, hn::Set(sum, taps.of(k, 1, p)));
 #pragma GCC unroll 4
             for (std::size_t v = 0; v < vectors; ++v) {
                 const auto samples = hn::LoadU(d, x + first(v));
-                const auto next = isComplex<T> ? samples : hn::LoadU(d, x + first(v) + 1);
                 sums[0][p][v] = hn::Add(sums[0][p][v], sumOfProducts(samples, even));
-                sums[1][p][v] = hn::Add(sums[1][p][v], sumOfProducts(next, odd));
+                sums[1][p][v] = hn::Add(sums[1][p][v], sumOfProducts(samples, odd));
             }
         }
     }
@@ -85,10 +86,10 @@ void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count,
     Orb16s* const y = asParts(pDst);
     std::size_t n = 0;
     for (; n + vectors * lanes <= end; n += vectors * lanes)
-        filterVectors<T, vectors>(d, taps, x + n, y + n, (vectors - 1) * lanes, scaling);
+        filterVectors<vectors>(d, taps, x + n, y + n, (vectors - 1) * lanes, scaling);
     for (; n < end; n += lanes) {
         n = std::min(n, end - lanes);
-        filterVectors<T, 1>(d, taps, x + n, y + n, 0, scaling);
+        filterVectors<1>(d, taps, x + n, y + n, 0, scaling);
     }
 }
 template <class T, class Words>
@@ -98,37 +99,45 @@ void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count,
 
 // ---- Few outputs ----
 
-// Sums of h[k][n] * x[k][n] over n < len, a multiple of 8: of up to four pairs of vectors, in as many lanes.
-template <std::size_t count>
-HWY_INLINE hn::Vec128<Orb32s> dotProducts(const Orb16s* const (&h)[count], const Orb16s* const (&x)[count],
+// The four lanes that are left where the halves of a vector are added.
+template <class D, class V>
+HWY_INLINE hn::Vec128<Orb32s> folded(D d, V v) {
+    if constexpr (hn::MaxLanes(d) == 4) {
+        return v;
+    } else {
+        const hn::Half<D> half;
+        return folded(half, hn::Add(hn::LowerHalf(half, v), hn::UpperHalf(half, v)));
+    }
+}
+
+// `count` sums, up to four, in as many lanes: of products of rows of taps and runs of `len` samples, a multiple of 8.
+// Fewer rows than sums are met by each run in turn; of fewer runs each meets some rows in a row.
+template <std::size_t count, std::size_t rows, std::size_t runs>
+HWY_INLINE hn::Vec128<Orb32s> dotProducts(const Orb16s* const (&h)[rows], const Orb16s* const (&x)[runs],
                                           std::size_t len) {
     const hn::Full128<Orb32s> d;
-    const hn::Full128<Orb16s> eight;
-    const hn::CappedTag<Orb16s, 16> more;
-    const hn::RepartitionToWide<decltype(more)> wide;
-    hn::Vec<decltype(wide)> longSums[count];
     hn::Vec128<Orb32s> sums[4] = {hn::Zero(d), hn::Zero(d), hn::Zero(d), hn::Zero(d)};
-#pragma GCC unroll 4
-    for (std::size_t k = 0; k < count; ++k) longSums[k] = hn::Zero(wide);
     std::size_t n = 0;
-    for (; n + hn::MaxLanes(more) <= len; n += hn::MaxLanes(more)) {
+    const auto addUp = [&](auto narrow) HWY_ATTR {
+        const hn::RepartitionToWide<decltype(narrow)> wide;
+        if (n + hn::MaxLanes(narrow) > len) return;
+        hn::Vec<decltype(wide)> wideSums[count];
 #pragma GCC unroll 4
-        for (std::size_t k = 0; k < count; ++k)
-            longSums[k] = hn::Add(longSums[k], sumOfProducts(hn::LoadU(more, h[k] + n), hn::LoadU(more, x[k] + n)));
-    }
+        for (std::size_t k = 0; k < count; ++k) wideSums[k] = hn::Zero(wide);
+        for (; n + hn::MaxLanes(narrow) <= len; n += hn::MaxLanes(narrow)) {
 #pragma GCC unroll 4
-    for (std::size_t k = 0; k < count; ++k) {
-        if constexpr (hn::MaxLanes(wide) > 4) {
-            sums[k] = hn::Add(hn::LowerHalf(d, longSums[k]), hn::UpperHalf(d, longSums[k]));
-        } else {
-            sums[k] = longSums[k];
+            for (std::size_t k = 0; k < count; ++k) {
+                const auto taps = hn::LoadU(narrow, h[k % rows] + n);
+                const auto samples = hn::LoadU(narrow, x[k / (count / runs)] + n);
+                wideSums[k] = hn::Add(wideSums[k], sumOfProducts(taps, samples));
+            }
         }
-    }
-    if (n < len) {
 #pragma GCC unroll 4
-        for (std::size_t k = 0; k < count; ++k)
-            sums[k] = hn::Add(sums[k], sumOfProducts(hn::LoadU(eight, h[k] + n), hn::LoadU(eight, x[k] + n)));
-    }
+        for (std::size_t k = 0; k < count; ++k) sums[k] = hn::Add(sums[k], folded(wide, wideSums[k]));
+    };
+    if constexpr (hn::MaxLanes(hn::ScalableTag<Orb16s>()) > 16) addUp(hn::ScalableTag<Orb16s>());
+    if constexpr (hn::MaxLanes(hn::ScalableTag<Orb16s>()) > 8) addUp(hn::CappedTag<Orb16s, 16>());
+    addUp(hn::Full128<Orb16s>());
     // Four times four lanes, turned and added.
     const hn::Full128<std::int64_t> pairs;
     const auto added = [=](hn::Vec128<Orb32s> a, hn::Vec128<Orb32s> b) HWY_ATTR {

@@ -36,7 +36,8 @@ struct Floats {
 
 // Outputs that are worked out together, one in each period, so that they have the same taps; and the most of these that
 // are gathered at a time.
-constexpr std::int64_t mostOutputs = 64, mostTaps = 256;
+constexpr std::int64_t mostOutputs = 64;
+constexpr std::size_t mostTaps = 256;
 
 template <class Taps, class T>
 class Call {
@@ -58,33 +59,66 @@ public:
     }
 
 private:
+    static constexpr std::size_t parts = partCount<T>, rowCount = 2 * parts;
+
+    // Taps that an output meets, the youngest sample's first; and the same in two planes for vectors, the oldest first,
+    // behind zeros that fill a row up to a multiple of 8 parts.
+    struct Row {
+        std::array<Tap, mostTaps> taps;
+        std::array<std::array<Orb16s, mostTaps * parts>, rowCount> planes;
+        std::size_t length, filled;
+
+        void makePlanes() {
+            filled = static_cast<std::size_t>(roundUp(length, 8 / parts));
+            for (auto& plane : planes) std::fill_n(plane.data(), (filled - length) * parts, Orb16s{0});
+            for (std::size_t j = 0; j < length; ++j) {
+                for (std::size_t plane = 0; plane < 2; ++plane) {
+                    const std::size_t at = (filled - 1 - j) * parts;
+                    if constexpr (parts == 1) {
+                        planes[plane][at] = planeOf(static_cast<Orb32u>(taps[j]), plane);
+                    } else {
+                        const auto re = static_cast<Orb32u>(taps[j].re), im = static_cast<Orb32u>(taps[j].im);
+                        planes[2 * plane][at] = planes[2 * plane + 1][at + 1] = planeOf(re, plane);
+                        planes[2 * plane][at + 1] = planeOf(0 - im, plane);
+                        planes[2 * plane + 1][at] = planeOf(im, plane);
+                    }
+                }
+            }
+        }
+    };
+
     void runPhase(int phase, std::int64_t period, std::int64_t count) const {
         const Meeting meeting = rates_.of(phase);
-        const std::int64_t newest = meeting.newest + period * rates_.downFactor;
+        std::int64_t newest = meeting.newest + period * rates_.downFactor; // that meets the row's first tap
         std::array<Sum, mostOutputs> sums{};
-        std::array<Tap, mostTaps> row;
-        std::int64_t behind = 0; // samples between those of the row and the newest
-        for (std::int64_t n = meeting.tap; n < tapsLen_;) {
-            std::int64_t length = 0;
-            for (; length < mostTaps && n < tapsLen_; ++length, n += rates_.upFactor)
-                row[static_cast<std::size_t>(length)] = taps_.at(n);
+        Row row;
+        for (std::int64_t n = meeting.tap; n < tapsLen_; newest -= static_cast<std::int64_t>(row.length)) {
+            for (row.length = 0; row.length < mostTaps && n < tapsLen_; ++row.length, n += rates_.upFactor)
+                row.taps[row.length] = taps_.at(n);
+            row.makePlanes();
             for (std::int64_t k = 0; k < count; ++k)
-                addProducts(row.data(), length, newest + k * rates_.downFactor - behind,
-                            sums[static_cast<std::size_t>(k)]);
-            behind += length;
+                addProducts(row, newest + k * rates_.downFactor, sums[static_cast<std::size_t>(k)]);
         }
         T* pDst = pDst_ + static_cast<std::ptrdiff_t>(period * rates_.upFactor + phase);
         for (std::int64_t k = 0; k < count; ++k, pDst += rates_.upFactor)
             sums[static_cast<std::size_t>(k)].store(scaling_, asParts(pDst));
     }
 
-    // row[j] * x[first - j], the samples before the block being in the line.
-    void addProducts(const Tap* row, std::int64_t length, std::int64_t first, Sum& total) const {
-        const std::int64_t inBlock = std::clamp<std::int64_t>(first + 1, 0, length);
-        Sum sum = total;
-        for (std::int64_t j = 0; j < inBlock; ++j) sum.add(row[j], pSrc_[first - j]);
-        for (std::int64_t j = inBlock; j < length; ++j) sum.add(row[j], pDlyLine_[j - first - 1]);
-        total = sum;
+    void addProducts(const Row& row, std::int64_t newest, Sum& sum) const {
+        const std::int64_t oldest = newest + 1 - static_cast<std::int64_t>(row.filled);
+        if (oldest >= 0) {
+            const Orb16s *h[rowCount], *x[] = {asParts(pSrc_ + oldest)};
+            for (std::size_t k = 0; k < rowCount; ++k) h[k] = row.planes[k].data();
+            alignas(16) Orb32s planes[4];
+            hn::Store(dotProducts<rowCount>(h, x, row.filled * parts), hn::Full128<Orb32s>(), planes);
+            for (std::size_t p = 0; p < parts; ++p)
+                sum.part[p] += static_cast<Orb32u>(planes[p]) + (static_cast<Orb32u>(planes[parts + p]) << 16);
+            return;
+        }
+        for (std::size_t j = 0; j < row.length; ++j) {
+            const std::int64_t n = newest - static_cast<std::int64_t>(j);
+            sum.add(row.taps[j], n >= 0 ? pSrc_[n] : pDlyLine_[-1 - n]);
+        }
     }
 
     // Newest sample first.

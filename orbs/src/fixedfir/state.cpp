@@ -37,7 +37,7 @@ std::uint64_t multiRateSize(std::uint64_t tapsLen, std::uint64_t upFactor, std::
 template <class State>
 std::uint64_t reportedSize(int tapsLen, const Rates& rates) {
     const auto wide = [](int n) { return static_cast<std::uint64_t>(n); };
-    if (rates.upFactor == 1 && rates.downFactor == 1) return singleRateSize<State>(wide(tapsLen));
+    if (isOneRate(rates)) return singleRateSize<State>(wide(tapsLen));
     return multiRateSize<State>(wide(tapsLen), wide(rates.upFactor), wide(rates.downFactor));
 }
 

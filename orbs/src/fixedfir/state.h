@@ -6,6 +6,7 @@
 //
 //   A row of taps serves the outputs of one phase: the taps that meet a sample, the oldest sample's first, behind zeros
 //   that fill the row up to a multiple of 16 bytes. Complex taps have one row of (re, -im), and one of (im, re) behind.
+//   There are zeros on either side of the row of real taps of a single rate.
 #pragma once
 
 #include "filters/rates.h"
@@ -53,16 +54,19 @@ struct FixedFirState {
     std::ptrdiff_t rowStride() const { return std::ptrdiff_t{rowLen} * static_cast<std::ptrdiff_t>(parts * parts); }
 };
 
+constexpr Rates oneRate{1, 0, 1, 0};
+constexpr bool isOneRate(const Rates& rates) {
+    return rates.upFactor == 1 && rates.downFactor == 1;
+}
+
 // Outputs that an in-place call works out before it writes them back.
 constexpr int stagingLen(const Rates& rates) {
-    return rates.upFactor == 1 && rates.downFactor == 1 ? 4064 : std::max(4096, rates.upFactor);
+    return isOneRate(rates) ? 4064 : std::max(4096, rates.upFactor);
 }
 
 // ---- Layout ----
 
 constexpr std::uint64_t largestBlock = std::numeric_limits<int>::max();
-
-constexpr Rates oneRate{1, 0, 1, 0};
 
 // Where everything lies behind an aligned base; over a null base only the size counts.
 template <class State>
@@ -74,7 +78,7 @@ struct FixedFirAreas {
     Orb32s* newest;
     Sample *padding, *staging;
     int rowLen, lineLen;
-    std::uint64_t size;
+    std::uint64_t besideRows, size; // zeros on either side of the rows
 
     FixedFirAreas(void* base, int tapsLen, const Rates& rates) {
         const auto wide = [](int n) { return static_cast<std::uint64_t>(n); };
@@ -84,9 +88,10 @@ struct FixedFirAreas {
         Layout block(base);
         head = block.take<State>(1, 16);
         taps = block.take<typename State::Tap>(wide(tapsLen), 16);
-        rows = block.take<Orb16s>(wide(rates.upFactor) * row * State::parts * State::parts, 16);
+        besideRows = State::parts == 1 && isOneRate(rates) ? 8 : 0;
+        rows = block.take<Orb16s>(wide(rates.upFactor) * row * State::parts * State::parts + 2 * besideRows, 16);
         newest = block.take<Orb32s>(wide(rates.upFactor), 16);
-        padding = block.take<Sample>(row - line + line + std::max(line, row - 1), 16);
+        padding = block.take<Sample>(row + std::max(line, row), 16);
         staging = block.take<Sample>(wide(stagingLen(rates)), 16);
         size = block.used();
     }
@@ -186,7 +191,7 @@ template <class State, class Tap>
 State* buildFixedFir(const FixedFirAreas<State>& areas, const GivenTaps<Tap>& taps, int tapsLen, const Rates& rates,
                      const typename State::Sample* pDlyLine) {
     State* const state = new (areas.head) State{};
-    state->tag = rates.upFactor == 1 && rates.downFactor == 1 ? State::singleRateTag : State::multiRateTag;
+    state->tag = isOneRate(rates) ? State::singleRateTag : State::multiRateTag;
     state->pTaps = areas.taps;
     state->pDlyLine = areas.delay();
     state->tapsLen = tapsLen;
@@ -194,14 +199,16 @@ State* buildFixedFir(const FixedFirAreas<State>& areas, const GivenTaps<Tap>& ta
     state->downFactor = rates.downFactor;
     state->upPhase = rates.upPhase;
     state->downPhase = rates.downPhase;
-    state->pRows = areas.rows;
+    state->pRows = areas.rows + areas.besideRows;
     state->pNewest = areas.newest;
     state->rowLen = areas.rowLen;
     state->dlyLineLen = areas.lineLen;
-    state->headLen = areas.rowLen - 1;
+    state->headLen = areas.rowLen;
     state->headOut = static_cast<Orb32s>(rates.firstThatMeets(state->headLen));
     state->pStaging = areas.staging;
     std::fill(areas.padding, areas.delay(), typename State::Sample{});
+    std::fill_n(areas.rows, areas.besideRows, Orb16s{0});
+    std::fill_n(state->pRows + rates.upFactor * state->rowStride(), areas.besideRows, Orb16s{0});
     taps.writeTo(state);
     writeDlyLine(state, pDlyLine);
     return state;

@@ -23,9 +23,12 @@ private:
     static Orb32u product(Orb32s tap, Orb32s x) { return static_cast<Orb32u>(tap) * static_cast<Orb32u>(x); }
 };
 
-// The taps of a caller, in natural order, as words for filterSamples. A tap is 2^16 times a high number of 16 bits plus
-// a low one, which has a sign: two planes. A last real tap without a neighbour stands before a 0, which meets a sample
-// behind the newest.
+// A tap of 32 bits is 2^16 times a high number of 16 bits plus a low one, which has a sign: two planes.
+inline Orb16s planeOf(Orb32u tap, std::size_t plane) {
+    return static_cast<Orb16s>(plane == 0 ? tap : (tap + 0x8000) >> 16);
+}
+
+// The taps of a caller, in natural order, as words for filterSamples.
 template <class Tap, class T>
 struct NaturalWords {
     static constexpr std::size_t planes = 2;
@@ -33,7 +36,7 @@ struct NaturalWords {
     std::size_t tapsLen, count;
 
     NaturalWords(const Tap* taps, std::size_t len)
-        : pTaps(taps), tapsLen(len), count(isComplex<T> ? len : (len + 1) / 2) {}
+        : pTaps(taps), tapsLen(len), count(isComplex<T> ? len : ((len | 1) + 1) / 2) {}
 
     Orb32s of(std::size_t k, std::size_t part, std::size_t plane) const {
         if constexpr (isComplex<T>) {
@@ -41,15 +44,17 @@ struct NaturalWords {
             const auto re = static_cast<Orb32u>(tap.re), im = static_cast<Orb32u>(tap.im);
             return part == 0 ? joined(re, 0 - im, plane) : joined(im, re, plane);
         } else {
-            const auto* const last = pTaps + (tapsLen - 1 - 2 * k);
-            return joined(static_cast<Orb32u>(last[0]), 2 * k + 1 < tapsLen ? static_cast<Orb32u>(last[-1]) : 0, plane);
+            // Below 0, and so beyond the last tap, are the zeros.
+            const std::size_t youngest = tapsLen - 1 + (tapsLen + 1) % 2 + part - 2 * k;
+            return joined(tapAt(youngest), tapAt(youngest - 1), plane);
         }
     }
 
 private:
+    Orb32u tapAt(std::size_t n) const { return n < tapsLen ? static_cast<Orb32u>(pTaps[n]) : 0; }
     static Orb32s joined(Orb32u first, Orb32u second, std::size_t plane) {
-        if (plane == 0) return static_cast<Orb32s>((first & 0xffff) | second << 16);
-        return static_cast<Orb32s>((first + 0x8000) >> 16 | ((second + 0x8000) & 0xffff0000));
+        const auto low = static_cast<Orb16u>(planeOf(first, plane)), high = static_cast<Orb16u>(planeOf(second, plane));
+        return static_cast<Orb32s>(low | Orb32u{high} << 16);
     }
 };
 
