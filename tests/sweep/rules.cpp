@@ -148,7 +148,8 @@ const VectorRule vectorRules[] = {
     {{"FIR[GS]etDlyLine(?!_32s).*", "pDlyLine"}, COUNT(secondWay(c) ? rateLine(c) : c.taps)},
     {{"FIR\\w*_Direct_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
-    {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
+    {{"FIR.*", "pTaps|pTapsQ15|pDlyLine"}, COUNT(c.taps)},
+    {{"FIR.*", "pTapsFactor"}, COUNT(1)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
     {{"(Min|Max).*", "p(Min|Max)(Abs)?|p(Min|Max)?Indx|pOrder"}, COUNT(1)},
     {{"FindNearestOne_.*", "pOutVal|pOutIndx"}, COUNT(1)},
@@ -288,6 +289,7 @@ const NumberRule numberRules[] = {
      orbStsTriangleAsymErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"FIR.*", "tapsFactor"}, oneOf<0, -15, -18, 3, -16, INT_MIN, -40, 12, INT_MAX>},
     {{"FIRMR.*", "upFactor"}, NUMBER(upFactor(c)), belowOne, orbStsFIRMRFactorErr},
     {{"FIRMR.*", "downFactor"}, NUMBER(downFactor(c)), belowOne, orbStsFIRMRFactorErr},
     {{"FIRMR.*", "upPhase"},
@@ -346,6 +348,9 @@ const PointeeRule pointeeRules[] = {
     {{"Triangle_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTrianglePhaseErr},
     {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
     {{"GoertzTwoQ15_.*", "rFreqQ15"}, {NUMBER(-1), NUMBER(-32768)}, orbStsRelFreqErr},
+    {{"FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
+     {NUMBER(-1), NUMBER(c.taps), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsDlyLineIndexErr},
     {{"GoertzTwo_.*", "rFreq"}, {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)}, orbStsRelFreqErr},
 };
 
@@ -407,7 +412,7 @@ const OrderRule orderRules[] = {
     {{"FIRMR(GetStateSize|Init|InitAlloc)[\\d_].*", ""},
      {"*", "tapsLen", "upFactor", "downFactor", "upPhase", "downPhase"}},
     {{"FIR\\w*_Direct_.*", ""},
-     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "tapsLen", "pDlyLine", "pDlyLineIndex",
+     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "pTapsQ15", "tapsLen", "pDlyLine", "pDlyLineIndex",
       "*"}},
 };
 
