@@ -138,7 +138,7 @@ double oneOf(const Case& c) {
     return values[static_cast<std::size_t>(c.turn) % std::size(values)];
 }
 
-constexpr Number floatWord = oneOf<0x447a0000, -0x40c00000, 0, 0x469c4000>; // bits of 1000, -1.5, 0, 2e4
+constexpr Number floatWord = oneOf<0x447a0000, -0x40c00000, 0, 0x469c4000>; // bits of 1000, -0.75, 0 and 20000
 
 const VectorRule vectorRules[] = {
     // Bit strings; what surrounds the bits stays.
