@@ -316,7 +316,32 @@ OrbStatus orbsIIROne32sc_16sc32fc_Sfs(Orb16sc src, Orb16sc* pDstVal, OrbsIIRStat
 
 /* ---- IIR_Direct, IIROne_Direct, IIR_BiQuadDirect, IIROne_BiQuadDirect ----------------------------------------
  * Alignment: of the elements.
- * The same over the caller's 16-bit taps and 32-bit delay line. */
+ * The same filters over the caller's 16-bit taps and 32-bit delay line, without a state. a[0] is 1, and its place holds
+ * an exponent f, 0 or more:
+ *
+ *   one filter of any order   pTaps: b[0] .. b[order], f, a[1] .. a[order]; pDlyLine: order values
+ *   BiQuad                    pTaps: b0, b1, b2, f, a1, a2 of each section; pDlyLine: 2 values of each
+ *
+ * A tap or delay value v of a section stands for v * 2^-f. The delay line is that of the formula for IIR states, zeros
+ * at the start of a stream. pDst may be pSrc.
+ *
+ * Blocks are filtered as by orbsIIR32f_16s_Sfs with a scaleFactor of 0, by a state of these taps and delay line as
+ * Orb32f, which is allocated while the call runs. The delay line that it ends with is multiplied by 2^f, rounded to
+ * nearest with halves away from zero (BiQuad: toward zero), and saturated; a NaN gives the least value.
+ * orbsIIROne computes in 32-bit integers that wrap around, with taps and delay values as they stand: for a sample x,
+ *
+ *   s = b[0] * x + D[0],  y = (s + ((s >> f) & 1) + 2^((f + 31) mod 32) - 1) >> f,
+ *   D[i] = b[i+1] * x - a[i+1] * y + D[i+1]
+ *
+ * so that for f of 1 to 31 y is s * 2^-f to nearest, ties to even, while an f of 0 adds 2^31 - 1 and the low bit of s;
+ * a shift by f of 32 or more leaves the sign. y is limited to 16 bits as the output only: not in D, and not on its way
+ * to the next section. Blocks and single samples may be mixed, but round differently.
+ *
+ * Statuses, in the order of the tests: order or numBq below 1: orbStsIIROrderErr; null pSrc, pTaps, pDlyLine or pDst
+ * (pSrcDst, pDstVal, pSrcDstVal): orbStsNullPtrErr; f below 0: orbStsIIRScaleErr; len below 1: orbStsSizeErr, which
+ * orbsIIR_BiQuadDirect tests before f; blocks only, no memory, or 2 GiB of it or more: orbStsMemAllocErr; in blocks of
+ * BiQuad a b0 of 0, or one that its f makes 0 as Orb32f: orbStsDivByZeroErr. Nothing is then written. Any number of
+ * threads may call these on different delay lines. */
 OrbStatus orbsIIR_Direct_16s(const Orb16s* pSrc, Orb16s* pDst, int len, const Orb16s* pTaps, int order, Orb32s* pDlyLine);
 OrbStatus orbsIIR_Direct_16s_I(Orb16s* pSrcDst, int len, const Orb16s* pTaps, int order, Orb32s* pDlyLine);
 OrbStatus orbsIIROne_Direct_16s(Orb16s src, Orb16s* pDstVal, const Orb16s* pTaps, int order, Orb32s* pDlyLine);

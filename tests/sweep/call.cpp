@@ -54,7 +54,7 @@ Call::Call(const Plan& plan, const Case& sizes, const Placement& placement)
 Call::~Call() {
     if (tag_) *static_cast<Orb32s*>(maker_->object()) = *tag_;
     if (!holdsObject_) return;
-    const Member& free = plan_.family.function("Free");
+    const Member& free = plan_.family.function("Free", case_);
     const Value value = object();
     free.signature->call(free.function, &value);
 }
@@ -79,7 +79,13 @@ unsigned char* Call::placeVector(std::size_t k) {
     std::memset(bytes, placement_.before, count * a.type.size);
     if (a.number) {
         Case c = case_; // another number for each element
-        for (std::size_t n = 0; n < count; ++n, ++c.turn) a.type.set(bytes + n * a.type.size, a.number(c));
+        for (c.at = 0; c.at < count; ++c.at, ++c.turn) {
+            a.type.set(bytes + c.at * a.type.size, a.number(c));
+            if (!a.type.setImaginary) continue;
+            c.imaginary = true;
+            a.type.setImaginary(bytes + c.at * a.type.size, a.number(c));
+            c.imaginary = false;
+        }
     } else if (a.use == Use::source || a.use == Use::update) {
         a.type.fill(bytes, count, static_cast<std::uint64_t>(case_.turn) + 7 * k + 11 * (areas_[k].size() - 1));
     }
@@ -96,8 +102,9 @@ unsigned char* Call::placeVector(std::size_t k) {
 void Call::makeObject(std::size_t k) {
     const Family& family = plan_.family;
     const bool allocated =
-        placement_.allocated || !family.find("Init") || (family.freesAllocatedOnly && isStep("Free"));
-    maker_ = std::make_unique<Call>(planOf(family.function(allocated ? "InitAlloc" : "Init")), case_, placement_);
+        placement_.allocated || !family.find("Init", case_) || (family.freesAllocatedOnly && isStep("Free"));
+    maker_ =
+        std::make_unique<Call>(planOf(family.function(allocated ? "InitAlloc" : "Init", case_)), case_, placement_);
     if (maker_->run() != orbStsNoErr) throw std::runtime_error("no object for " + std::string(plan_.member->name));
     values_[k] = maker_->object();
 }
@@ -110,7 +117,9 @@ void* Call::object() const {
 }
 
 bool Call::isStep(const char* step) const {
-    return !plan_.family.verb.empty() && plan_.member->name.starts_with("orbs" + plan_.family.verb + step);
+    for (const std::string& verb : {plan_.family.verb, plan_.family.otherVerb})
+        if (!verb.empty() && plan_.member->name.starts_with("orbs" + verb + step)) return true;
+    return false;
 }
 
 void Call::spoil(const Fault& fault) {
@@ -125,7 +134,7 @@ void Call::spoil(const Fault& fault) {
             array_[static_cast<std::size_t>(bad)] = nullptr;
         } else if (!areas_[fault.argument].empty()) {
             Area& area = *areas_[fault.argument][0];
-            type.set(area.data(), bad);
+            type.set(area.data() + (fault.at ? fault.at(case_) * type.size : 0), bad);
             if (!area.before.empty()) area.before.assign(area.begin(), area.end());
         } else {
             type.set(values_[fault.argument].bytes(), bad);

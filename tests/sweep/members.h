@@ -55,6 +55,7 @@ struct Type {
     std::size_t floatSize;                                         // of those parts, 0 if they are integers
     void (*fill)(void* to, std::size_t count, std::uint64_t seed); // with reproducible values
     void (*set)(void* to, double value);                           // one element
+    void (*setImaginary)(void* to, double value);                  // of a complex element, else null
 };
 
 // Reproducible values; of floats every fourth far from 1.
@@ -100,6 +101,20 @@ void setElement(void* to, double value) {
     std::memcpy(to, &element, sizeof element);
 }
 
+template <class T>
+void setImaginaryPart(void* to, double value) {
+    T element;
+    std::memcpy(&element, to, sizeof element);
+    element.im = static_cast<support::Part<T>>(value);
+    std::memcpy(to, &element, sizeof element);
+}
+
+template <class T>
+constexpr auto imaginarySetter() -> void (*)(void*, double) {
+    if constexpr (support::isComplex<T>) return setImaginaryPart<T>;
+    return nullptr;
+}
+
 template <class A>
 constexpr Type typeOf() {
     using T = std::remove_const_t<std::remove_pointer_t<A>>;
@@ -112,8 +127,9 @@ constexpr Type typeOf() {
     }
     constexpr Kind pointerKind = std::is_pointer_v<T> ? Kind::objectSlot : Kind::object;
     if constexpr (std::is_pointer_v<T> || !requires { sizeof(T); }) {
-        return {pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr,
-                nullptr};
+        return {
+            pointerKind, std::is_const_v<std::remove_pointer_t<A>>, sizeof(void*), alignof(void*), 0, nullptr, nullptr,
+            nullptr};
     } else {
         using Part = support::Part<T>;
         constexpr bool isArray = requires(T t) {
@@ -125,7 +141,8 @@ constexpr Type typeOf() {
                 isArray ? 1 : sizeof(Part),
                 std::is_floating_point_v<Part> ? sizeof(Part) : 0,
                 fillElements<T>,
-                setElement<T>};
+                setElement<T>,
+                imaginarySetter<T>()};
     }
 }
 

@@ -38,7 +38,7 @@ const Rule* ruleFor(std::span<const Rule> rules, std::string_view member, std::s
 
 // What the query of a family tells of one area: by the numbers that Init takes, or of an object.
 std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& area, const Case& c) {
-    const Plan& query = planOf(family.function(rule.query));
+    const Plan& query = planOf(family.function(rule.query, c));
     std::vector<int> told(query.arguments.size());
     std::vector<Value> values;
     std::optional<Call> maker;
@@ -46,7 +46,7 @@ std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& a
     for (std::size_t k = 0; k < told.size(); ++k) {
         const Argument& a = query.arguments[k];
         if (a.type.kind == Kind::object) {
-            maker.emplace(planOf(family.function("InitAlloc")), c, Placement());
+            maker.emplace(planOf(family.function("InitAlloc", c)), c, Placement());
             values.emplace_back(maker->run() == orbStsNoErr ? maker->object() : nullptr);
         } else if (a.number) {
             a.type.set(values.emplace_back().bytes(), a.number(c));
@@ -61,8 +61,8 @@ std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& a
     return static_cast<std::size_t>(told[size]);
 }
 
-// Cleared; of the next kind; of no kind.
-const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 1.0; },
+// Cleared; of the next kind but one, for some have two tags; of no kind.
+const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 2.0; },
                               [](const Case&) { return 0x1p24; }};
 
 // ---- Planning ----
@@ -113,8 +113,15 @@ private:
         if (!std::regex_search(argument, match, type)) return;
         const std::string name = match[1];
         object_ = ruleFor(rules().objects, name);
-        if (object_ && std::regex_match(name, match, std::regex(object_->pattern.members)))
-            plan_.family = {object_->verb, object_->kind ? object_->kind : match[1].str(), object_->freesAllocatedOnly};
+        if (!object_ || !std::regex_match(name, match, std::regex(object_->pattern.members))) return;
+        plan_.family = {.verb = object_->verb,
+                        .kind = match.format(object_->kind),
+                        .freesAllocatedOnly = object_->freesAllocatedOnly};
+        if (!object_->other.members) return;
+        plan_.family.otherVerb = object_->other.verb;
+        plan_.family.otherKind = match.format(object_->other.kind);
+        const bool makes = argument.find("**") != argument.npos;
+        plan_.family.other = matches(name_, object_->other.members) ? always : makes ? nullptr : secondWay;
     }
 
     void add(const std::string& text, const Type& type) {
@@ -135,7 +142,7 @@ private:
             addObject(a, k, text);
             break;
         }
-        if (type.kind != Kind::element) addFault(Fault::null, k, a.name, nullptr, orbStsNullPtrErr, 0, "");
+        if (type.kind != Kind::element) addFault({Fault::null, k, nullptr, {}, orbStsNullPtrErr, 0}, a.name);
         plan_.arguments.push_back(a);
     }
 
@@ -143,7 +150,7 @@ private:
         const NumberRule* rule = ruleFor(rules().numbers, name_, a.name);
         if (!rule) return refuse("no rule for the number " + a.name);
         a.number = rule->number;
-        for (Number bad : rule->faults) addFault(Fault::value, k, a.name, bad, rule->status, 1, "");
+        for (Number bad : rule->faults) addFault({Fault::value, k, bad, {}, rule->status, 1}, a.name);
     }
 
     bool addArea(Argument& a) {
@@ -168,7 +175,8 @@ private:
         a.number = rule->holds;
         a.positive = rule->positive;
         if (const PointeeRule* pointee = ruleFor(rules().pointees, name_, a.name))
-            for (Number bad : pointee->faults) addFault(Fault::value, k, a.name, bad, pointee->status, 2, ":value");
+            for (Number bad : pointee->faults)
+                addFault({Fault::value, k, bad, pointee->at, pointee->status, 2}, a.name + ":value");
     }
 
     void addObject(Argument& a, std::size_t k, const std::string& text) {
@@ -182,20 +190,19 @@ private:
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
         if (a.type.kind == Kind::object)
             for (Number foreign : foreignTags)
-                addFault(Fault::tag, k, a.name, foreign, orbStsContextMatchErr, 3, ":tag");
+                addFault({Fault::tag, k, foreign, {}, orbStsContextMatchErr, 3}, a.name + ":tag");
     }
 
-    void addFault(Fault::What what, std::size_t k, const std::string& name, Number bad, OrbStatus status, int rank,
-                  const char* suffix) {
+    void addFault(Fault fault, const std::string& name) {
         if (const OrderRule* rule = ruleFor(rules().orders, name_)) {
             const auto& order = rule->order;
-            auto at = std::ranges::find(order, name + suffix);
+            auto at = std::ranges::find(order, name);
             const bool named = at != order.end();
             if (!named) at = std::ranges::find(order, "*");
-            if (at == order.end()) return refuse("the order of tests leaves out " + name + suffix);
-            rank = static_cast<int>(at - order.begin()) * 4 + (named ? 0 : rank);
+            if (at == order.end()) return refuse("the order of tests leaves out " + name);
+            fault.rank = static_cast<int>(at - order.begin()) * 4 + (named ? 0 : fault.rank);
         }
-        plan_.faults.push_back({what, k, bad, status, rank});
+        plan_.faults.push_back(std::move(fault));
     }
 
     void refuse(const std::string& why) {
@@ -217,20 +224,21 @@ void appendIdle(std::vector<std::string>& idle, std::span<const Rule> rules) {
 
 } // namespace
 
-const Member* Family::find(const char* step) const {
+const Member* Family::find(const char* step, const Case& c) const {
     static const auto table = [] {
         std::map<std::string, const Member*, std::less<>> byName;
         for (const Member& member : members()) byName.emplace(member.name, &member);
         return byName;
     }();
-    const std::string name = "orbs" + verb + step;
-    auto at = table.find(name + kind);
-    if (at == table.end()) at = table.find(name);
-    return at == table.end() ? nullptr : at->second;
+    std::vector<std::string> names{"orbs" + verb + step + kind, "orbs" + verb + step};
+    if (other && other(c)) names.insert(names.begin(), "orbs" + otherVerb + step + otherKind);
+    for (const std::string& name : names)
+        if (const auto at = table.find(name); at != table.end()) return at->second;
+    return nullptr;
 }
 
-const Member& Family::function(const char* step) const {
-    if (const Member* member = find(step)) return *member;
+const Member& Family::function(const char* step, const Case& c) const {
+    if (const Member* member = find(step, c)) return *member;
     throw std::runtime_error("no member orbs" + verb + step + kind);
 }
 

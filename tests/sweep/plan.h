@@ -17,11 +17,17 @@ struct Case {
     int taps = 1;  // filters
     int turn = 0;  // runs on, and picks scale factors, flags, hints and offsets
 
+    // While a vector is filled with numbers: which element, and which part of a complex one.
+    std::size_t at = 0;
+    bool imaginary = false;
+
     std::size_t points() const { return std::size_t{1} << order; }
 };
 
 // Of the members that take an array of vectors, how many those are.
 int channels(const Case& c);
+// Of objects that may be made in two ways, whether the case has the second.
+bool secondWay(const Case& c);
 
 using Number = double (*)(const Case&); // set in the argument's own type
 using Count = std::function<std::size_t(const Case&)>;
@@ -45,17 +51,21 @@ struct Fault {
     std::size_t argument;
     Number bad; // value: of the number, of what the pointer points to, or which of several vectors is null; tag: what
                 // is added to the object's, 0 clears
+    Count at;   // value: of which element; without, the first
     OrbStatus status;
     int rank; // of two faults the one that is tested first, that is of lower rank, decides
 };
 
 // The functions of an object's family: "orbs" + verb + "InitAlloc" + kind and so on. The kind is the part of the
 // object's type that they end with: "_C_32fc" of OrbsFFTSpec_C_32fc; one that serves all kinds ends with none.
+// Some objects can be made in a second way, by functions of another name; the calls take either.
 struct Family {
     std::string verb, kind;
-    bool freesAllocatedOnly = false; // an object in a caller's memory must not be given to Free
-    const Member& function(const char* step) const;
-    const Member* find(const char* step) const; // or null
+    std::string otherVerb = {}, otherKind = {}; // of the second way, or empty
+    bool (*other)(const Case&) = nullptr;       // in which cases it is taken; without, in none
+    bool freesAllocatedOnly = false;            // an object in a caller's memory must not be given to Free
+    const Member& function(const char* step, const Case& c) const;
+    const Member* find(const char* step, const Case& c) const; // or null
 };
 
 struct Plan {

@@ -28,8 +28,12 @@ struct ObjectRule {
     Pattern pattern;          // of the type; the kind is what it ends with
     const char *verb, *query; // of the family's functions, and of the one that tells sizes
     std::vector<Area> areas;  // with the object's own name: Init takes the memory itself, no place for a pointer to it
-    const char* kind = nullptr; // else the type tells it
+    const char* kind = "$1";  // what the type's pattern has captured
     bool freesAllocatedOnly = false;
+    // Objects made in a second way: by which members, of which verb and kind.
+    struct {
+        const char *members = nullptr, *verb = nullptr, *kind = nullptr;
+    } other = {};
 };
 struct VectorRule {
     Pattern pattern;
@@ -50,6 +54,7 @@ struct PointeeRule {
     Pattern pattern;
     std::vector<Number> faults;
     OrbStatus status;
+    Count at = {}; // without, the first element
 };
 struct Exception {
     Pattern pattern;
