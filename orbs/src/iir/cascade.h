@@ -63,7 +63,6 @@ template <std::size_t sections, std::size_t vectors, class T>
 void advance(Stage<T>* stages, const T* in, T* out, int groups) {
     const GroupTag<T, sections> d;
     using D = std::remove_const_t<decltype(d)>;
-    const GroupTag<T, 1> block;
     constexpr std::ptrdiff_t behind = -lag * groupLen * std::ptrdiff_t{partCount<T>};
     SectionVectors<T, D> v[vectors];
     const auto everyVector = [&](auto f) HWY_ATTR {
@@ -106,8 +105,8 @@ void advance(Stage<T>* stages, const T* in, T* out, int groups) {
             w = responses<T>(d, w, s.h);
             const auto y1 = repeated<3>(d, s.y), y2 = repeated<2>(d, s.y);
             forEachPlane<T>([&](auto plane) HWY_ATTR {
-                const auto fed = hn::Add(product<T>(d, s.rows[1].planes[plane], y2),
-                                         product<T>(d, s.rows[0].planes[plane], y1));
+                const auto fed =
+                    hn::Add(product<T>(d, s.rows[1].planes[plane], y2), product<T>(d, s.rows[0].planes[plane], y1));
                 s.y.planes[plane] = hn::Add(w.planes[plane], fed);
                 scatterBlocks(d, s.y.planes[plane], at + plane * blockParts<T>, behind);
             });

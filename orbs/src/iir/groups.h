@@ -1,11 +1,12 @@
-// Four neighbouring outputs of a recursion at a time: the vectors that hold them, and the coefficients they are made of.
+// Four neighbouring outputs of a recursion at a time: the vectors that hold them, and the coefficients they are made
+// of.
 //
-// A group fills planes of 16 bytes: one of Orb32f, two of Orb64f or Orb32fc, four of Orb64fc. Vectors of more bytes hold
-// the same plane of the groups of several sections, block by block, and nothing moves between blocks: the arithmetic of
-// a group is the same at every width.
+// A group fills planes of 16 bytes: one of Orb32f, two of Orb64f or Orb32fc, four of Orb64fc. Vectors of more bytes
+// hold the same plane of the groups of several sections, block by block, and nothing moves between blocks: the
+// arithmetic of a group is the same at every width.
 //
-// With r[k] = -a[k], row i holds the share of y[n-i] in y[n], y[n+1], y[n+2] and y[n+3]. Row 1 is also the response h of
-// the recursion to a single input, h[1] first.
+// With r[k] = -a[k], row i holds the share of y[n-i] in y[n], y[n+1], y[n+2] and y[n+3]. Row 1 is also the response h
+// of the recursion to a single input, h[1] first.
 #pragma once
 
 #include "iir/elements.h"
@@ -85,7 +86,8 @@ struct Coefficient {
     hn::Vec<D> parts[partCount<T>];
 };
 
-// A vector of the blocks of sections, which lie `stride` apart from `block` on, but for the first, which lies at `first`.
+// A vector of the blocks of sections, which lie `stride` apart from `block` on, but for the first, which lies at
+// `first`.
 template <class D>
 HWY_INLINE hn::Vec<D> gatherBlocks(D d, const hn::TFromD<D>* first, const hn::TFromD<D>* block, std::ptrdiff_t stride) {
     if constexpr (sizeof(hn::Vec<D>) == 16) {
@@ -105,7 +107,7 @@ HWY_INLINE void scatterBlocks(D d, hn::Vec<D> v, hn::TFromD<D>* block, std::ptrd
         const hn::Half<D> half;
         hn::TFromD<D>* const middle = block + std::ptrdiff_t{sizeof(hn::Vec<hn::Half<D>>) / 16} * stride;
         scatterBlocks(half, hn::LowerHalf(half, v), block, stride);
-        scatterBlocks(half, hn::UpperHalf(d, v), middle, stride);
+        scatterBlocks(half, hn::UpperHalf(half, v), middle, stride);
     }
 }
 
@@ -174,9 +176,10 @@ HWY_INLINE hn::Vec<D> repeated(D d, const Group<T, D>& group) {
 // Calls f for planes 0 and on, each a constant.
 template <class T, class F>
 HWY_INLINE void forEachPlane(F f) {
-    [&]<std::size_t... plane>(std::index_sequence<plane...>)
-        HWY_ATTR { (f(std::integral_constant<std::size_t, plane>()), ...); }(
-            std::make_index_sequence<planeCount<T>>());
+    [&]<std::size_t... plane>(std::index_sequence<plane...>) HWY_ATTR {
+        (f(std::integral_constant<std::size_t, plane>()), ...);
+    }
+    (std::make_index_sequence<planeCount<T>>());
 }
 
 // ---- The recursion within a group ----
@@ -189,7 +192,7 @@ HWY_INLINE Group<T, D> responses(D d, const Group<T, D>& w, const Coefficient<T,
     forEachPlane<T>([&](auto plane) HWY_ATTR { none.planes[plane] = hn::Zero(d); });
     forEachPlane<T>([&](auto plane) HWY_ATTR {
         const auto addFrom = [&](auto k) HWY_ATTR {
-            if constexpr ((plane + 1) * perBlock<T> > k)
+            if constexpr ((plane + 1) * perBlock < T >> k)
                 v.planes[plane] = hn::Add(v.planes[plane], product<T>(d, h[k - 1], delayed<k, plane>(d, none, w)));
         };
         addFrom(std::integral_constant<std::size_t, 3>());

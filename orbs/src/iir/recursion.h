@@ -73,9 +73,8 @@ int recurse(const IirHead<T>* state, const T* w, T* y, int end) {
             group.planes[plane] = hn::Add(sum, youngest);
         });
         last = group;
-        forEachPlane<T>([&](auto plane) HWY_ATTR {
-            hn::StoreU(last.planes[plane], d, asParts(y + n) + plane * blockParts<T>);
-        });
+        forEachPlane<T>([&](auto plane)
+                            HWY_ATTR { hn::StoreU(last.planes[plane], d, asParts(y + n) + plane * blockParts<T>); });
     }
     return n;
 }

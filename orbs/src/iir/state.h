@@ -17,12 +17,12 @@ struct IirHead {
     using Tap = TapType;
 
     Orb32s tag;
-    RelativePtr<Tap> pTaps;    // over a[0]: b[0] .. b[order], a[1] .. a[order]; a cascade has b0, b1, b2, a1, a2 of each
-    RelativePtr<Tap> pDlyLine; // `order` partial sums; not in a cascade, one more that stays 0
-    Orb32s order;              // 2 * numBq in a cascade
-    RelativePtr<Tap> pXTable;  // none: vectors take b from pTaps
-    RelativePtr<Part<Tap>> pYTable; // not in a cascade: the table of the recursion (groups.h)
-    Orb32s numBq;                   // 0 if not a cascade
+    RelativePtr<Tap> pTaps; // over a[0]: b[0] .. b[order], a[1] .. a[order]; a cascade has b0, b1, b2, a1, a2 of each
+    RelativePtr<Tap> pDlyLine;            // `order` partial sums; not in a cascade, one more that stays 0
+    Orb32s order;                         // 2 * numBq in a cascade
+    RelativePtr<Tap> pXTable;             // none: vectors take b from pTaps
+    RelativePtr<Part<Tap>> pYTable;       // not in a cascade: the table of the recursion (groups.h)
+    Orb32s numBq;                         // 0 if not a cascade
     RelativePtr<Part<Tap>> pSectionTable; // in a cascade: a table for each section (groups.h)
     RelativePtr<Tap> pWork;               // chunkLen sums over the inputs
     RelativePtr<Tap> pWorkOut;            // chunkLen samples in the type of the taps, if theirs is another
