@@ -351,6 +351,7 @@ inline std::vector<long double> impulse(const std::vector<Wide>& b, const std::v
         for (std::size_t i = 1; i < std::min(n + 1, a.size()); ++i) h[n] = h[n] - a[i] * h[n - i];
         magnitudes.push_back(std::hypot(h[n].re, h[n].im));
     }
+    while (magnitudes.back() < 1e-25L) magnitudes.pop_back(); // far below what an output may be off
     return magnitudes;
 }
 
@@ -389,8 +390,10 @@ inline Exact exactly(const std::vector<Wide>& b, const std::vector<Wide>& a, std
     const auto roundings = 2 * static_cast<long double>(2 * N + 28) * u;
     const auto h = impulse(b, a, count), g = impulse({{1, 0}}, a, count);
     exact.offY.resize(count);
-    for (std::size_t n = 0; n < count; ++n)
-        for (std::size_t k = 0; k <= n; ++k) exact.offY[n] += h[k] * offX[n - k] + g[k] * roundings * M[n - k];
+    for (std::size_t n = 0; n < count; ++n) {
+        for (std::size_t k = 0; k < std::min(h.size(), n + 1); ++k) exact.offY[n] += h[k] * offX[n - k];
+        for (std::size_t k = 0; k < std::min(g.size(), n + 1); ++k) exact.offY[n] += g[k] * roundings * M[n - k];
+    }
     exact.offD.resize(N);
     for (std::size_t j = 0; j < N; ++j) {
         for (std::size_t i = 1; i <= std::min(N - j, count); ++i) {

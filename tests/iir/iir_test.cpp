@@ -159,8 +159,9 @@ TYPED_TEST(Iir, WhatIsNoNumberSpoilsNoEarlierOutput) {
 
 template <class K>
 class IirScaled : public iir::Test<K> {};
-TYPED_TEST_SUITE(IirScaled, (testing::Types<Kind32f16s, Kind32fc16sc, Kind32s16s, Kind32sc16sc, Kind32s16s32f,
-                                            Kind32sc16sc32fc, Kind64f32s, Kind64fc32sc, Kind64f16s, Kind64fc16sc>));
+using ScaledKinds = testing::Types<Kind32f16s, Kind32fc16sc, Kind32s16s, Kind32sc16sc, Kind32s16s32f, Kind32sc16sc32fc,
+                                   Kind64f32s, Kind64fc32sc, Kind64f16s, Kind64fc16sc>;
+TYPED_TEST_SUITE(IirScaled, ScaledKinds);
 
 // b of a single tap, and a b[1] of nearly nothing.
 template <class K>

@@ -223,22 +223,20 @@ TYPED_TEST(IirState, ZerosAreRefused) {
     }
 }
 
-// A tap of integers counts 2^-tapsFactor: beyond the range of floats that is nothing, and a[0] of it no divisor.
-TEST(IirStateIntegerTaps, CountTwoToTheMinusFactor) {
+// A tap of integers counts 2^-tapsFactor.
+TEST(IirStateIntegerTaps, AreThoseTimesAPowerOfTwo) {
     const Shape shape{Form::anyOrder, 1};
-    const Orb32s taps[] = {3 << 20, -5 << 18, 1 << 21, 77777};
-    const std::vector<Orb16s> x = randomVector<Orb16s>(40);
-    for (const int factor : {0, 20, 31, -5, -60, 100, 200, 1000}) {
+    const Orb32s taps[] = {(3 << 20) + 1, -5 << 18, 1 << 21, 77777};
+    const auto x = randomVector<Orb16s>(40);
+    for (const int factor : {0, 20, 31, -5, -60, 100}) {
         std::vector<Orb32f> floats;
         for (const Orb32s t : taps) floats.push_back(static_cast<Orb32f>(std::ldexp(t, -factor)));
         std::vector<Orb8u> buffer(static_cast<std::size_t>(stateSize<Kind32s16s>(shape)));
         OrbsIIRState32s_16s* state = nullptr;
-        const OrbStatus status = build<Kind32s16s>(&state, shape, taps, nullptr, buffer.data(), factor);
-        EXPECT_EQ(status, factor < 200 ? orbStsNoErr : orbStsDivByZeroErr) << factor;
-        if (status != orbStsNoErr) continue;
-        Filter<Kind32s16s32f> wanted(shape, floats);
+        ASSERT_EQ(build<Kind32s16s>(&state, shape, taps, nullptr, buffer.data(), factor), orbStsNoErr);
         std::vector<Orb16s> y(x.size());
         EXPECT_EQ(orbsIIR32s_16s_Sfs(x.data(), y.data(), 40, state, 0), orbStsNoErr);
+        Filter<Kind32s16s32f> wanted(shape, floats);
         EXPECT_TRUE(sameBits(y, wanted.block(x), x)) << factor;
     }
 }

@@ -390,6 +390,7 @@ const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
     {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
+    {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
 };
 
 const WarningRule warningRules[] = {
@@ -425,6 +426,7 @@ const OrderRule orderRules[] = {
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
     {{"IIR(One)?_Direct_.*", ""}, {"order", "*", "pTaps:value", "len"}},
     {{"IIR(One)?_BiQuadDirect_.*", ""}, {"numBq", "*"}},
+    {{"IIRSetTaps.*", ""}, {"pTaps", "pState", "pState:tag", "*"}},
     {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
