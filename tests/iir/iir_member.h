@@ -390,9 +390,12 @@ inline Exact exactly(const std::vector<Wide>& b, const std::vector<Wide>& a, std
     const auto roundings = 2 * static_cast<long double>(2 * N + 28) * u;
     const auto h = impulse(b, a, count), g = impulse({{1, 0}}, a, count);
     exact.offY.resize(count);
+    const bool exactX = std::all_of(offX.begin(), offX.end(), [](long double off) { return off == 0; });
     for (std::size_t n = 0; n < count; ++n) {
-        for (std::size_t k = 0; k < std::min(h.size(), n + 1); ++k) exact.offY[n] += h[k] * offX[n - k];
-        for (std::size_t k = 0; k < std::min(g.size(), n + 1); ++k) exact.offY[n] += g[k] * roundings * M[n - k];
+        long double off = 0, own = 0;
+        for (std::size_t k = 0; k < std::min(h.size(), n + 1) && !exactX; ++k) off += h[k] * offX[n - k];
+        for (std::size_t k = 0; k < std::min(g.size(), n + 1); ++k) own += g[k] * M[n - k];
+        exact.offY[n] = off + roundings * own;
     }
     exact.offD.resize(N);
     for (std::size_t j = 0; j < N; ++j) {
