@@ -79,6 +79,7 @@ TYPED_TEST(IirState, StaysWithinTheReportedSize) {
                 typename K::State* state = nullptr;
                 ASSERT_EQ(build<K>(&state, shape, taps.data(), line.data(), buffer.data()), orbStsNoErr) << shape;
                 ASSERT_GE(reinterpret_cast<Orb8u*>(state), buffer.data());
+                ASSERT_EQ(reinterpret_cast<std::uintptr_t>(state) % 16, 0u);
                 std::vector<typename K::Sample> x(std::max<std::size_t>(4 * n + 5, 1030));
                 for (const std::size_t count : {std::size_t{3}, 4 * n, 4 * n + 1, x.size()}) {
                     if constexpr (K::isScaled) {
