@@ -138,7 +138,7 @@ double oneOf(const Case& c) {
     return values[static_cast<std::size_t>(c.turn) % std::size(values)];
 }
 
-constexpr Number floatWord = oneOf<0x447a0000, -0x40c00000, 0, 0x469c4000>; // bits of 1000, -1.5, 0, 2e4
+constexpr Number floatWord = oneOf<0x447a0000, -0x40c00000, 0, 0x469c4000>; // bits of 1000, -0.75, 0 and 20000
 
 const VectorRule vectorRules[] = {
     // Bit strings; what surrounds the bits stays.
@@ -390,6 +390,7 @@ const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
     {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
+    {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
 };
 
 const WarningRule warningRules[] = {
@@ -425,6 +426,7 @@ const OrderRule orderRules[] = {
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
     {{"IIR(One)?_Direct_.*", ""}, {"order", "*", "pTaps:value", "len"}},
     {{"IIR(One)?_BiQuadDirect_.*", ""}, {"numBq", "*"}},
+    {{"IIRSetTaps.*", ""}, {"pTaps", "pState", "pState:tag", "*"}},
     {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
