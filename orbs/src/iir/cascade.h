@@ -20,8 +20,8 @@ struct Stage {
     const T* taps; // b0, b1, b2, a1, a2
     const Part<T>* table;
     T* D;
-    T x[groupLen], y[groupLen]; // the last ones
-    T tail[5];                  // the last inputs of the chunk
+    alignas(16) T x[groupLen], y[groupLen]; // the last ones
+    T tail[5];                              // the last inputs of the chunk
 
     // The first two samples, which use the delay line.
     void begin(const T* in, T* out) {
@@ -50,76 +50,86 @@ struct Stage {
     }
 };
 
+// Neighbouring sections in the blocks of vectors.
 template <class T, class D>
-struct SectionVectors {
-    Coefficient<T, D> b[3], h[3];
-    Row<T, D> rows[2];
-    Group<T, D> x, y;
+class SectionVectors {
+public:
+    HWY_INLINE void take(const Stage<T>* stages) {
+        const Part<T>* table = stages->table;
+#pragma GCC unroll 3
+        for (auto& c : b_) c = takeCoefficient<T>(d, table);
+#pragma GCC unroll 3
+        for (auto& c : h_) c = takeCoefficient<T>(d, table);
+#pragma GCC unroll 2
+        for (auto& row : rows_) row = takeRow<T>(d, table);
+        const Part<T>*const x = asParts(stages->x), *const y = asParts(stages->y);
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            constexpr std::size_t offset = plane * blockParts<T>;
+            x_.planes[plane] = gatherBlocks(d, x + offset, x + offset, betweenStages);
+            y_.planes[plane] = gatherBlocks(d, y + offset, y + offset, betweenStages);
+        });
+    }
+    HWY_INLINE void giveBack(Stage<T>* stages) const {
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            constexpr std::size_t offset = plane * blockParts<T>;
+            scatterBlocks(d, x_.planes[plane], asParts(stages->x) + offset, betweenStages);
+            scatterBlocks(d, y_.planes[plane], asParts(stages->y) + offset, betweenStages);
+        });
+    }
+    // A group each: of the first section from `from` to `to`, of the others where they are, each lag groups behind.
+    HWY_INLINE void step(const Part<T>* from, Part<T>* to) {
+        constexpr std::ptrdiff_t behind = -lag * groupLen * std::ptrdiff_t{partCount<T>};
+        Group<T, D> x, w;
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            constexpr std::size_t offset = plane * blockParts<T>;
+            x.planes[plane] = gatherBlocks(d, from + offset, to + offset, behind);
+        });
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            const auto older = hn::Add(product<T>(d, b_[2], delayed<2, plane>(d, x_, x)),
+                                       product<T>(d, b_[1], delayed<1, plane>(d, x_, x)));
+            w.planes[plane] = hn::Add(older, product<T>(d, b_[0], x.planes[plane]));
+        });
+        x_ = x;
+        w = responses<T>(d, w, h_);
+        const auto y1 = repeated<3>(d, y_), y2 = repeated<2>(d, y_);
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            const auto fed =
+                hn::Add(product<T>(d, rows_[1].planes[plane], y2), product<T>(d, rows_[0].planes[plane], y1));
+            y_.planes[plane] = hn::Add(w.planes[plane], fed);
+            scatterBlocks(d, y_.planes[plane], to + plane * blockParts<T>, behind);
+        });
+    }
+
+private:
+    static constexpr D d{};
+    static_assert(sizeof(Stage<T>) % sizeof(Part<T>) == 0);
+    static constexpr std::ptrdiff_t betweenStages = sizeof(Stage<T>) / sizeof(Part<T>);
+
+    Coefficient<T, D> b_[3], h_[3];
+    Row<T, D> rows_[2];
+    Group<T, D> x_, y_; // the last ones
 };
 
 // Takes `vectors` times `sections` stages over the next `groups` groups. The inputs of the first begin at in, its
 // outputs at out; stage s is lag * s groups behind, and finds its inputs where it leaves its outputs.
 template <std::size_t sections, std::size_t vectors, class T>
 void advance(Stage<T>* stages, const T* in, T* out, int groups) {
-    const GroupTag<T, sections> d;
-    using D = std::remove_const_t<decltype(d)>;
-    constexpr std::ptrdiff_t behind = -lag * groupLen * std::ptrdiff_t{partCount<T>};
-    SectionVectors<T, D> v[vectors];
-    const auto everyVector = [&](auto f) HWY_ATTR {
+    constexpr std::ptrdiff_t step = groupLen * std::ptrdiff_t{partCount<T>};
+    SectionVectors<T, GroupTag<T, sections>> v[vectors];
 #pragma GCC unroll 4
-        for (std::size_t k = 0; k < vectors; ++k) f(v[k], k * sections);
-    };
-    everyVector([&](auto& s, std::size_t first) HWY_ATTR {
-        const Part<T>* table = stages[first].table;
-#pragma GCC unroll 3
-        for (auto& c : s.b) c = takeCoefficient<T>(d, table);
-#pragma GCC unroll 3
-        for (auto& c : s.h) c = takeCoefficient<T>(d, table);
-#pragma GCC unroll 2
-        for (auto& row : s.rows) row = takeRow<T>(d, table);
-        constexpr std::ptrdiff_t stride = sizeof(Stage<T>) / sizeof(Part<T>);
-        forEachPlane<T>([&](auto plane) HWY_ATTR {
-            const Part<T>* const x = asParts(stages[first].x) + plane * blockParts<T>;
-            const Part<T>* const y = asParts(stages[first].y) + plane * blockParts<T>;
-            s.x.planes[plane] = gatherBlocks(d, x, x, stride);
-            s.y.planes[plane] = gatherBlocks(d, y, y, stride);
-        });
-    });
-
+    for (std::size_t k = 0; k < vectors; ++k) v[k].take(stages + k * sections);
     const Part<T>* from = asParts(in);
     Part<T>* to = asParts(out);
-    for (int g = 0; g < groups; ++g, from += groupLen * partCount<T>, to += groupLen * partCount<T>) {
-        everyVector([&](auto& s, std::size_t first) HWY_ATTR {
-            Group<T, D> x, w;
-            Part<T>* const at = to + static_cast<std::ptrdiff_t>(first) * behind;
-            forEachPlane<T>([&](auto plane) HWY_ATTR {
-                constexpr std::size_t offset = plane * blockParts<T>;
-                const Part<T>* const fed = first == 0 ? from + offset : at + offset;
-                x.planes[plane] = gatherBlocks(d, fed, at + offset, behind);
-            });
-            forEachPlane<T>([&](auto plane) HWY_ATTR {
-                const auto older = hn::Add(product<T>(d, s.b[2], delayed<2, plane>(d, s.x, x)),
-                                           product<T>(d, s.b[1], delayed<1, plane>(d, s.x, x)));
-                w.planes[plane] = hn::Add(older, product<T>(d, s.b[0], x.planes[plane]));
-            });
-            w = responses<T>(d, w, s.h);
-            const auto y1 = repeated<3>(d, s.y), y2 = repeated<2>(d, s.y);
-            forEachPlane<T>([&](auto plane) HWY_ATTR {
-                const auto fed =
-                    hn::Add(product<T>(d, s.rows[1].planes[plane], y2), product<T>(d, s.rows[0].planes[plane], y1));
-                s.y.planes[plane] = hn::Add(w.planes[plane], fed);
-                scatterBlocks(d, s.y.planes[plane], at + plane * blockParts<T>, behind);
-            });
-            s.x = x;
-        });
+    for (int g = 0; g < groups; ++g, from += step, to += step) {
+        v[0].step(from, to);
+#pragma GCC unroll 4
+        for (std::size_t k = 1; k < vectors; ++k) {
+            Part<T>* const behind = to - static_cast<std::ptrdiff_t>(k * sections) * lag * step;
+            v[k].step(behind, behind);
+        }
     }
-    everyVector([&](auto& s, std::size_t first) HWY_ATTR {
-        constexpr std::ptrdiff_t stride = sizeof(Stage<T>) / sizeof(Part<T>);
-        forEachPlane<T>([&](auto plane) HWY_ATTR {
-            scatterBlocks(d, s.x.planes[plane], asParts(stages[first].x) + plane * blockParts<T>, stride);
-            scatterBlocks(d, s.y.planes[plane], asParts(stages[first].y) + plane * blockParts<T>, stride);
-        });
-    });
+#pragma GCC unroll 4
+    for (std::size_t k = 0; k < vectors; ++k) v[k].giveBack(stages + k * sections);
 }
 
 // The next sections * vectors sections of a cascade, from x to y.
@@ -161,16 +171,19 @@ void runSections(const IirHead<T>* state, int firstSection, const T* x, T* y, in
 
 template <class T>
 void runCascade(const IirHead<T>* state, const T* x, T* y, int count) {
-    constexpr std::size_t widest = hn::MaxLanes(hn::ScalableTag<Part<T>>()) / blockParts<T>;
+    constexpr std::size_t fitting = hn::MaxLanes(hn::ScalableTag<Part<T>>()) / blockParts<T>;
+    constexpr std::size_t sections = std::min<std::size_t>(fitting, 4);
+    // As many vectors as it takes to fill the time that a group waits.
+    constexpr std::size_t vectors = std::max<std::size_t>(4 / (sections * planeCount<T> * partCount<T>), 1);
     int s = 0;
-    const auto run = [&]<std::size_t sections, std::size_t vectors>() {
-        constexpr int all = static_cast<int>(sections * vectors);
-        for (; s + all <= state->numBq; s += all) runSections<sections, vectors>(state, s, s == 0 ? x : y, y, count);
+    const auto run = [&]<std::size_t across, std::size_t atOnce>() {
+        constexpr int all = static_cast<int>(across * atOnce);
+        for (; s + all <= state->numBq; s += all) runSections<across, atOnce>(state, s, s == 0 ? x : y, y, count);
     };
-    if constexpr (widest < 4) run.template operator()<widest, 4 / widest>();
-    if constexpr (widest >= 4) run.template operator()<4, 1>();
-    run.template operator()<std::min<std::size_t>(widest, 2), std::max<std::size_t>(2 / widest, 1)>();
-    run.template operator()<1, 1>();
+    run.template operator()<sections, vectors>();
+    if constexpr (vectors > 1) run.template operator()<sections, 1>();
+    if constexpr (sections > 2) run.template operator()<2, 1>();
+    if constexpr (sections > 1) run.template operator()<1, 1>();
 }
 
 } // namespace orbs

@@ -12,7 +12,10 @@
 #include "iir/elements.h"
 
 #include <array>
-#include <utility>
+#include <type_traits>
+
+// Lambdas over vectors, which do not go through memory.
+#define ORBS_IN_PLACE __attribute__((always_inline))
 
 namespace orbs {
 
@@ -150,7 +153,7 @@ template <std::size_t k, std::size_t plane, class T, class D>
 HWY_INLINE hn::Vec<D> delayed(D d, const Group<T, D>& before, const Group<T, D>& group) {
     constexpr std::size_t first = groupLen + plane * perBlock<T> - k; // among the elements of both
     constexpr std::size_t from = first / perBlock<T>, past = first % perBlock<T>;
-    const auto planeAt = [&](std::size_t p) HWY_ATTR {
+    const auto planeAt = [&](std::size_t p) ORBS_IN_PLACE {
         return p < planeCount<T> ? before.planes[p] : group.planes[p - planeCount<T>];
     };
     if constexpr (past == 0) {
@@ -174,12 +177,10 @@ HWY_INLINE hn::Vec<D> repeated(D d, const Group<T, D>& group) {
 }
 
 // Calls f for planes 0 and on, each a constant.
-template <class T, class F>
+template <class T, std::size_t plane = 0, class F>
 HWY_INLINE void forEachPlane(F f) {
-    [&]<std::size_t... plane>(std::index_sequence<plane...>) HWY_ATTR {
-        (f(std::integral_constant<std::size_t, plane>()), ...);
-    }
-    (std::make_index_sequence<planeCount<T>>());
+    f(std::integral_constant<std::size_t, plane>());
+    if constexpr (plane + 1 < planeCount<T>) forEachPlane<T, plane + 1>(f);
 }
 
 // ---- The recursion within a group ----
@@ -189,10 +190,10 @@ HWY_INLINE void forEachPlane(F f) {
 template <class T, class D>
 HWY_INLINE Group<T, D> responses(D d, const Group<T, D>& w, const Coefficient<T, D> (&h)[3]) {
     Group<T, D> none, v = w;
-    forEachPlane<T>([&](auto plane) HWY_ATTR { none.planes[plane] = hn::Zero(d); });
-    forEachPlane<T>([&](auto plane) HWY_ATTR {
-        const auto addFrom = [&](auto k) HWY_ATTR {
-            if constexpr ((plane + 1) * perBlock < T >> k)
+    forEachPlane<T>([&](auto plane) ORBS_IN_PLACE { none.planes[plane] = hn::Zero(d); });
+    forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+        const auto addFrom = [&](auto k) ORBS_IN_PLACE {
+            if constexpr (k < (plane + 1) * perBlock<T>)
                 v.planes[plane] = hn::Add(v.planes[plane], product<T>(d, h[k - 1], delayed<k, plane>(d, none, w)));
         };
         addFrom(std::integral_constant<std::size_t, 3>());

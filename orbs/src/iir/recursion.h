@@ -44,26 +44,26 @@ int recurse(const IirHead<T>* state, const T* w, T* y, int end) {
     T begin[groupLen] = {};
     std::copy(y + order - near, y + order, begin + groupLen - near);
     const auto load = [=](const T* p, std::size_t plane)
-                          HWY_ATTR { return hn::LoadU(d, asParts(p + plane * perBlock<T>)); };
-    forEachPlane<T>([&](auto plane) HWY_ATTR { last.planes[plane] = load(begin, plane); });
+                          ORBS_IN_PLACE { return hn::LoadU(d, asParts(p + plane * perBlock<T>)); };
+    forEachPlane<T>([&](auto plane) ORBS_IN_PLACE { last.planes[plane] = load(begin, plane); });
 
     int n = order;
     for (; n + groupLen <= end; n += groupLen) {
         Group<T, D> group;
-        forEachPlane<T>([&](auto plane) HWY_ATTR { group.planes[plane] = load(w + (n - order), plane); });
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE { group.planes[plane] = load(w + (n - order), plane); });
         group = responses<T>(d, group, h);
         if constexpr (near == groupLen) {
             for (int i = order; i > near; --i) {
                 const Part<T>* far = farRows + static_cast<std::size_t>(i - near - 1) * rowParts<T>;
                 const auto older = repeatedFrom(d, y + n - i);
                 const Row<T, D> row = takeRow<T>(d, far);
-                forEachPlane<T>([&](auto plane) HWY_ATTR {
+                forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
                     group.planes[plane] = hn::Add(group.planes[plane], product<T>(d, row.planes[plane], older));
                 });
             }
         }
-        forEachPlane<T>([&](auto plane) HWY_ATTR {
-            const auto share = [&](auto i) HWY_ATTR {
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            const auto share = [&](auto i) ORBS_IN_PLACE {
                 return product<T>(d, nearRows[i - 1].planes[plane], repeated<groupLen - i>(d, last));
             };
             auto sum = group.planes[plane], youngest = share(std::integral_constant<std::size_t, 1>());
@@ -73,8 +73,9 @@ int recurse(const IirHead<T>* state, const T* w, T* y, int end) {
             group.planes[plane] = hn::Add(sum, youngest);
         });
         last = group;
-        forEachPlane<T>([&](auto plane)
-                            HWY_ATTR { hn::StoreU(last.planes[plane], d, asParts(y + n) + plane * blockParts<T>); });
+        forEachPlane<T>([&](auto plane) ORBS_IN_PLACE {
+            hn::StoreU(last.planes[plane], d, asParts(y + n) + plane * blockParts<T>);
+        });
     }
     return n;
 }
