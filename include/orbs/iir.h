@@ -12,7 +12,8 @@ ORBS_DECLARATIONS_BEGIN
  * call takes either. Names tell the types of taps and samples: 64f_16s filters Orb16s with taps of Orb64f. All
  * arithmetic is done in the type of the taps.
  *
- *   one filter of any order   y[n] = sum over k = 0 .. order of b[k] * x[n-k] - sum over k = 1 .. order of a[k] * y[n-k];
+ *   one filter of any order   y[n] = sum over k = 0 .. order of b[k] * x[n-k] less that over k = 1 .. order of
+ *                             a[k] * y[n-k];
  *                             pTaps: b[0] .. b[order], a[0] .. a[order], 2 * order + 2 values
  *   BiQuad                    numBq such sections of order 2, each fed by the one before it;
  *                             pTaps: b0, b1, b2, a0, a1, a2 of each section, 6 * numBq values
@@ -244,10 +245,11 @@ OrbStatus orbsIIRSetDlyLine32sc_16sc32fc(OrbsIIRState32sc_16sc* pState, const Or
  *
  * A block is cut into chunks of 1024 samples. One of at most 4 * order samples (BiQuad: 4 * numBq), and every
  * orbsIIROne, goes sample by sample through the formula of the delay line. A longer one goes four outputs at a time:
- * with w[n] = sum over k of b[k] * x[n-k] and r[k] = -a[k], the four next outputs are written as sums over the last
- * outputs, and over w, with coefficients that are worked out once from r. Both ways round differently, so the last
- * bits of an output depend on how a stream is cut into blocks; they depend on nothing else: not on alignment, nor on
- * the processor, nor on whether the call is in place. An infinity or NaN reaches no output before its own.
+ * with w[n] = sum over k of b[k] * x[n-k], the four next outputs are sums over the last outputs, and over w, with
+ * coefficients that SetTaps works out from a and rounds once. Both ways round differently, so the last bits of an
+ * output depend on how a stream is cut into blocks; they depend on nothing else: not on alignment, nor on the
+ * processor, nor on whether the call is in place. With poles close to the unit circle the way of four is the less
+ * exact one. An infinity or NaN reaches no output before its own.
  *
  * A tail that decays towards 0 passes through denormal numbers, over which many processors take a hundred times
  * longer. Where that matters, flush denormals to zero around these calls: bits 15 and 6 of the SSE control register

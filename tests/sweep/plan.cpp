@@ -188,7 +188,7 @@ private:
             return;
         }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
-        if (a.type.kind == Kind::object)
+        if (a.type.kind == Kind::object && !ruleFor(rules().tagNotTested, name_, a.name))
             for (Number foreign : foreignTags)
                 addFault({Fault::tag, k, foreign, {}, orbStsContextMatchErr, 3}, a.name + ":tag");
     }
@@ -252,6 +252,7 @@ std::vector<std::string> idleRules() {
     appendIdle(idle, rules().nulls);
     appendIdle(idle, rules().resultsDependOnPlace);
     appendIdle(idle, rules().refusalMayWrite);
+    appendIdle(idle, rules().tagNotTested);
     appendIdle(idle, rules().warnings);
     appendIdle(idle, rules().orders);
     appendIdle(idle, rules().cases);

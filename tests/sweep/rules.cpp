@@ -392,6 +392,9 @@ const Exception refusalMayWrite[] = {
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
     {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
 };
+const Exception tagNotTested[] = {
+    {{"FIRSetTaps_32s", "pState"}},
+};
 
 const WarningRule warningRules[] = {
     {{"Div(CRev)?_.*|Threshold_LTInv_.*", ""}, {orbStsDivByZero}},
@@ -596,6 +599,7 @@ const Rules& rules() {
                            .nulls = nullRules,
                            .resultsDependOnPlace = resultsDependOnPlace,
                            .refusalMayWrite = refusalMayWrite,
+                           .tagNotTested = tagNotTested,
                            .warnings = warningRules,
                            .orders = orderRules,
                            .cases = caseRules};

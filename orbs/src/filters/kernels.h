@@ -4,66 +4,28 @@
 // every place of a block, however a stream is cut into blocks and a block into runs for threads.
 #pragma once
 
-#include "foundation/frame.h"
-#include "vectors/loops.h"
+#include "filters/phases.h"
+#include "vectors/values.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace orbs {
 
-template <class T>
-struct PartsOf {
-    using Real = T;
-    static constexpr std::size_t count = 1;
-};
-template <class T>
-requires isComplex<T>
-struct PartsOf<T> {
-    using Real = RealOf<T>;
-    static constexpr std::size_t count = 2;
-};
-
-// The type of the parts of an element, and their number: itself and 1 if it is real.
-template <class T>
-using Part = typename PartsOf<T>::Real;
-template <class T>
-constexpr std::size_t partCount = PartsOf<T>::count;
-
-template <class T>
-const Part<T>* asParts(const T* p) {
-    return reinterpret_cast<const Part<T>*>(p);
-}
-template <class T>
-Part<T>* asParts(T* p) {
-    return reinterpret_cast<Part<T>*>(p);
-}
-
-// Taps in the order of the samples that they meet, oldest sample first. step leads to the tap of the next younger
-// sample: 1, or -1 over taps in natural order.
-template <class T, std::ptrdiff_t step>
-struct TapRun {
-    const T* first;
-    std::size_t count;
-};
-
 // sum + tap * samples. The product is rounded to its own type; the sum may be wider.
 template <class D, class V, class P>
 HWY_INLINE V plusProduct(D d, V sum, P tap, P samples) {
-    const P product = hn::Mul(tap, samples);
-    if constexpr (std::is_same_v<V, P>) {
-        return hn::Add(sum, product);
-    } else {
-        return hn::Add(sum, hn::PromoteTo(d, product));
-    }
+    return hn::Add(sum, valuesIn(d, hn::Mul(tap, samples)));
 }
 
 // `vectors` vectors of neighbouring outputs, the last of them from part `last` on. Complex outputs come from two sums
 // over the interleaved samples, one with the real and one with the imaginary parts of the taps, which meet only at the
 // end: h * x = (h.re * x.re, h.re * x.im) + (-(h.im * x.im), h.im * x.re).
-template <std::size_t vectors, class T, std::ptrdiff_t step, class D>
-HWY_INLINE void convolveVectors(D d, TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t last) {
-    const hn::Rebind<Part<T>, D> dSamples;
+template <std::size_t vectors, class T, std::ptrdiff_t step, class D, class X, class Y>
+HWY_INLINE void convolveVectors(D d, TapRun<T, step> taps, const X* x, Y* y, std::size_t last) {
+    const hn::Rebind<Part<T>, D> dProducts;
+    const hn::Rebind<X, D> dSamples;
+    const hn::Rebind<Y, D> dOutputs;
     constexpr std::size_t lanes = hn::MaxLanes(d), parts = partCount<T>;
     const auto first = [=](std::size_t v) { return v + 1 < vectors ? v * lanes : last; };
     hn::Vec<D> sums[parts][vectors];
@@ -77,10 +39,10 @@ HWY_INLINE void convolveVectors(D d, TapRun<T, step> taps, const Part<T>* x, Par
         const Part<T>* const tap = asParts(taps.first + static_cast<std::ptrdiff_t>(k) * step);
 #pragma GCC unroll 8
         for (std::size_t v = 0; v < vectors; ++v) {
-            const auto samples = hn::LoadU(dSamples, x + first(v));
+            const auto samples = valuesIn(dProducts, hn::LoadU(dSamples, x + first(v)));
 #pragma GCC unroll 2
             for (std::size_t p = 0; p < parts; ++p)
-                sums[p][v] = plusProduct(d, sums[p][v], hn::Set(dSamples, tap[p]), samples);
+                sums[p][v] = plusProduct(d, sums[p][v], hn::Set(dProducts, tap[p]), samples);
         }
     }
 
@@ -91,18 +53,14 @@ HWY_INLINE void convolveVectors(D d, TapRun<T, step> taps, const Part<T>* x, Par
             const hn::Vec<D> byIm = hn::Reverse2(d, sums[1][v]);
             sum = hn::OddEven(hn::Add(sum, byIm), hn::Sub(sum, byIm));
         }
-        if constexpr (std::is_same_v<hn::TFromD<D>, Part<T>>) {
-            hn::StoreU(sum, d, y + first(v));
-        } else {
-            hn::StoreU(hn::DemoteTo(dSamples, sum), dSamples, y + first(v));
-        }
+        hn::StoreU(valuesIn(dOutputs, sum), dOutputs, y + first(v));
     }
 }
 
 // The outputs of `count` parts, up to `most` vectors and one at least: the last vector may overlap the one before it,
 // and then gives the same once more.
-template <std::size_t most, class T, std::ptrdiff_t step, class D>
-HWY_INLINE void convolveRest(D d, TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t count) {
+template <std::size_t most, class T, std::ptrdiff_t step, class D, class X, class Y>
+HWY_INLINE void convolveRest(D d, TapRun<T, step> taps, const X* x, Y* y, std::size_t count) {
     constexpr std::size_t lanes = hn::MaxLanes(d);
     if constexpr (most > 1) {
         if (count <= (most - 1) * lanes) return convolveRest<most - 1>(d, taps, x, y, count);
@@ -111,8 +69,8 @@ HWY_INLINE void convolveRest(D d, TapRun<T, step> taps, const Part<T>* x, Part<T
 }
 
 // Fewer than 2 * lanes outputs: one or two vectors of so many lanes, or of half as many.
-template <std::size_t lanes, class Sum, class T, std::ptrdiff_t step>
-HWY_INLINE void convolveFew(TapRun<T, step> taps, const Part<T>* x, Part<T>* y, std::size_t count) {
+template <std::size_t lanes, class Sum, class T, std::ptrdiff_t step, class X, class Y>
+HWY_INLINE void convolveFew(TapRun<T, step> taps, const X* x, Y* y, std::size_t count) {
     if (count >= lanes) {
         convolveRest<2>(hn::CappedTag<Sum, lanes>(), taps, x, y, count);
     } else if constexpr (lanes > partCount<T>) {
@@ -121,20 +79,24 @@ HWY_INLINE void convolveFew(TapRun<T, step> taps, const Part<T>* x, Part<T>* y, 
 }
 
 // pDst[n] = sum over k of tap[k] * pSrc[n + k], k upwards, for n = 0 to count - 1: reads count + taps.count - 1
-// samples. Each real product is rounded to the type of the samples and added up in the type Sum.
-template <class Sum, class T, std::ptrdiff_t step>
-void convolve(TapRun<T, step> taps, const T* pSrc, T* pDst, std::size_t count) {
+// samples. Each real product is rounded to the type of the taps and added up in the type Sum; the outputs are sums
+// converted to the type that they are stored in.
+template <class Sum, class T, std::ptrdiff_t step, class Sample, class Output>
+void convolve(TapRun<T, step> taps, const Sample* pSrc, Output* pDst, std::size_t count) {
     const hn::ScalableTag<Sum> d;
     constexpr std::size_t lanes = hn::MaxLanes(d);
     // Enough independent sums to hide the time of an addition, and no more than there are registers for.
     constexpr std::size_t most = (HWY_ARCH_X86_32 ? 4 : 8) / partCount<T>;
-    const Part<T>* const x = asParts(pSrc);
-    Part<T>* const y = asParts(pDst);
+    const Part<Sample>* const x = asParts(pSrc);
+    Part<Output>* const y = asParts(pDst);
     const std::size_t end = count * partCount<T>;
     if constexpr (lanes > partCount<T>) {
         if (end < lanes) return convolveFew<lanes / 2, Sum>(taps, x, y, end);
     }
     std::size_t n = 0;
+    if constexpr (std::is_same_v<Sum, T> && std::is_same_v<Sample, T> && std::is_same_v<Output, T>) {
+        if (PhaseRows<T>::serves(taps.count, count)) n = PhaseRows<T>::convolve(taps, pSrc, pDst, count);
+    }
     for (; n + most * lanes <= end; n += most * lanes) convolveVectors<most>(d, taps, x + n, y + n, (most - 1) * lanes);
     if (n == end) return;
     n = std::min(n, end - lanes);

@@ -14,10 +14,12 @@
 #include "foundation/control.h"
 #include "orbs/convert.h"
 #include "vectors/narrow.h"
+#include "vectors/powers.h"
 #include "vectors/to_integer.h"
 
 #include <bit>
 #include <cstring>
+#include <limits>
 
 namespace orbs {
 
@@ -34,7 +36,7 @@ inline void widenParts(const Orb32f* pSrc, Orb64f* pDst, int len) {
     orbsConvert_32f64f(pSrc, pDst, len);
 }
 
-// 2^-scaleFactor as its exponent field alone has it: 0 for 1023, and beyond -1022 and 1023 what the bits happen to mean.
+// 2^-scaleFactor as its exponent field alone has it: 0 for 1023, and beyond -1023 and 1023 what the bits then mean.
 inline Orb64f scaleInExponent(int scaleFactor) {
     return std::bit_cast<Orb64f>((Orb64u{1023} - static_cast<Orb64u>(Orb64s{scaleFactor})) << 52);
 }
@@ -90,6 +92,31 @@ void narrow(const Tap* pSrc, Sample* pDst, std::ptrdiff_t count, int scaleFactor
         narrowParts(asParts(pSrc), asParts(pDst), static_cast<int>(count) * static_cast<int>(partCount<Tap>),
                     scaleFactor);
     }
+}
+
+// ---- Outputs of calls without a state ----
+
+// 2^-scaleFactor from its exponent field, the magnitude of the factor modulo 128; 2^-127 is 0 in single precision.
+template <class Sum>
+Sum scaleModulo128(int scaleFactor) {
+    const Orb32u magnitude = static_cast<Orb32u>(scaleFactor);
+    return powerOfTwo<Sum>(scaleFactor > 0 ? -static_cast<int>(magnitude % 128)
+                                           : static_cast<int>((0 - magnitude) % 128));
+}
+
+// sums * m to nearest, halves away from zero, saturated; of a NaN the lowest.
+template <class Sum, class X>
+void roundAndSaturate(const Sum* sums, Sum m, X* pDst, std::size_t count) {
+    using Limits = std::numeric_limits<X>;
+    forEachVector<Orb64f>(count, [=](auto d, std::size_t n) HWY_ATTR {
+        const hn::Rebind<Sum, decltype(d)> dSums;
+        const hn::Rebind<X, decltype(d)> dOutputs;
+        const auto scaled = valuesIn(d, hn::Mul(hn::LoadU(dSums, sums + n), hn::Set(dSums, m)));
+        const auto above = hn::Max(scaled, hn::Set(d, Orb64f{Limits::lowest()}));
+        const auto limited = hn::Min(above, hn::Set(d, Orb64f{Limits::max()}));
+        const auto whole = truncatedInt32(hn::Add(limited, hn::CopySign(hn::Set(d, 0.5), limited)));
+        hn::StoreU(valuesIn(dOutputs, whole), dOutputs, pDst + n);
+    });
 }
 
 } // namespace orbs

@@ -4,6 +4,7 @@
 //   D, the delay buffer of a single-rate filter, in the type of the taps: the last tapsLen samples stand at
 //   D[dlyLineIndex] and on, oldest first. A single sample is written twice, tapsLen apart, so that this run never
 //   wraps; a block is written behind the run and leaves it at D[0].
+//   That of a multi-rate filter is in the type of the samples: the last dlyLineLen stand at D[0] and on.
 #pragma once
 
 #include "filters/kernels.h"
@@ -84,7 +85,7 @@ struct FirState {
     RelativePtr<Tap> pFFTWork;  // fftLen elements for each of workAreas threads
     RelativePtr<Orb8u> pFFTBuf; // fftBufSize bytes for each of workAreas threads
     Orb32s fftBufSize;
-    RelativePtr<Sample> pStaging; // stagingLen outputs of an in-place call
+    RelativePtr<Tap> pStaging; // stagingLen elements, for calls in place and for samples of another type than the taps
     RelativePtr<OrbStatus> pThreadStatus;
     Orb32s ownsMemory;
     Orb32s upPhase;
@@ -93,8 +94,24 @@ struct FirState {
     Orb32s reserved[2];
 };
 
-// Outputs that an in-place call works out before it writes them back.
 constexpr int stagingLen = 4096;
+
+template <class State>
+using TapOf = typename State::Tap;
+template <class State>
+using SampleOf = typename State::Sample;
+
+// Which states of a pair of types a member takes: those of one rate alone, or multi-rate ones too.
+enum class Kinds { singleRate, both };
+
+template <class State>
+bool isMultiRate(const State* state) {
+    return state->tag == State::multiRateTag;
+}
+template <Kinds kinds, class State>
+OrbStatus checkState(const State* state) {
+    return kinds == Kinds::both && isMultiRate(state) ? orbStsNoErr : checkTag(state, State::singleRateTag);
+}
 
 // tapsLen rounded up to a multiple of four: the first outputs of a block, which reach back into the delay line.
 constexpr Orb32s headOutputs(Orb32s tapsLen) {

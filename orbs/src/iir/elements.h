@@ -1,7 +1,7 @@
 // Sums and products of elements, real and complex alike. Every real product and every sum is rounded.
 #pragma once
 
-#include "filters/kernels.h"
+#include "filters/taps.h"
 
 namespace orbs {
 
@@ -35,6 +35,15 @@ T negative(T a) {
         return {-a.re, -a.im};
     } else {
         return -a;
+    }
+}
+// Part by part in another type.
+template <class To, class T>
+To cast(T a) {
+    if constexpr (isComplex<T>) {
+        return {static_cast<Part<To>>(a.re), static_cast<Part<To>>(a.im)};
+    } else {
+        return static_cast<To>(a);
     }
 }
 

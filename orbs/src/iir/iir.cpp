@@ -27,7 +27,7 @@ OrbStatus filter(const SampleOf<State>* pSrc, SampleOf<State>* pDst, int len, St
             filterChunk<Tap>(pState, work, work, count);
             if constexpr (roundsOutputs<State>) {
                 roundOut(asParts(work), asParts(pDst), static_cast<std::size_t>(count) * partCount<Tap>,
-                         blockScale<Part<Tap>>(scaleFactor));
+                         scaleModulo128<Part<Tap>>(scaleFactor));
             } else {
                 narrow(work, pDst, count, 0);
             }
@@ -51,13 +51,13 @@ OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState
     using Tap = typename State::Tap;
     if (anyNull(pState, pDstVal)) return orbStsNullPtrErr;
     if (const OrbStatus status = checkEitherTag(pState)) return status;
-    const Tap y = filterSample<Tap>(pState, widened<Tap>(src));
+    const Tap y = filterSample<Tap>(pState, cast<Tap>(src));
     if constexpr (roundsOutputs<State>) {
         Orb64f parts[partCount<Tap>];
         std::copy_n(asParts(&y), partCount<Tap>, parts);
         roundOut(parts, asParts(pDstVal), partCount<Tap>, sampleScale(scaleFactor));
     } else {
-        narrow(&y, pDstVal, 1, 0);
+        *pDstVal = cast<SampleOf<State>>(y);
     }
     return orbStsNoErr;
 }

@@ -10,14 +10,7 @@
 
 namespace orbs {
 
-// 2^-scaleFactor in the exponent field, the magnitude of scaleFactor modulo 128: in single precision 127 gives 0.
-template <class Lane>
-Lane blockScale(int scaleFactor) {
-    const auto magnitude = static_cast<Orb32u>(scaleFactor);
-    return powerOfTwo<Lane>(scaleFactor > 0 ? -static_cast<int>(magnitude % 128)
-                                            : static_cast<int>((0 - magnitude) % 128));
-}
-// scaleFactor as it stands, within the normal numbers.
+// 2^-scaleFactor, limited to the normal numbers.
 inline Orb64f sampleScale(int scaleFactor) {
     return powerOfTwo<Orb64f>(-std::clamp(scaleFactor, -1023, 1022));
 }

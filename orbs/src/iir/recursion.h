@@ -2,6 +2,7 @@
 // them, four outputs at a time.
 #pragma once
 
+#include "filters/kernels.h"
 #include "iir/groups.h"
 #include "iir/state.h"
 #include "iir/steps.h"

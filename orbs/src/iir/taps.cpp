@@ -1,4 +1,5 @@
 // Taps over a[0], and the coefficients of four outputs at a time.
+#include "foundation/control.h"
 #include "iir/groups.h"
 #include "iir/state.h"
 
@@ -33,16 +34,27 @@ T reciprocal(T value) {
     }
 }
 
-// The table of a recursion with r[1] .. r[order] = -a.
+struct ExtendedComplex {
+    long double re, im;
+};
+template <class T>
+using Extended = std::conditional_t<isComplex<T>, ExtendedComplex, long double>;
+
+// The table of a recursion with r[1] .. r[order] = -a. Its coefficients are rounded once: close to the unit circle the
+// error of an output is that of the table.
 template <class T>
 Part<T>* writeRecursion(Part<T>* table, const T* a, int order) {
-    const auto r = [=](int k) { return k <= order ? negative(a[k - 1]) : T{}; };
+    using Wide = Extended<T>;
+    const auto r = [=](int k) { return k <= order ? cast<Wide>(negative(a[k - 1])) : Wide{}; };
+    const Wide r1 = r(1), r2 = r(2), r3 = r(3);
     for (int i = 1; i <= order; ++i) {
+        std::array<Wide, groupLen> wide;
+        wide[0] = r(i);
+        wide[1] = plus(times(r1, wide[0]), r(i + 1));
+        wide[2] = plus(plus(times(r1, wide[1]), times(r2, wide[0])), r(i + 2));
+        wide[3] = plus(plus(plus(times(r1, wide[2]), times(r2, wide[1])), times(r3, wide[0])), r(i + 3));
         std::array<T, groupLen> row;
-        row[0] = r(i);
-        row[1] = plus(times(r(1), row[0]), r(i + 1));
-        row[2] = plus(plus(times(r(1), row[1]), times(r(2), row[0])), r(i + 2));
-        row[3] = plus(plus(plus(times(r(1), row[2]), times(r(2), row[1])), times(r(3), row[0])), r(i + 3));
+        for (std::size_t j = 0; j < groupLen; ++j) row[j] = cast<T>(wide[j]);
         if (i == 1)
             for (std::size_t k = 0; k < 3; ++k) table = writeInAllElements(table, row[k]);
         table = writeRow(table, row);
@@ -61,6 +73,7 @@ OrbStatus setFilterTaps(IirHead<Tap>* state, const Tap* pTaps) {
     Tap* const a = taps + order + 1;
     for (int k = 0; k <= order; ++k) taps[k] = times(pTaps[k], c);
     for (int k = 1; k <= order; ++k) a[k - 1] = times(pTaps[order + 1 + k], c);
+    const X87Control extended(X87Control::nearest);
     writeRecursion<Tap>(state->pYTable, a, order);
     return orbStsNoErr;
 }
@@ -69,6 +82,7 @@ template <class Tap>
 OrbStatus setSectionTaps(IirHead<Tap>* state, const Tap* pTaps) {
     Tap* taps = state->pTaps;
     Part<Tap>* table = state->pSectionTable;
+    const X87Control extended(X87Control::nearest);
     for (int s = 0; s < state->numBq; ++s, pTaps += 6, taps += 5) {
         // A filter of order 2 may have a b[0] of 0, a section may not.
         if (isNought(pTaps[3]) || isNought(pTaps[0])) return orbStsDivByZeroErr;

@@ -1,6 +1,10 @@
-// FIR state objects: sizes, building, taps, delay line, release.
-#include "filters/state.h"
+// FIR state objects: sizes, building, taps, delay line, release. Taps is the type of a member's taps where the state
+// keeps others: Orb32s, held as doubles.
+#pragma once
 
+#include "filters/multirate.h"
+#include "filters/samples.h"
+#include "filters/state.h"
 #include "foundation/threads.h"
 #include "orbs/fir.h"
 #include "orbs/foundation.h"
@@ -10,14 +14,7 @@
 #include <limits>
 #include <new>
 
-namespace {
-
-using namespace orbs;
-
-template <class State>
-using TapOf = typename State::Tap;
-template <class State>
-using SampleOf = typename State::Sample;
+namespace orbs {
 
 constexpr std::uint64_t largestBlock = std::numeric_limits<int>::max();
 
@@ -26,13 +23,13 @@ constexpr std::uint64_t largestBlock = std::numeric_limits<int>::max();
 // Reported sizes. They were fixed for a layout with shifted copies of the taps and a broadcast table; what that is
 // larger than ours is the room for aligning the caller's block. The thread count enters although no area of such an
 // object depends on it.
-template <class State>
+template <class Tap, class Taps = Tap>
 std::uint64_t stateSize(int length) {
-    using Tap = TapOf<State>;
     const auto tapsLen = static_cast<std::uint64_t>(length);
     const auto threads = static_cast<std::uint64_t>(std::max(threadCount(), 1));
     const std::uint64_t delay = roundUp(delayCapacity(tapsLen) * sizeof(Tap), 16);
     const std::uint64_t taps = roundUp(tapsLen * sizeof(Tap), 16);
+    if constexpr (!std::is_same_v<Taps, Tap>) return delay + 3 * taps + 112 + (threads * 2 + 4094) * 8 + 15;
     if constexpr (std::is_same_v<Tap, Orb32f>)
         return delay + (((tapsLen + 6) >> 2) << 6) + taps + 112 + (threads * 4 + 4092) * 4 + 16;
     if constexpr (std::is_same_v<Tap, Orb32fc>)
@@ -75,7 +72,7 @@ struct Areas {
     State* head;
     TapOf<State>*taps, *delay, *fftTaps, *fftWork;
     Orb8u *fftSpec, *fftBuf;
-    SampleOf<State>* staging;
+    TapOf<State>* staging;
     std::uint64_t size;
 };
 
@@ -92,41 +89,56 @@ Areas<State> layOut(void* base, int length, const FftPlan& fft) {
     areas.fftSpec = block.take<Orb8u>(fft.specSize, 32);
     areas.fftBuf = block.take<Orb8u>(fft.bufSize * fft.threads, 32);
     areas.fftWork = block.take<Tap>(fft.length * fft.threads, 32);
-    areas.staging = block.take<SampleOf<State>>(stagingLen, 16);
+    areas.staging = block.take<Tap>(stagingLen, 16);
     areas.size = block.used();
     return areas;
 }
 
 // ---- Taps and delay line ----
 
-template <class State>
-void writeTaps(State* state, const TapOf<State>* pTaps) {
+template <class State, class Taps>
+void writeTaps(State* state, const Taps* pTaps) {
     std::reverse_copy(pTaps, pTaps + state->tapsLen, state->pTaps.get());
 }
 
-template <class State>
-OrbStatus transformTaps(State* state, const TapOf<State>* pTaps) {
+template <class State, class Taps>
+OrbStatus transformTaps(State* state, const Taps* pTaps) {
     TapOf<State>* const spectrum = state->pFFTTaps;
     std::copy_n(pTaps, state->tapsLen, spectrum);
     std::fill(spectrum + state->tapsLen, spectrum + state->fftLen, TapOf<State>{});
     return State::Rules::forward(spectrum, spectrum, state->pFFTSpec, state->pFFTBuf);
 }
 
+// Calls use(oldest), the sample behind which the line goes on, in the type that the line is kept in.
+template <class State, class Use>
+void withLine(State* state, Use use) {
+    TapOf<State>* const D = state->pDlyLine;
+    if (isMultiRate(state)) {
+        use(reinterpret_cast<SampleOf<State>*>(D));
+    } else {
+        use(D + state->dlyLineIndex);
+    }
+}
+
 // A caller's line is newest sample first. Null clears.
 template <class State>
 void writeDlyLine(State* state, const SampleOf<State>* pDlyLine) {
     state->dlyLineIndex = 0;
-    if (pDlyLine) {
-        std::reverse_copy(pDlyLine, pDlyLine + state->dlyLineLen, state->pDlyLine.get());
-    } else {
-        std::fill_n(state->pDlyLine.get(), state->dlyLineLen, TapOf<State>{});
-    }
+    withLine(state, [=]<class T>(T* oldest) {
+        const int count = state->dlyLineLen;
+        if (!pDlyLine) {
+            std::fill_n(oldest, count, T{});
+        } else {
+            std::transform(pDlyLine, pDlyLine + count, std::reverse_iterator(oldest + count),
+                           widened<T, SampleOf<State>>);
+        }
+    });
 }
 
 // ---- Building ----
 
-template <class State>
-State* build(const Areas<State>& areas, const TapOf<State>* pTaps, int tapsLen, const SampleOf<State>* pDlyLine) {
+template <class State, class Taps>
+State* build(const Areas<State>& areas, const Taps* pTaps, int tapsLen, const SampleOf<State>* pDlyLine) {
     State* const state = new (areas.head) State{};
     state->tag = State::singleRateTag;
     state->pTaps = areas.taps;
@@ -140,8 +152,8 @@ State* build(const Areas<State>& areas, const TapOf<State>* pTaps, int tapsLen, 
     return state;
 }
 
-template <class State>
-OrbStatus addFft(State* state, const Areas<State>& areas, const FftPlan& fft, const TapOf<State>* pTaps) {
+template <class State, class Taps>
+OrbStatus addFft(State* state, const Areas<State>& areas, const FftPlan& fft, const Taps* pTaps) {
     Orb8u* const initBuffer = orbsMalloc_8u(fft.initSize);
     // A filter that gets no FFT object answers as one whose object is null.
     if (fft.initSize > 0 && !initBuffer) return orbStsNullPtrErr;
@@ -160,27 +172,26 @@ OrbStatus addFft(State* state, const Areas<State>& areas, const FftPlan& fft, co
     return transformTaps(state, pTaps);
 }
 
-template <class State>
+template <class State, class Taps = TapOf<State>>
 OrbStatus getStateSize(int tapsLen, int* pBufferSize) {
     if (anyNull(pBufferSize)) return orbStsNullPtrErr;
     if (tapsLen < 1) return orbStsFIRLenErr;
-    *pBufferSize = static_cast<int>(static_cast<Orb32u>(stateSize<State>(tapsLen)));
+    *pBufferSize = static_cast<int>(static_cast<Orb32u>(stateSize<TapOf<State>, Taps>(tapsLen)));
     return orbStsNoErr;
 }
 
-template <class State>
-OrbStatus init(State** ppState, const TapOf<State>* pTaps, int tapsLen, const SampleOf<State>* pDlyLine,
-               Orb8u* pBuffer) {
+template <class State, class Taps>
+OrbStatus init(State** ppState, const Taps* pTaps, int tapsLen, const SampleOf<State>* pDlyLine, Orb8u* pBuffer) {
     if (anyNull(ppState, pTaps, pBuffer)) return orbStsNullPtrErr;
     if (tapsLen < 1) return orbStsFIRLenErr;
     // The reported size wrapped, and the caller's block is too short.
-    if (stateSize<State>(tapsLen) > largestBlock) return orbStsMemAllocErr;
+    if (stateSize<TapOf<State>, Taps>(tapsLen) > largestBlock) return orbStsMemAllocErr;
     *ppState = build(layOut<State>(alignUp(pBuffer, 16), tapsLen, {}), pTaps, tapsLen, pDlyLine);
     return orbStsNoErr;
 }
 
-template <class State>
-OrbStatus initAlloc(State** ppState, const TapOf<State>* pTaps, int tapsLen, const SampleOf<State>* pDlyLine) {
+template <class State, class Taps>
+OrbStatus initAlloc(State** ppState, const Taps* pTaps, int tapsLen, const SampleOf<State>* pDlyLine) {
     if (anyNull(ppState, pTaps)) return orbStsNullPtrErr;
     if (tapsLen < 1) return orbStsFIRLenErr;
     const FftPlan fft = planFft<typename State::Rules>(tapsLen);
@@ -201,90 +212,70 @@ OrbStatus initAlloc(State** ppState, const TapOf<State>* pTaps, int tapsLen, con
     return orbStsNoErr;
 }
 
-template <class State>
+template <Kinds kinds = Kinds::both, class State>
 OrbStatus release(State* pState) {
     if (anyNull(pState)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pState, State::singleRateTag)) return status;
+    if (const OrbStatus status = checkState<kinds>(pState)) return status;
     if (pState->ownsMemory) orbsFree(pState);
     return orbStsNoErr;
 }
 
 // ---- Accessors ----
 
-template <class State>
-OrbStatus setTaps(const TapOf<State>* pTaps, State* pState) {
-    if (anyNull(pTaps, pState)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pState, State::singleRateTag)) return status;
+template <class State, class Taps>
+OrbStatus replaceTaps(const Taps* pTaps, State* pState) {
     writeTaps(pState, pTaps);
     return pState->pFFTSpec ? transformTaps(pState, pTaps) : orbStsNoErr;
 }
 
 template <class State>
+OrbStatus setTaps(const TapOf<State>* pTaps, State* pState) {
+    if (anyNull(pTaps, pState)) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkState<Kinds::both>(pState)) return status;
+    return isMultiRate(pState) ? setMultiRateTaps(pState, pTaps) : replaceTaps(pTaps, pState);
+}
+// No test of the tag: a caller sees no status for a state of another kind.
+inline OrbStatus setTaps(const Orb32s* pTaps, OrbsFIRState64f_32s* pState) {
+    if (anyNull(pTaps, pState)) return orbStsNullPtrErr;
+    return replaceTaps(pTaps, pState);
+}
+
+template <class State>
 OrbStatus getTaps(const State* pState, TapOf<State>* pTaps) {
     if (anyNull(pState, pTaps)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pState, State::singleRateTag)) return status;
+    if (const OrbStatus status = checkState<Kinds::both>(pState)) return status;
     const TapOf<State>* const reversed = pState->pTaps;
     std::reverse_copy(reversed, reversed + pState->tapsLen, pTaps);
     return orbStsNoErr;
 }
+// Toward zero. The state may have been made with doubles: what fits no Orb32s, and a NaN, is the lowest one.
+inline OrbStatus getTaps(const OrbsFIRState64f_32s* pState, Orb32s* pTaps) {
+    if (anyNull(pState, pTaps)) return orbStsNullPtrErr;
+    if (const OrbStatus status = checkState<Kinds::singleRate>(pState)) return status;
+    const Orb64f* const reversed = pState->pTaps;
+    std::transform(reversed, reversed + pState->tapsLen, std::reverse_iterator(pTaps + pState->tapsLen),
+                   [](Orb64f tap) { return _mm_cvttsd_si32(_mm_set_sd(tap)); });
+    return orbStsNoErr;
+}
 
-template <class State>
+template <Kinds kinds = Kinds::both, class State>
 OrbStatus setDlyLine(State* pState, const SampleOf<State>* pDlyLine) {
     if (anyNull(pState)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pState, State::singleRateTag)) return status;
+    if (const OrbStatus status = checkState<kinds>(pState)) return status;
     writeDlyLine(pState, pDlyLine);
     return orbStsNoErr;
 }
 
-template <class State>
+template <Kinds kinds = Kinds::both, class State>
 OrbStatus getDlyLine(const State* pState, SampleOf<State>* pDlyLine) {
     if (anyNull(pState, pDlyLine)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkTag(pState, State::singleRateTag)) return status;
-    const TapOf<State>* const oldest = pState->pDlyLine + pState->dlyLineIndex;
-    std::reverse_copy(oldest, oldest + pState->dlyLineLen, pDlyLine);
+    if (const OrbStatus status = checkState<kinds>(pState)) return status;
+    withLine(pState, [=]<class T>(const T* oldest) {
+        const int count = pState->dlyLineLen;
+        std::transform(oldest, oldest + count, std::reverse_iterator(pDlyLine + count),
+                       widened<SampleOf<State>, T>); // what was a sample is one again
+    });
     return orbStsNoErr;
 }
 
-} // namespace
-
-// clang-format off
-extern "C" {
-
-OrbStatus orbsFIRGetStateSize_32f(int tapsLen, int* pBufferSize) { return getStateSize<OrbsFIRState_32f>(tapsLen, pBufferSize); }
-OrbStatus orbsFIRInit_32f(OrbsFIRState_32f** ppState, const Orb32f* pTaps, int tapsLen, const Orb32f* pDlyLine, Orb8u* pBuffer) { return init(ppState, pTaps, tapsLen, pDlyLine, pBuffer); }
-OrbStatus orbsFIRInitAlloc_32f(OrbsFIRState_32f** ppState, const Orb32f* pTaps, int tapsLen, const Orb32f* pDlyLine) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine); }
-OrbStatus orbsFIRFree_32f(OrbsFIRState_32f* pState) { return release(pState); }
-OrbStatus orbsFIRSetTaps_32f(const Orb32f* pTaps, OrbsFIRState_32f* pState) { return setTaps(pTaps, pState); }
-OrbStatus orbsFIRGetTaps_32f(const OrbsFIRState_32f* pState, Orb32f* pTaps) { return getTaps(pState, pTaps); }
-OrbStatus orbsFIRSetDlyLine_32f(OrbsFIRState_32f* pState, const Orb32f* pDlyLine) { return setDlyLine(pState, pDlyLine); }
-OrbStatus orbsFIRGetDlyLine_32f(const OrbsFIRState_32f* pState, Orb32f* pDlyLine) { return getDlyLine(pState, pDlyLine); }
-
-OrbStatus orbsFIRGetStateSize_32fc(int tapsLen, int* pBufferSize) { return getStateSize<OrbsFIRState_32fc>(tapsLen, pBufferSize); }
-OrbStatus orbsFIRInit_32fc(OrbsFIRState_32fc** ppState, const Orb32fc* pTaps, int tapsLen, const Orb32fc* pDlyLine, Orb8u* pBuffer) { return init(ppState, pTaps, tapsLen, pDlyLine, pBuffer); }
-OrbStatus orbsFIRInitAlloc_32fc(OrbsFIRState_32fc** ppState, const Orb32fc* pTaps, int tapsLen, const Orb32fc* pDlyLine) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine); }
-OrbStatus orbsFIRFree_32fc(OrbsFIRState_32fc* pState) { return release(pState); }
-OrbStatus orbsFIRSetTaps_32fc(const Orb32fc* pTaps, OrbsFIRState_32fc* pState) { return setTaps(pTaps, pState); }
-OrbStatus orbsFIRGetTaps_32fc(const OrbsFIRState_32fc* pState, Orb32fc* pTaps) { return getTaps(pState, pTaps); }
-OrbStatus orbsFIRSetDlyLine_32fc(OrbsFIRState_32fc* pState, const Orb32fc* pDlyLine) { return setDlyLine(pState, pDlyLine); }
-OrbStatus orbsFIRGetDlyLine_32fc(const OrbsFIRState_32fc* pState, Orb32fc* pDlyLine) { return getDlyLine(pState, pDlyLine); }
-
-OrbStatus orbsFIRGetStateSize_64f(int tapsLen, int* pBufferSize) { return getStateSize<OrbsFIRState_64f>(tapsLen, pBufferSize); }
-OrbStatus orbsFIRInit_64f(OrbsFIRState_64f** ppState, const Orb64f* pTaps, int tapsLen, const Orb64f* pDlyLine, Orb8u* pBuffer) { return init(ppState, pTaps, tapsLen, pDlyLine, pBuffer); }
-OrbStatus orbsFIRInitAlloc_64f(OrbsFIRState_64f** ppState, const Orb64f* pTaps, int tapsLen, const Orb64f* pDlyLine) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine); }
-OrbStatus orbsFIRFree_64f(OrbsFIRState_64f* pState) { return release(pState); }
-OrbStatus orbsFIRSetTaps_64f(const Orb64f* pTaps, OrbsFIRState_64f* pState) { return setTaps(pTaps, pState); }
-OrbStatus orbsFIRGetTaps_64f(const OrbsFIRState_64f* pState, Orb64f* pTaps) { return getTaps(pState, pTaps); }
-OrbStatus orbsFIRSetDlyLine_64f(OrbsFIRState_64f* pState, const Orb64f* pDlyLine) { return setDlyLine(pState, pDlyLine); }
-OrbStatus orbsFIRGetDlyLine_64f(const OrbsFIRState_64f* pState, Orb64f* pDlyLine) { return getDlyLine(pState, pDlyLine); }
-
-OrbStatus orbsFIRGetStateSize_64fc(int tapsLen, int* pBufferSize) { return getStateSize<OrbsFIRState_64fc>(tapsLen, pBufferSize); }
-OrbStatus orbsFIRInit_64fc(OrbsFIRState_64fc** ppState, const Orb64fc* pTaps, int tapsLen, const Orb64fc* pDlyLine, Orb8u* pBuffer) { return init(ppState, pTaps, tapsLen, pDlyLine, pBuffer); }
-OrbStatus orbsFIRInitAlloc_64fc(OrbsFIRState_64fc** ppState, const Orb64fc* pTaps, int tapsLen, const Orb64fc* pDlyLine) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine); }
-OrbStatus orbsFIRFree_64fc(OrbsFIRState_64fc* pState) { return release(pState); }
-OrbStatus orbsFIRSetTaps_64fc(const Orb64fc* pTaps, OrbsFIRState_64fc* pState) { return setTaps(pTaps, pState); }
-OrbStatus orbsFIRGetTaps_64fc(const OrbsFIRState_64fc* pState, Orb64fc* pTaps) { return getTaps(pState, pTaps); }
-OrbStatus orbsFIRSetDlyLine_64fc(OrbsFIRState_64fc* pState, const Orb64fc* pDlyLine) { return setDlyLine(pState, pDlyLine); }
-OrbStatus orbsFIRGetDlyLine_64fc(const OrbsFIRState_64fc* pState, Orb64fc* pDlyLine) { return getDlyLine(pState, pDlyLine); }
-
-}
-// clang-format on
+} // namespace orbs
