@@ -41,6 +41,14 @@ const ObjectRule objectRules[] = {
      "$1",
      false,
      {"FIRMR\\w+", "FIRMR", "$1", "FIROne\\w*"}},
+    {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+    {{"OrbsIIRState(\\w*_)(\\w+)", ""},
+     "IIR",
+     "GetStateSize",
+     {{"pBuffer", "pBufferSize"}},
+     "$1$2",
+     false,
+     {"IIR\\w*_BiQuad_\\w+", "IIR", "$1BiQuad_$2"}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, "$1", true},
@@ -109,6 +117,43 @@ int inputs(const Case& c, bool changesRate) {
 }
 int outputs(const Case& c, bool changesRate) {
     return changesRate ? c.n * upFactor(c) : c.n;
+// Taps of a recursive filter that fades: feedback behind a[0] adds up to less than a[0], whose place the Direct members
+// take for an exponent.
+struct Recursion {
+    std::size_t order, a0;
+};
+Recursion anyOrder(const Case& c) {
+    return {static_cast<std::size_t>(c.taps), static_cast<std::size_t>(c.taps) + 1};
+}
+Recursion biQuads(const Case&) {
+    return {2, 3};
+}
+Recursion eitherWay(const Case& c) {
+    return secondWay(c) ? biQuads(c) : anyOrder(c);
+}
+std::size_t tapsOfEither(const Case& c) {
+    return static_cast<std::size_t>(secondWay(c) ? 6 * c.taps : 2 * c.taps + 2);
+}
+std::size_t delaysOfEither(const Case& c) {
+    return static_cast<std::size_t>(secondWay(c) ? 2 * c.taps : c.taps);
+}
+template <Recursion (*filter)(const Case&)>
+std::size_t placeOfA0(const Case& c) {
+    return filter(c).a0;
+}
+template <Recursion (*filter)(const Case&), int unit>
+double fadingTap(const Case& c) {
+    const Recursion f = filter(c);
+    const std::size_t at = c.at % (2 * f.order + 2);
+    const double varied = ((7 * c.turn + 5 * c.imaginary) % 16 - 7.5) / 8; // in -0.94 to 0.94, never 0
+    if (at == f.a0) return (c.imaginary ? -0.375 : 1.25) * unit;
+    return (at < f.a0 ? 3 : 0.9 / static_cast<double>(f.order)) * varied * unit;
+}
+template <Recursion (*filter)(const Case&)>
+double fadingTap16(const Case& c) {
+    constexpr int exponents[] = {12, 13, 12, 15, 31, 0, 40};
+    if (c.at % (2 * filter(c).order + 2) == filter(c).a0) return exponents[static_cast<std::size_t>(c.turn) % 7];
+    return fadingTap<filter, 4096>(c);
 }
 
 #define COUNT(expression)                                                                                              \
@@ -120,6 +165,8 @@ double oneOf(const Case& c) {
     static constexpr double values[] = {choices...};
     return values[static_cast<std::size_t>(c.turn) % std::size(values)];
 }
+
+constexpr Number floatWord = oneOf<0x447a0000, -0x40c00000, 0, 0x469c4000>; // bits of 1000, -0.75, 0 and 20000
 
 const VectorRule vectorRules[] = {
     // Bit strings; what surrounds the bits stays.
@@ -146,6 +193,23 @@ const VectorRule vectorRules[] = {
     {{"FIR(?!_32s)[\\d_].*", "pDst"}, COUNT(outputs(c, secondWay(c)))},
     {{"FIR(?!_32s)[\\d_].*", "pSrcDst"}, COUNT(std::max(inputs(c, secondWay(c)), outputs(c, secondWay(c))))},
     {{"FIR[GS]etDlyLine(?!_32s).*", "pDlyLine"}, COUNT(secondWay(c) ? rateLine(c) : c.taps)},
+    {{"IIR(One)?_Direct_.*", "pTaps"}, COUNT(2 * c.taps + 2), {}, fadingTap16<anyOrder>},
+    {{"IIR(One)?_BiQuadDirect_.*", "pTaps"}, COUNT(6 * c.taps), {}, fadingTap16<biQuads>},
+    {{"IIR(One)?_Direct_.*", "pDlyLine"}, COUNT(c.taps), Use::update},
+    {{"IIR(One)?_BiQuadDirect_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
+    {{"IIR\\w*32sc?_BiQuad_16sc?", "pTaps"}, COUNT(6 * c.taps), {}, fadingTap<biQuads, 4096>},
+    {{"IIR\\w*_BiQuad_.*", "pTaps"}, COUNT(6 * c.taps), {}, fadingTap<biQuads, 1>},
+    {{"IIRSetTaps32sc?_16sc?", "pTaps"}, tapsOfEither, {}, fadingTap<eitherWay, 4096>},
+    {{"IIRSetTaps.*", "pTaps"}, tapsOfEither, {}, fadingTap<eitherWay, 1>},
+    {{"IIR\\w*32sc?_16sc?", "pTaps"}, COUNT(2 * c.taps + 2), {}, fadingTap<anyOrder, 4096>},
+    {{"IIR.*", "pTaps"}, COUNT(2 * c.taps + 2), {}, fadingTap<anyOrder, 1>},
+    {{"IIRInit\\w*32sc?_BiQuad_.*", "pDlyLine"}, COUNT(2 * c.taps), {}, floatWord},
+    {{"IIRInit\\w*32sc?_16.*", "pDlyLine"}, COUNT(c.taps), {}, floatWord},
+    {{"IIRSetDlyLine32sc?_.*", "pDlyLine"}, delaysOfEither, {}, floatWord},
+    {{"IIR[GS]etDlyLine.*", "pDlyLine"}, delaysOfEither},
+    {{"IIR\\w*_BiQuad_.*", "pDlyLine"}, COUNT(2 * c.taps)},
+    {{"IIR.*", "pDlyLine"}, COUNT(c.taps)},
+    {{"IIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
     {{"FIR\\w*_Direct_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pTapsQ15|pDlyLine"}, COUNT(c.taps)},
@@ -234,6 +298,8 @@ const NumberRule numberRules[] = {
      orbStsDivByZeroErr},
     {{"Normalize_64.*", "vDiv"}, nullptr, {NUMBER(0), NUMBER(0x1p-1023), NUMBER(NAN)}, orbStsDivByZeroErr},
     {{".*", "val|src|vSub"}, nullptr},
+    {{"IIR.*", "order|numBq"}, NUMBER(c.taps), belowOne, orbStsIIROrderErr},
+    {{"IIR.*", "tapsFactor"}, oneOf<12, 0, -3, 31, 20>},
     {{"Copy_1u", "srcBitOffset"}, NUMBER(sourceOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"Copy_1u|PackBits_.*", "dstBitOffset"},
      NUMBER(destinationOffset(c)),
@@ -351,6 +417,14 @@ const PointeeRule pointeeRules[] = {
     {{"FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
      {NUMBER(-1), NUMBER(c.taps), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsDlyLineIndexErr},
+    {{"IIR(One)?_Direct_.*", "pTaps"}, {NUMBER(-1), NUMBER(-32768)}, orbStsIIRScaleErr, placeOfA0<anyOrder>},
+    {{"IIR(One)?_BiQuadDirect_.*", "pTaps"}, {NUMBER(-1), NUMBER(-32768)}, orbStsIIRScaleErr, placeOfA0<biQuads>},
+    {{"IIRSetTaps32sc?_16sc?", "pTaps"}, {NUMBER(0)}, orbStsContextMatchErr, placeOfA0<eitherWay>}, // as ever
+    {{"IIRSetTaps32sc_16sc32fc", "pTaps"}, {NUMBER(0)}, orbStsContextMatchErr, placeOfA0<eitherWay>},
+    {{"IIRSetTaps.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<eitherWay>},
+    {{"IIR\\w*_BiQuad_.*", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr}, // b0
+    {{"IIR\\w*32sc?_16sc?", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
+    {{"IIR.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
     {{"GoertzTwo_.*", "rFreq"}, {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)}, orbStsRelFreqErr},
 };
 
@@ -361,6 +435,9 @@ const NullRule nullRules[] = {
     {{"(Min|Max)Indx_.*", "pIndx"}},                               // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                          // that part is zero then
     {{"FIR(MR)?(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
+    {{"(Min|Max)Indx_.*", "pIndx"}},                             // no place is told then
+    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                        // that part is zero then
+    {{"[FI]IR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
 const Exception resultsDependOnPlace[] = {
     {{"VectorRamp_64f", ""}}, // where the double precision begins
@@ -369,6 +446,7 @@ const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
     {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
+    {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
 };
 const Exception tagNotTested[] = {
     {{"FIRSetTaps_32s", "pState"}},
@@ -381,6 +459,8 @@ const WarningRule warningRules[] = {
     {{"PackBits_.*", ""}, {orbStsBitLenLimited}},
     {{"MaxOrder_\\d+f", ""}, {orbStsNanArg}},
     {{"FilterMedian_.*", ""}, {orbStsEvenMedianMaskSize}},
+    // An error in all but name: that is what they return whatever they have done.
+    {{"IIRSetTaps32sc?_16sc?|IIRSetTaps32sc_16sc32fc", ""}, {orbStsContextMatchErr}},
 };
 
 const OrderRule orderRules[] = {
@@ -403,6 +483,9 @@ const OrderRule orderRules[] = {
     {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
     {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
+    {{"IIR(One)?_Direct_.*", ""}, {"order", "*", "pTaps:value", "len"}},
+    {{"IIR(One)?_BiQuadDirect_.*", ""}, {"numBq", "*"}},
+    {{"IIRSetTaps.*", ""}, {"pTaps", "pState", "pState:tag", "*"}},
     {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
@@ -526,6 +609,13 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 1700}), {5, 70}),
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 11, 12, 13, 16, 33, 64}) +
               everyPair(lengths({255, 256, 511, 512, 801, 1601, 4352, 4609, 8200}), {1, 17, 64, 128, 200}))},
+    // Lengths around four times the orders, and around the chunks of long blocks.
+    {{"IIR.*", ""},
+     withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 33}),
+     withTaps(lengths({1023, 1024, 1025, 1029, 2048, 2049, 4099}), {1, 2, 3, 8, 40, 300}),
+     withTaps(lengths({9, 9, 1025, 1700}), {1, 5, 2, 70}),
+     numbered(everyPair(lengthsUpTo(34), {1, 2, 3, 4, 7}) + withTaps(lengthsFrom(35, 70), {5, 8, 9, 12, 16}) +
+              everyPair(lengths({255, 1024, 1025, 1031, 2050, 4099}), {1, 2, 3, 4, 5, 8, 33, 200}))},
     // Of every plan of the transforms inside.
     {{"Hilbert.*", ""},
      lengthsUpTo(70),
@@ -582,7 +672,7 @@ int channels(const Case& c) {
 }
 
 bool secondWay(const Case& c) {
-    return c.turn % 5 % 2 == 1;
+    return (c.turn - static_cast<int>(c.at)) % 5 % 2 == 1; // the same for all elements of a vector
 }
 
 } // namespace sweep
