@@ -117,6 +117,8 @@ int inputs(const Case& c, bool changesRate) {
 }
 int outputs(const Case& c, bool changesRate) {
     return changesRate ? c.n * upFactor(c) : c.n;
+}
+
 // Taps of a recursive filter that fades: feedback behind a[0] adds up to less than a[0], whose place the Direct members
 // take for an exponent.
 struct Recursion {
