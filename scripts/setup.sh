@@ -4,8 +4,8 @@
 set -euo pipefail
 packages=(g++ g++-multilib lib32gomp1 cmake ninja-build pkg-config googletest libhwy-dev libsndfile1-dev
           libcairo2-dev python3)
-[ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev
-                                libeigen3-dev python3-matplotlib)
+[ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsamplerate0-dev
+                                libsoxr-dev libsleef-dev libeigen3-dev python3-matplotlib)
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     echo "setup.sh: not a Debian system, nothing installed. Needed, by their Debian names: ${packages[*]}" >&2

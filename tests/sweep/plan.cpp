@@ -61,7 +61,7 @@ std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& a
     return static_cast<std::size_t>(told[size]);
 }
 
-// Cleared; of the next kind but one, for some have two tags; of no kind.
+// Cleared; of another kind, beyond the next ones, for some have two tags; of no kind.
 const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 4.0; },
                               [](const Case&) { return 0x1p24; }};
 
@@ -120,8 +120,8 @@ private:
         if (!object_->other.members) return;
         plan_.family.otherVerb = object_->other.verb;
         plan_.family.otherKind = match.format(object_->other.kind);
-        const bool makes = argument.find("**") != argument.npos;
-        plan_.family.other = matches(name_, object_->other.members) ? always : makes ? nullptr : secondWay;
+        const bool firstOnly = argument.find("**") != argument.npos || matches(name_, object_->other.notTakenBy);
+        plan_.family.other = matches(name_, object_->other.members) ? always : firstOnly ? nullptr : secondWay;
     }
 
     void add(const std::string& text, const Type& type) {

@@ -34,7 +34,13 @@ const ObjectRule objectRules[] = {
       {"pBuffer", "pBufferSize", always}}},
     {{"OrbsDFTSpec(\\w+)", ""}, "DFT", "GetBufSize", {{"pBuffer", "pSize", always}}},
     {{"OrbsDFTOutOrdSpec(\\w+)", ""}, "DFTOutOrd", "GetBufSize", {{"pBuffer", "pSize", always}}},
-    {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
+    {{"OrbsFIRState(\\w+)", ""},
+     "FIR",
+     "GetStateSize",
+     {{"pBuffer", "pBufferSize"}},
+     "$1",
+     false,
+     {"FIRMR\\w+", "FIRMR", "$1", "FIROne\\w*"}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, "$1", true},
@@ -82,6 +88,29 @@ int inverseLine(int taps, int offset) {
     return (taps - 1 + std::abs(offset)) / 2;
 }
 
+// Of filters that change the rate: periods of every kind, and sometimes none.
+template <int... factors>
+int factorOf(int turn) {
+    static constexpr int list[] = {factors...};
+    return list[static_cast<std::size_t>(turn) % std::size(list)];
+}
+int upFactor(const Case& c) {
+    return factorOf<1, 3, 2, 1, 5, 4, 7>(c.turn);
+}
+int downFactor(const Case& c) {
+    return factorOf<2, 1, 3, 1, 4, 5, 1, 2, 3, 1, 6>(c.turn);
+}
+int rateLine(const Case& c) {
+    return (c.taps - 1) / upFactor(c) + 1;
+}
+// Of a stream and of its outputs, if the rate changes and else.
+int inputs(const Case& c, bool changesRate) {
+    return changesRate ? c.n * downFactor(c) : c.n;
+}
+int outputs(const Case& c, bool changesRate) {
+    return changesRate ? c.n * upFactor(c) : c.n;
+}
+
 #define COUNT(expression)                                                                                              \
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
@@ -107,6 +136,16 @@ const VectorRule vectorRules[] = {
     {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
     {{"DFTFwd_RToCCS_.*", "pDst"}, COUNT(2 * (c.n / 2 + 1))},
     {{"DFTInv_CCSToR_.*", "pSrc"}, COUNT(2 * (c.n / 2 + 1))},
+    {{"FIRMR\\w*_Direct_.*", "pDlyLine"}, COUNT(rateLine(c)), Use::update},
+    {{"FIRMR.*", "pDlyLine"}, COUNT(rateLine(c))},
+    {{"FIRMR.*", "pSrc"}, COUNT(inputs(c, true))},
+    {{"FIRMR.*", "pDst"}, COUNT(outputs(c, true))},
+    {{"FIRMR.*", "pSrcDst"}, COUNT(std::max(inputs(c, true), outputs(c, true)))},
+    {{"FIR\\w*_Direct_.*", "pSrc|pDst|pSrcDst"}, COUNT(c.n)},
+    {{"FIR(?!_32s)[\\d_].*", "pSrc"}, COUNT(inputs(c, secondWay(c)))},
+    {{"FIR(?!_32s)[\\d_].*", "pDst"}, COUNT(outputs(c, secondWay(c)))},
+    {{"FIR(?!_32s)[\\d_].*", "pSrcDst"}, COUNT(std::max(inputs(c, secondWay(c)), outputs(c, secondWay(c))))},
+    {{"FIR[GS]etDlyLine(?!_32s).*", "pDlyLine"}, COUNT(secondWay(c) ? rateLine(c) : c.taps)},
     {{"FIR\\w*_Direct_.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
     {{"FIR\\w*_Direct_.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
     {{"FIR.*", "pTaps|pDlyLine"}, COUNT(c.taps)},
@@ -249,6 +288,16 @@ const NumberRule numberRules[] = {
      orbStsTriangleAsymErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"FIRMR.*", "upFactor"}, NUMBER(upFactor(c)), belowOne, orbStsFIRMRFactorErr},
+    {{"FIRMR.*", "downFactor"}, NUMBER(downFactor(c)), belowOne, orbStsFIRMRFactorErr},
+    {{"FIRMR.*", "upPhase"},
+     NUMBER(c.turn / 2 % upFactor(c)),
+     {NUMBER(-1), NUMBER(upFactor(c)), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsFIRMRPhaseErr},
+    {{"FIRMR.*", "downPhase"},
+     NUMBER(c.turn / 3 % downFactor(c)),
+     {NUMBER(-1), NUMBER(downFactor(c)), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsFIRMRPhaseErr},
     {{"Threshold_.*", "value(LT|GT)?"}, nullptr},
     {{"Threshold_.*", "relOp"}, oneOf<orbCmpLess, orbCmpGreater, 1, -4>},
     {{"Threshold_LTValGTVal_\\d+f.*", "levelLT"},
@@ -304,9 +353,9 @@ const NullRule nullRules[] = {
     // The result does not depend on it.
     {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
-    {{"(Min|Max)Indx_.*", "pIndx"}},                          // no place is told then
-    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                     // that part is zero then
-    {{"FIR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
+    {{"(Min|Max)Indx_.*", "pIndx"}},                               // no place is told then
+    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                          // that part is zero then
+    {{"FIR(MR)?(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
 };
 const Exception resultsDependOnPlace[] = {
     {{"VectorRamp_64f", ""}}, // where the double precision begins
@@ -352,6 +401,11 @@ const OrderRule orderRules[] = {
     {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
+    {{"FIRMR\\w*_Direct_.*", ""},
+     {"pSrc", "pDst", "pSrcDst", "numIters", "pTaps", "tapsLen", "upFactor", "downFactor", "upPhase", "downPhase",
+      "pDlyLine", "*"}},
+    {{"FIRMR(GetStateSize|Init|InitAlloc)[\\d_].*", ""},
+     {"*", "tapsLen", "upFactor", "downFactor", "upPhase", "downPhase"}},
     {{"FIR\\w*_Direct_.*", ""},
      {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "tapsLen", "pDlyLine", "pDlyLineIndex",
       "*"}},

@@ -30,9 +30,9 @@ struct ObjectRule {
     std::vector<Area> areas;  // with the object's own name: Init takes the memory itself, no place for a pointer to it
     const char* kind = "$1";  // what the type's pattern has captured
     bool freesAllocatedOnly = false;
-    // Objects made in a second way: by which members, of which verb and kind.
+    // Objects made in a second way: by which members, of which verb and kind; and which members do not take them.
     struct {
-        const char *members = nullptr, *verb = nullptr, *kind = nullptr;
+        const char *members = nullptr, *verb = nullptr, *kind = nullptr, *notTakenBy = "";
     } other = {};
 };
 struct VectorRule {

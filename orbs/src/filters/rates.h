@@ -6,6 +6,8 @@
 // h[tap + j * upFactor] * x[newest - j]. A call takes whole periods, so that the next one starts alike.
 #pragma once
 
+#include "orbdefs.h"
+
 #include <cstdint>
 
 namespace orbs {
@@ -23,8 +25,22 @@ struct Rates {
         const std::int64_t newest = (behind + upFactor) / upFactor - 1;
         return {newest, static_cast<int>(behind - newest * upFactor)};
     }
+    // The first output that meets this sample or younger ones.
+    std::int64_t firstThatMeets(std::int64_t sample) const {
+        const std::int64_t ticks = sample * upFactor + upPhase - downPhase; // from the first output on
+        return ticks <= 0 ? 0 : (ticks - 1) / downFactor + 1;
+    }
     // The samples that a filter remembers between calls, and the most that an output meets.
     int lineLength(int tapsLen) const { return (tapsLen - 1) / upFactor + 1; }
 };
+
+// The tests of what a multi-rate filter is made of.
+inline OrbStatus checkRates(int tapsLen, const Rates& rates) {
+    if (tapsLen < 1) return orbStsFIRLenErr;
+    if (rates.upFactor < 1 || rates.downFactor < 1) return orbStsFIRMRFactorErr;
+    if (rates.upPhase < 0 || rates.upPhase >= rates.upFactor) return orbStsFIRMRPhaseErr;
+    if (rates.downPhase < 0 || rates.downPhase >= rates.downFactor) return orbStsFIRMRPhaseErr;
+    return orbStsNoErr;
+}
 
 } // namespace orbs
