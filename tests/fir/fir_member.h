@@ -23,27 +23,36 @@ using support::ThreadCount;
 template <class T>
 struct Members;
 
-#define FIR_MEMBERS(t)                                                                                                 \
-    template <>                                                                                                        \
-    struct Members<Orb##t> {                                                                                           \
-        using State = OrbsFIRState_##t;                                                                                \
-        static constexpr auto getStateSize = orbsFIRGetStateSize_##t;                                                  \
-        static constexpr auto init = orbsFIRInit_##t;                                                                  \
-        static constexpr auto initAlloc = orbsFIRInitAlloc_##t;                                                        \
-        static constexpr auto free = orbsFIRFree_##t;                                                                  \
-        static constexpr auto setTaps = orbsFIRSetTaps_##t;                                                            \
-        static constexpr auto getTaps = orbsFIRGetTaps_##t;                                                            \
-        static constexpr auto setDlyLine = orbsFIRSetDlyLine_##t;                                                      \
-        static constexpr auto getDlyLine = orbsFIRGetDlyLine_##t;                                                      \
-        static constexpr auto filter = orbsFIR_##t;                                                                    \
-        static constexpr auto filterInPlace = orbsFIR_##t##_I;                                                         \
-        static constexpr auto one = orbsFIROne_##t;                                                                    \
-    }
-FIR_MEMBERS(32f);
-FIR_MEMBERS(32fc);
-FIR_MEMBERS(64f);
-FIR_MEMBERS(64fc);
-#undef FIR_MEMBERS
+#define FIR_MEMBERS(suffix, scaled, inPlaceScaled)                                                                     \
+    using State = OrbsFIRState##suffix;                                                                                \
+    static constexpr auto getStateSize = orbsFIRGetStateSize##suffix;                                                  \
+    static constexpr auto init = orbsFIRInit##suffix;                                                                  \
+    static constexpr auto initAlloc = orbsFIRInitAlloc##suffix;                                                        \
+    static constexpr auto free = orbsFIRFree##suffix;                                                                  \
+    static constexpr auto setTaps = orbsFIRSetTaps##suffix;                                                            \
+    static constexpr auto getTaps = orbsFIRGetTaps##suffix;                                                            \
+    static constexpr auto setDlyLine = orbsFIRSetDlyLine##suffix;                                                      \
+    static constexpr auto getDlyLine = orbsFIRGetDlyLine##suffix;                                                      \
+    static constexpr auto filter = orbsFIR##suffix##scaled;                                                            \
+    static constexpr auto filterInPlace = orbsFIR##suffix##inPlaceScaled;                                              \
+    static constexpr auto one = orbsFIROne##suffix##scaled
+
+template <>
+struct Members<Orb32f> {
+    FIR_MEMBERS(_32f, , _I);
+};
+template <>
+struct Members<Orb32fc> {
+    FIR_MEMBERS(_32fc, , _I);
+};
+template <>
+struct Members<Orb64f> {
+    FIR_MEMBERS(_64f, , _I);
+};
+template <>
+struct Members<Orb64fc> {
+    FIR_MEMBERS(_64fc, , _I);
+};
 
 using Types = testing::Types<Orb32f, Orb32fc, Orb64f, Orb64fc>;
 

@@ -26,18 +26,7 @@ struct Mixed;
 #define MIXED_MEMBERS(tap, sample, given, suffix, scaled, inPlaceScaled)                                               \
     template <>                                                                                                        \
     struct Mixed<Pair<Orb##tap, Orb##sample, Orb##given>> {                                                            \
-        using State = OrbsFIRState##suffix;                                                                            \
-        static constexpr auto getStateSize = orbsFIRGetStateSize##suffix;                                              \
-        static constexpr auto init = orbsFIRInit##suffix;                                                              \
-        static constexpr auto initAlloc = orbsFIRInitAlloc##suffix;                                                    \
-        static constexpr auto free = orbsFIRFree##suffix;                                                              \
-        static constexpr auto setTaps = orbsFIRSetTaps##suffix;                                                        \
-        static constexpr auto getTaps = orbsFIRGetTaps##suffix;                                                        \
-        static constexpr auto setDlyLine = orbsFIRSetDlyLine##suffix;                                                  \
-        static constexpr auto getDlyLine = orbsFIRGetDlyLine##suffix;                                                  \
-        static constexpr auto filter = orbsFIR##suffix##scaled;                                                        \
-        static constexpr auto filterInPlace = orbsFIR##suffix##inPlaceScaled;                                          \
-        static constexpr auto one = orbsFIROne##suffix##scaled;                                                        \
+        FIR_MEMBERS(suffix, scaled, inPlaceScaled);                                                                    \
     }
 MIXED_MEMBERS(32f, 16s, 32f, 32f_16s, _Sfs, _ISfs);
 MIXED_MEMBERS(32fc, 16sc, 32fc, 32fc_16sc, _Sfs, _ISfs);

@@ -103,6 +103,17 @@ void convolve(TapRun<T, step> taps, const Sample* pSrc, Output* pDst, std::size_
     convolveRest<most>(d, taps, x + n, y + n, end - n);
 }
 
+// Lanes added up in halves until two are left.
+template <class D, class V>
+HWY_INLINE std::pair<hn::TFromD<D>, hn::TFromD<D>> foldedToTwo(D d, V sums) {
+    if constexpr (hn::MaxLanes(d) > 2) {
+        const hn::Half<D> half;
+        return foldedToTwo(half, hn::Add(hn::LowerHalf(half, sums), hn::UpperHalf(half, sums)));
+    } else {
+        return {hn::ExtractLane(sums, 0), hn::ExtractLane(sums, 1)};
+    }
+}
+
 // Sums of h[n] * x[n], or crossed: of h[n] * x[n ^ 1], for even and for odd n, in 8 lanes that are folded in halves.
 // What is left over from whole groups of 8 comes first, into lane 0 and on. At least 8 products.
 template <bool crossed, class Real>
@@ -126,11 +137,12 @@ std::pair<Real, Real> sumInLanes(const Real* h, const Real* x, std::size_t count
 #pragma GCC unroll 4
         for (std::size_t v = 0; v < vectors; ++v) sums[v] = hn::Add(sums[v], products(n + v * step));
     }
-    Real s[lanes];
-    for (std::size_t v = 0; v < vectors; ++v) hn::StoreU(sums[v], d, s + v * step);
-    for (std::size_t half = lanes / 2; half >= 2; half /= 2)
-        for (std::size_t j = 0; j < half; ++j) s[j] += s[j + half];
-    return {s[0], s[1]};
+#pragma GCC unroll 2
+    for (std::size_t half = vectors / 2; half > 0; half /= 2) {
+#pragma GCC unroll 2
+        for (std::size_t v = 0; v < half; ++v) sums[v] = hn::Add(sums[v], sums[v + half]);
+    }
+    return foldedToTwo(d, sums[0]);
 }
 
 // The output of one sample, `newest`, which was just written behind the count - 1 older ones at x. Few taps are added
