@@ -131,11 +131,11 @@ void soxr(benchmark::State& run, const Work& work) {
     soxr_delete(resampler);
 }
 
-// ---- Names: member(rates and taps)/who/samples ----
+// ---- Names: member(rates by taps)/who/samples ----
 
 template <class Body, class... Members>
 void add(const std::string& member, const std::string& who, const Work& work, Body body, Members... members) {
-    const std::string name = member + "(" + std::to_string(work.up) + ":" + std::to_string(work.down) + "," +
+    const std::string name = member + "(" + std::to_string(work.up) + ":" + std::to_string(work.down) + " by " +
                              std::to_string(work.tapsLen) + ")/" + who + "/" + std::to_string(work.samples);
     benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) { body(run, work, members...); });
 }
@@ -147,16 +147,14 @@ void add(const std::string& member, const std::string& who, const Work& work, Bo
     for (const int samples : {480, 65536}) {
         for (const Work& work : {Work{160, 147, 160 * 32, samples}, Work{1, 4, 32, samples}, Work{1, 4, 128, samples},
                                  Work{4, 1, 128, samples}}) {
-            add("FIRMR_32f", "orbs", work,
-                [](auto&... a) { orbsBlock(a..., BLOCK(_32f, orbsFIR_32f)); });
+            add("FIRMR_32f", "orbs", work, [](auto&... a) { orbsBlock(a..., BLOCK(_32f, orbsFIR_32f)); });
             add("FIRMR_32f", "liquid", work, liquid);
             add("FIRMR_32f", "samplerate", work, samplerate);
             add("FIRMR_32f", "soxr", work, soxr);
             add("FIRMR_32f", "loop", work, loop);
             add("FIRMR_32fc", "orbs", work, [](auto&... a) { orbsBlock(a..., BLOCK(_32fc, orbsFIR_32fc)); });
             add("FIRMR_64f", "orbs", work, [](auto&... a) { orbsBlock(a..., BLOCK(_64f, orbsFIR_64f)); });
-            add("FIRMR32f_16s", "orbs", work,
-                [](auto&... a) { orbsBlock(a..., BLOCK(32f_16s, orbsFIR32f_16s_Sfs)); });
+            add("FIRMR32f_16s", "orbs", work, [](auto&... a) { orbsBlock(a..., BLOCK(32f_16s, orbsFIR32f_16s_Sfs)); });
             add("FIRMR_Direct_32f", "orbs", work, orbsStateless);
             add("FIRMR_Direct_32f", "loop", work, loop);
         }
