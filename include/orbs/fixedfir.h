@@ -119,7 +119,7 @@ OrbStatus orbsFIRMRInitAlloc32sc_16sc32fc(OrbsFIRState32sc_16sc** ppState, const
  *
  * .._ISfs: pSrcDst is replaced. Of the multi-rate kind it holds the samples and then the outputs, and must have room for
  * the more of them; real filters, and complex ones with upFactor above downFactor, then take memory for a copy of the
- * samples. orbsFIRMR32s_16s_ISfs is the same for states of the multi-rate kind only. Else nothing is allocated.
+ * samples; orbsFIRMR32s_16s_ISfs is the same, and takes memory for a state of either kind. Else nothing is allocated.
  * orbsFIROne: one sample, of single-rate states only. Blocks of any lengths and single samples may be mixed, and give
  * the same bits however a stream is cut. pSrc and pDst must not overlap; the state is no part of either.
  *

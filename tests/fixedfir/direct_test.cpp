@@ -27,7 +27,7 @@ T step(T src, const std::vector<Tap>& taps, std::vector<T>& line, int& index, st
 TYPED_TEST(FixedFirDirect, BlocksAndSinglesTakeTheSameSteps) {
     using T = TypeParam;
     using M = Members<T>;
-    for (const int tapsLen : {1, 2, 3, 8, 9, 12, 37, 300}) {
+    for (const int tapsLen : {1, 2, 3, 8, 9, 12, 37, 300, 512, 513}) {
         for (const int start : {0, 1, tapsLen - 2, tapsLen - 1}) {
             if (start < 0 || start >= tapsLen) continue;
             SCOPED_TRACE(testing::Message() << tapsLen << " taps from " << start);
@@ -170,7 +170,7 @@ TYPED_TEST(FixedFirDirect, EveryRateIsWalkedAsDefined) {
                 const int s = 5 + turn, factor = -3;
                 auto line = randomVector<T>(r.line(tapsLen), 2);
                 auto mine = line, mineInPlace = line;
-                constexpr std::size_t periods = 150; // and one by one
+                constexpr std::size_t periods = 300; // and one by one
                 const std::size_t outputs = static_cast<std::size_t>(up), inputs = static_cast<std::size_t>(down);
                 const auto x = randomVector<T>((periods + 1) * inputs, 3);
                 const auto want = walked(x, taps, r, line, shiftOf(s, factor));

@@ -6,23 +6,12 @@ namespace {
 
 using namespace orbs;
 
-// pDst[n] for n = 0 to count - 1, oldest being the sample of the last tap for n = 0. Of more than one output there must
-// be a sample before it.
+// The output whose oldest sample stands there.
 template <class Tap, class T>
-void outputs(const Tap* pTaps, int tapsLen, const T* oldest, T* pDst, int count, const SumScaling& scaling) {
-    const auto length = static_cast<std::size_t>(tapsLen), results = static_cast<std::size_t>(count);
-    if constexpr (sizeof(Part<Tap>) == sizeof(Orb32s)) {
-        if (results * partCount<T> >= leastParts) {
-            // Real taps of an even number have a zero in front, which meets the sample before.
-            const T* const first = isComplex<T> || length % 2 == 1 ? oldest : oldest - 1;
-            return filterSamples(NaturalWords<Tap, T>(pTaps, length), first, pDst, results, scaling);
-        }
-    }
-    for (std::size_t n = 0; n < results; ++n) {
-        PlainSum<partCount<T>> sum;
-        for (std::size_t k = 0; k < length; ++k) sum.add(pTaps[length - 1 - k], oldest[n + k]);
-        sum.store(scaling, asParts(pDst + n));
-    }
+void filterOutput(const Tap* pTaps, int tapsLen, const T* oldest, T* pDst, const SumScaling& scaling) {
+    PlainSum<partCount<T>> sum;
+    for (int k = 0; k < tapsLen; ++k) sum.add(pTaps[tapsLen - 1 - k], oldest[k]);
+    sum.store(scaling, asParts(pDst));
 }
 
 // One sample: into both halves of the line, one step on, and the output over the tapsLen samples from there.
@@ -32,14 +21,16 @@ void filterOne(T src, T* pDstVal, const Tap* pTaps, int tapsLen, T* pDlyLine, in
     int index = *pDlyLineIndex;
     pDlyLine[index] = pDlyLine[index + tapsLen] = src;
     *pDlyLineIndex = index = index + 1 < tapsLen ? index + 1 : 0;
-    outputs(pTaps, tapsLen, pDlyLine + index, pDstVal, 1, scaling);
+    filterOutput(pTaps, tapsLen, pDlyLine + index, pDstVal, scaling);
 }
 
 // The same sample by sample, in runs that end before the index wraps. The outputs of a run still reach samples in the
 // first half that the run replaces, so these are written last.
-template <class Tap, class T>
-void filterRuns(const T* pSrc, T* pDst, int numIters, const Tap* pTaps, int tapsLen, T* pDlyLine, int* pDlyLineIndex,
-                const SumScaling& scaling) {
+template <class Words, class Tap, class T>
+void filterRuns(const Words& words, const T* pSrc, T* pDst, int numIters, const Tap* pTaps, int tapsLen, T* pDlyLine,
+                int* pDlyLineIndex, const SumScaling& scaling) {
+    // Real taps of an even number have a zero in front, which meets the sample before.
+    const std::ptrdiff_t before = !isComplex<T> && tapsLen % 2 == 0 ? 1 : 0;
     while (numIters > 0) {
         const int index = *pDlyLineIndex;
         const int run = std::min(numIters, tapsLen - 1 - index);
@@ -49,8 +40,13 @@ void filterRuns(const T* pSrc, T* pDst, int numIters, const Tap* pTaps, int taps
             continue;
         }
         T* const first = pDlyLine + index;
+        const auto count = static_cast<std::size_t>(run);
         copySamples16(pSrc, first + tapsLen, run);
-        outputs(pTaps, tapsLen, first + 1, pDst, run, scaling);
+        if (count * partCount<T> >= leastParts) {
+            filterSamples(words, first + 1 - before, pDst, count, scaling);
+        } else {
+            for (int n = 0; n < run; ++n) filterOutput(pTaps, tapsLen, first + 1 + n, pDst + n, scaling);
+        }
         copySamples16(first + tapsLen, first, run);
         *pDlyLineIndex = index + run;
         pSrc += run;
@@ -83,7 +79,14 @@ OrbStatus block(const T* pSrc, T* pDst, int numIters, const Tap* pTaps, int taps
     if (const OrbStatus status = checkVectors(numIters, pSrc, pDst)) return status;
     if (const OrbStatus status = checkFilter(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
     bringInside(tapsLen, pDlyLineIndex);
-    filterRuns(pSrc, pDst, numIters, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scalingOf(tapsFactor, scaleFactor));
+    const SumScaling scaling = scalingOf(tapsFactor, scaleFactor);
+    const NaturalWords<Tap, T> words(pTaps, static_cast<std::size_t>(tapsLen));
+    if (static_cast<std::size_t>(tapsLen) <= MadeWords<Tap, T>::mostTaps) {
+        const MadeWords<Tap, T> made(words);
+        filterRuns(made, pSrc, pDst, numIters, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaling);
+    } else {
+        filterRuns(words, pSrc, pDst, numIters, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaling);
+    }
     return orbStsNoErr;
 }
 

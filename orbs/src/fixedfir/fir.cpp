@@ -46,7 +46,7 @@ OrbStatus filterInPlace(SampleOf<State>* pSrcDst, int numIters, State* pState, i
 template <class State>
 OrbStatus filterMultiRateInPlace(SampleOf<State>* pSrcDst, int numIters, State* pState, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pState, pSrcDst)) return status;
-    if (const OrbStatus status = checkTag(pState, State::multiRateTag)) return status;
+    if (const OrbStatus status = checkFilter(pState)) return status;
     return filterCopied(pSrcDst, numIters, pState, scaleFactor);
 }
 

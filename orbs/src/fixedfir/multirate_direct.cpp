@@ -36,7 +36,7 @@ struct Floats {
 
 // Outputs that are worked out together, one in each period, so that they have the same taps; and the most of these that
 // are gathered at a time.
-constexpr std::int64_t mostOutputs = 64;
+constexpr std::int64_t mostOutputs = 256;
 constexpr std::size_t mostTaps = 256;
 
 template <class Taps, class T>

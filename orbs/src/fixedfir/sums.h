@@ -28,7 +28,7 @@ inline Orb16s planeOf(Orb32u tap, std::size_t plane) {
     return static_cast<Orb16s>(plane == 0 ? tap : (tap + 0x8000) >> 16);
 }
 
-// The taps of a caller, in natural order, as words for filterSamples.
+// The taps of a caller, in natural order, as words for filterSamples: each when it is needed.
 template <class Tap, class T>
 struct NaturalWords {
     static constexpr std::size_t planes = 2;
@@ -56,6 +56,21 @@ private:
         const auto low = static_cast<Orb16u>(planeOf(first, plane)), high = static_cast<Orb16u>(planeOf(second, plane));
         return static_cast<Orb32s>(low | Orb32u{high} << 16);
     }
+};
+
+// All of them made once, up to so many.
+template <class Tap, class T>
+struct MadeWords {
+    static constexpr std::size_t planes = 2, mostTaps = 512;
+    std::size_t count;
+    Orb32s words[planes][2][isComplex<T> ? mostTaps : mostTaps / 2 + 1];
+
+    explicit MadeWords(const NaturalWords<Tap, T>& natural) : count(natural.count) {
+        for (std::size_t p = 0; p < planes; ++p)
+            for (std::size_t part = 0; part < 2; ++part)
+                for (std::size_t k = 0; k < count; ++k) words[p][part][k] = natural.of(k, part, p);
+    }
+    Orb32s of(std::size_t k, std::size_t part, std::size_t plane) const { return words[plane][part][k]; }
 };
 
 } // namespace orbs
