@@ -66,7 +66,7 @@ void addResults(Hash& hash, const Call& call) {
 
 bool hasResults(const Plan& plan) {
     // The state of a filter has room for each thread, so its size is not the same everywhere.
-    static const std::regex dependsOnThreads("orbsFIRGetStateSize.*");
+    static const std::regex dependsOnThreads("orbsFIR(MR)?GetStateSize.*");
     if (!plan.member->signature->call || std::regex_match(std::string(plan.member->name), dependsOnThreads))
         return false;
     for (const Argument& a : plan.arguments)
