@@ -129,25 +129,27 @@ HWY_INLINE void dotProducts(const Meetings<Tap, Sample>& meet, const Rows<Tap>& 
     const hn::CappedTag<Sum, lanes> d;
     const hn::Rebind<Real, decltype(d)> dTaps;
     const hn::Rebind<Part<Sample>, decltype(d)> dSamples;
-    const hn::RebindToSigned<decltype(dTaps)> dPlaces;
+    const hn::RebindToSigned<decltype(dSamples)> dPlaces;
     constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
     const std::size_t rowParts = lanes * rows.groups;
 
     hn::Vec<decltype(d)> acc[4][vectors];
     const auto add = [&](auto kind, std::size_t v, std::size_t offset) HWY_ATTR {
         auto taps = hn::LoadU(dTaps, meet.taps + offset);
-        auto loaded = valuesIn(dTaps, hn::LoadU(dSamples, meet.samples[0] + offset));
+        auto samples = hn::LoadU(dSamples, meet.samples[0] + offset);
+        hn::Vec<decltype(dTaps)> values;
 #pragma GCC unroll 4
         for (std::size_t k = 0; k < outputs; ++k) {
             if (shared != Shared::row && k > 0) taps = hn::LoadU(dTaps, meet.taps + k * rowParts + offset);
-            if (shared != Shared::samples && k > 0)
-                loaded = valuesIn(dTaps, hn::LoadU(dSamples, meet.samples[k] + offset));
-            auto samples = loaded;
+            if (shared != Shared::samples && k > 0) samples = hn::LoadU(dSamples, meet.samples[k] + offset);
             if constexpr (kind() == Products::firstMasked) {
                 using Place = hn::TFromD<decltype(dPlaces)>;
                 const auto place = hn::Iota(dPlaces, static_cast<Place>(v * step));
-                const auto used = hn::Set(dPlaces, Place{meet.places[shared == Shared::row ? 0 : k].unused});
-                samples = hn::IfThenZeroElse(hn::RebindMask(dTaps, hn::Lt(place, used)), samples);
+                const Orb32s unused = meet.places[shared == Shared::row ? 0 : k].unused;
+                const auto isUnused = hn::Lt(place, hn::Set(dPlaces, static_cast<Place>(unused)));
+                values = valuesIn(dTaps, hn::IfThenZeroElse(hn::RebindMask(dSamples, isUnused), samples));
+            } else if (shared != Shared::samples || k == 0) {
+                values = valuesIn(dTaps, samples);
             }
             const auto into = [&](auto& sum, auto product) HWY_ATTR {
                 if constexpr (kind() == Products::further) {
@@ -156,8 +158,8 @@ HWY_INLINE void dotProducts(const Meetings<Tap, Sample>& meet, const Rows<Tap>& 
                     sum = valuesIn(d, product);
                 }
             };
-            into(acc[k * parts][v], hn::Mul(taps, samples));
-            if constexpr (parts == 2) into(acc[k * parts + 1][v], hn::Mul(taps, hn::Reverse2(dTaps, samples)));
+            into(acc[k * parts][v], hn::Mul(taps, values));
+            if constexpr (parts == 2) into(acc[k * parts + 1][v], hn::Mul(taps, hn::Reverse2(dTaps, values)));
         }
     };
     const auto addAll = [&](auto kind, std::size_t offset) HWY_ATTR {

@@ -77,9 +77,9 @@ struct FirState {
     RelativePtr<Tap> pFFTTaps; // spectrum of the taps, padded to fftLen
     Orb32s fftLen;             // -1 without FFT
     Orb32s dlyLineIndex;
-    RelativePtr<Orb32s> pPhaseSkip;
-    RelativePtr<Tap> pTapsAux; // no broadcast table: vectors take their taps from pTaps
-    Orb32s mrCount;
+    RelativePtr<Orb32s> pPhaseSkip; // multi-rate: where the samples of the rows begin
+    RelativePtr<Tap> pTapsAux;      // multi-rate: the rows. Else none: vectors take their taps from pTaps
+    Orb32s mrCount;                 // multi-rate: periods whose outputs pStaging has room for
     Orb32s mrKind;
     Orb32s dlyLineLen;          // samples that GetDlyLine and SetDlyLine move
     RelativePtr<Tap> pFFTWork;  // fftLen elements for each of workAreas threads
