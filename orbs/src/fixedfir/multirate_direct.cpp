@@ -48,8 +48,7 @@ public:
     Call(const T* pSrc, T* pDst, int numIters, const Taps& taps, int tapsLen, const Rates& rates, T* pDlyLine,
          int scaleFactor)
         : pSrc_(pSrc), pDst_(pDst), numIters_(numIters), taps_(taps), tapsLen_(tapsLen), rates_(rates),
-          pDlyLine_(pDlyLine),
-          scaling_(std::clamp<std::int64_t>(std::int64_t{scaleFactor} - taps.factor(), -31, 31)) {}
+          pDlyLine_(pDlyLine), scaling_(std::clamp<std::int64_t>(std::int64_t{scaleFactor} - taps.factor(), -31, 31)) {}
 
     void run() const {
         for (std::int64_t period = 0; period < numIters_; period += mostOutputs)
