@@ -69,8 +69,7 @@ void orbsBlock(benchmark::State& run, int tapsLen, int numIters, Rate rate) {
     job.measure(run, [&] { call(job.block(), job.y.data(), numIters, state, shift); });
     release(state);
 }
-constexpr auto block16s =
-    orbsBlock<Orb16s, Orb32s, orbsFIRMRInitAlloc32s_16s, orbsFIR32s_16s_Sfs, orbsFIRFree32s_16s>;
+constexpr auto block16s = orbsBlock<Orb16s, Orb32s, orbsFIRMRInitAlloc32s_16s, orbsFIR32s_16s_Sfs, orbsFIRFree32s_16s>;
 constexpr auto block16sc =
     orbsBlock<Orb16sc, Orb32sc, orbsFIRMRInitAlloc32sc_16sc, orbsFIR32sc_16sc_Sfs, orbsFIRFree32sc_16sc>;
 
@@ -160,7 +159,8 @@ void loop16(benchmark::State& run, int tapsLen, int count, Rate) {
 
 template <class Body>
 void add(const std::string& family, const std::string& who, Body body, int tapsLen, int numIters, Rate rate = {1, 1}) {
-    const std::string name = family + "(" + std::to_string(tapsLen) + ")/" + who + "/" + std::to_string(numIters * rate.up);
+    const std::string name =
+        family + "(" + std::to_string(tapsLen) + ")/" + who + "/" + std::to_string(numIters * rate.up);
     benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) { body(run, tapsLen, numIters, rate); });
 }
 

@@ -200,10 +200,14 @@ TYPED_TEST(FixedFirDirect, FloatTapsBecomeIntegersAndAFactor) {
         float tap;
         Orb32s integer;
         int factor;
-    } table[] = {{1, 16384, -14},         {-32767, -32767, 0},
-                 {0x1p-30f, 4, -32},      {0, 0, -32},
-                 {0x1p44f, 16384, 30},    {0x1p62f, 1 << 30, 32},
-                 {0x1p100f, 0x7fffffff, 32}, {-0x1p100f, std::numeric_limits<int>::min(), 32},
+    } table[] = {{1, 16384, -14},
+                 {-32767, -32767, 0},
+                 {0x1p-30f, 4, -32},
+                 {0, 0, -32},
+                 {0x1p44f, 16384, 30},
+                 {0x1p62f, 1 << 30, 32},
+                 {0x1p100f, 0x7fffffff, 32},
+                 {-0x1p100f, std::numeric_limits<int>::min(), 32},
                  {std::numeric_limits<float>::quiet_NaN(), 0, -32}};
     const Rates r{2, 0, 1, 0};
     const auto x = randomVector<T>(20, 2);

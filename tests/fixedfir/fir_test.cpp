@@ -194,8 +194,8 @@ TYPED_TEST(FixedFir, LivesOnInACopyOfItsBlock) {
         Filter<T> untouched(Filter<T>::allocated, taps, r);
         untouched.block(x, 16);
         typename M::State* original = nullptr;
-        ASSERT_EQ(M::initMultiRateAlloc(&original, taps.data(), 50, 0, r.upFactor, r.upPhase, r.downFactor,
-                                        r.downPhase, nullptr),
+        ASSERT_EQ(M::initMultiRateAlloc(&original, taps.data(), 50, 0, r.upFactor, r.upPhase, r.downFactor, r.downPhase,
+                                        nullptr),
                   orbStsNoErr);
         const int periods = 600 / r.downFactor;
         std::vector<T> y(static_cast<std::size_t>(periods * r.upFactor));

@@ -104,8 +104,8 @@ struct Sum {
     }
 };
 
-// A stream through the filter as its definition walks it: zeros between the samples, every downFactor-th value kept. The
-// line is newest sample first.
+// A stream through the filter as its definition walks it: zeros between the samples, every downFactor-th value kept.
+// The line is newest sample first.
 struct Rates {
     int upFactor = 1, upPhase = 0, downFactor = 1, downPhase = 0;
     std::size_t line(std::size_t tapsLen) const {

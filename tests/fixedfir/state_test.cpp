@@ -22,16 +22,18 @@ int sizeOf(int tapsLen, int up = 1, int down = 1) {
     int size = 0, single = 0;
     EXPECT_EQ(Members<T>::getMultiRateSize(tapsLen, up, down, &size), orbStsNoErr);
     EXPECT_EQ(Members<T>::getStateSize(tapsLen, &single), orbStsNoErr);
-    if (up == 1 && down == 1) {
-        EXPECT_EQ(size, single);
-    }
+    if (up == 1 && down == 1) { EXPECT_EQ(size, single); }
     return size;
 }
 
 TEST(FixedFirStateSize, IsTheOneAgreedUponAndWrapsIn32Bits) {
     const struct {
         int tapsLen, real, complex;
-    } table[] = {{1, 16592, 16544}, {2, 16592, 16576}, {37, 17280, 17840}, {1000, 34576, 52496}, {200000000, -694950720, -1389918096}};
+    } table[] = {{1, 16592, 16544},
+                 {2, 16592, 16576},
+                 {37, 17280, 17840},
+                 {1000, 34576, 52496},
+                 {200000000, -694950720, -1389918096}};
     for (const auto& row : table) {
         EXPECT_EQ(sizeOf<Orb16s>(row.tapsLen), row.real) << row.tapsLen;
         EXPECT_EQ(sizeOf<Orb16sc>(row.tapsLen), row.complex) << row.tapsLen;
@@ -71,9 +73,9 @@ TYPED_TEST(FixedFirState, StaysWithinTheReportedSize) {
         const std::size_t size = static_cast<std::size_t>(sizeOf<T>(tapsLen, up, down));
         Guarded<Orb8u> buffer(size, support::Edge::end, random() % 16);
         typename M::State* state = nullptr;
-        ASSERT_EQ(M::initMultiRate(&state, taps.data(), tapsLen, 0, up, turn % up, down, turn % down, nullptr,
-                                   buffer.data()),
-                  orbStsNoErr);
+        ASSERT_EQ(
+            M::initMultiRate(&state, taps.data(), tapsLen, 0, up, turn % up, down, turn % down, nullptr, buffer.data()),
+            orbStsNoErr);
         const int periods = std::max(5000 / std::max(up, down), 3);
         std::vector<T> x(static_cast<std::size_t>(periods * std::max(up, down)));
         if (up == 1 && down == 1)

@@ -497,8 +497,8 @@ const OrderRule orderRules[] = {
     {{"FIRMR(GetStateSize|Init|InitAlloc)[\\d_].*", ""},
      {"*", "tapsLen", "upFactor", "downFactor", "upPhase", "downPhase"}},
     {{"FIR\\w*_Direct_.*", ""},
-     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "pTapsQ15", "tapsLen", "pDlyLine", "pDlyLineIndex",
-      "*"}},
+     {"pSrc", "pDst", "pSrcDst", "pDstVal", "pSrcDstVal", "numIters", "pTaps", "pTapsQ15", "tapsLen", "pDlyLine",
+      "pDlyLineIndex", "*"}},
 };
 
 // ---- Cases ----

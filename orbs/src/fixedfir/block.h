@@ -75,7 +75,8 @@ RowWords<typename State::Sample> wordsOf(const State* state) {
 template <class State>
 void filterRun(const State* state, const typename State::Sample* x, typename State::Sample* pDst, std::int64_t first,
                std::int64_t count, const SumScaling& scaling) {
-    if (state->tag == State::singleRateTag && count * static_cast<std::int64_t>(State::parts) >= std::int64_t{leastParts}) {
+    if (state->tag == State::singleRateTag &&
+        count * static_cast<std::int64_t>(State::parts) >= std::int64_t{leastParts}) {
         const int older = State::parts == 1 ? state->tapsLen | 1 : state->tapsLen;
         filterSamples(wordsOf(state), x + (static_cast<std::ptrdiff_t>(first) - (older - 1)), pDst,
                       static_cast<std::size_t>(count), scaling);
@@ -111,7 +112,6 @@ void filterBlock(State* state, const typename State::Sample* pSrc, typename Stat
 }
 
 // In place, in chunks through pStaging: of a filter that does not give more outputs than it takes samples.
-
 template <class State>
 void filterInChunks(State* state, typename State::Sample* pSrcDst, int numIters, const SumScaling& scaling) {
     auto* const staging = state->pStaging.get();

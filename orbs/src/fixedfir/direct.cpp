@@ -135,7 +135,9 @@ OrbStatus blockQ15(const Orb16s* pSrc, Orb16s* pDst, int numIters, const Orb16s*
                    int* pDlyLineIndex, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pSrc, pDst)) return status;
     if (const OrbStatus status = checkQ15(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
-    const auto filter = [=](auto* state, const SumScaling& scaling) { filterBlock(state, pSrc, pDst, numIters, scaling); };
+    const auto filter = [=](auto* state, const SumScaling& scaling) {
+        filterBlock(state, pSrc, pDst, numIters, scaling);
+    };
     return throughState(filter, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaleFactor);
 }
 
@@ -143,7 +145,9 @@ OrbStatus blockQ15InPlace(Orb16s* pSrcDst, int numIters, const Orb16s* pTaps, in
                           int* pDlyLineIndex, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pSrcDst)) return status;
     if (const OrbStatus status = checkQ15(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
-    const auto filter = [=](auto* state, const SumScaling& scaling) { filterInChunks(state, pSrcDst, numIters, scaling); };
+    const auto filter = [=](auto* state, const SumScaling& scaling) {
+        filterInChunks(state, pSrcDst, numIters, scaling);
+    };
     return throughState(filter, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaleFactor);
 }
 

@@ -31,8 +31,8 @@ OrbStatus filterCopied(SampleOf<State>* pSrcDst, int numIters, State* state, int
     return orbStsNoErr;
 }
 
-// Real filters that change the rate take memory for a copy whatever their rates; complex ones where the outputs are more
-// than the samples.
+// Real filters that change the rate take memory for a copy whatever their rates; complex ones where the outputs are
+// more than the samples.
 template <class State>
 OrbStatus filterInPlace(SampleOf<State>* pSrcDst, int numIters, State* pState, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pState, pSrcDst)) return status;

@@ -1,5 +1,6 @@
-// Sums of products of 16-bit taps and samples, in 32 bits, which wrap: in whatever order they are added up, they have the
-// same bits. Two products at a time, in two ways: many outputs at once, lanes being outputs, and few, lanes being taps.
+// Sums of products of 16-bit taps and samples, in 32 bits, which wrap: in whatever order they are added up, they have
+// the same bits. Two products at a time, in two ways: many outputs at once, lanes being outputs, and few, lanes being
+// taps.
 #pragma once
 
 #include "filters/kernels.h"
@@ -12,8 +13,8 @@ namespace orbs {
 
 // ---- Many outputs ----
 //
-// Two neighbouring 16-bit results, of an even and an odd output or of the parts of a complex one, are sums over the same
-// pairs of 16-bit numbers: neighbouring samples, or the parts of one. So every pair meets two words of taps:
+// Two neighbouring 16-bit results, of an even and an odd output or of the parts of a complex one, are sums over the
+// same pairs of 16-bit numbers: neighbouring samples, or the parts of one. So every pair meets two words of taps:
 //   real     (h[2k], h[2k + 1]) for even and (h[2k - 1], h[2k]) for odd outputs, h being the taps from the oldest
 //            sample's on. Their number is odd, a zero in front may make it so: then no word reaches a sample behind the
 //            newest of the odd output.
@@ -34,7 +35,7 @@ struct RowWords {
 // of 16, whose sums meet only at the end.
 template <std::size_t vectors, class D, class Words>
 HWY_INLINE void filterVectors(D d, const Words& taps, const Orb16s* x, Orb16s* y, std::size_t last,
-                              const SumScaling& scaling) {
+                              SumScaling scaling) {
     const hn::RepartitionToWide<D> sum;
     constexpr std::size_t lanes = hn::MaxLanes(d);
     const auto first = [=](std::size_t v) { return v + 1 < vectors ? v * lanes : last; };
@@ -45,6 +46,7 @@ HWY_INLINE void filterVectors(D d, const Words& taps, const Orb16s* x, Orb16s* y
         for (std::size_t v = 0; v < vectors; ++v) sums[0][p][v] = sums[1][p][v] = hn::Zero(sum);
     }
 
+#pragma GCC unroll 2
     for (std::size_t k = 0; k < taps.count; ++k, x += 2) {
 #pragma GCC unroll 2
         for (std::size_t p = 0; p < Words::planes; ++p) {
@@ -72,10 +74,10 @@ HWY_INLINE void filterVectors(D d, const Words& taps, const Orb16s* x, Orb16s* y
 // As many outputs as have at least so many 16-bit parts.
 constexpr std::size_t leastParts = 8;
 
-// pDst[n] for n = 0 to count - 1, pSrc being the oldest sample that the first word of taps meets for n = 0. What is left
-// over from whole vectors goes through one that overlaps the one before it, and gives the same once more.
+// pDst[n] for n = 0 to count - 1, pSrc being the oldest sample that the first word of taps meets for n = 0. What is
+// left over from whole vectors goes through one that overlaps the one before it, and gives the same once more.
 template <class T, std::size_t most, class Words>
-void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count, const SumScaling& scaling) {
+void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count, SumScaling scaling) {
     const hn::CappedTag<Orb16s, most> d;
     constexpr std::size_t lanes = hn::MaxLanes(d), vectors = (HWY_ARCH_X86_32 ? 2 : 4) / Words::planes;
     const std::size_t end = count * partCount<T>;
@@ -93,7 +95,7 @@ void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count,
     }
 }
 template <class T, class Words>
-void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count, const SumScaling& scaling) {
+void filterSamples(const Words& taps, const T* pSrc, T* pDst, std::size_t count, SumScaling scaling) {
     filterSamples<T, hn::MaxLanes(hn::ScalableTag<Orb16s>())>(taps, pSrc, pDst, count, scaling);
 }
 
@@ -150,7 +152,7 @@ HWY_INLINE hn::Vec128<Orb32s> dotProducts(const Orb16s* const (&h)[rows], const 
 
 // The results of `count` sums, scaled, in the low lanes, stored.
 template <std::size_t count>
-HWY_INLINE void storeResults(hn::Vec128<Orb32s> sums, const SumScaling& scaling, Orb16s* y) {
+HWY_INLINE void storeResults(hn::Vec128<Orb32s> sums, SumScaling scaling, Orb16s* y) {
     const hn::Full128<Orb16s> d;
     alignas(16) Orb16s results[8];
     const auto scaled = scaling.inHalves(d, sums, sums);

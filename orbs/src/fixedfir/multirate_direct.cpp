@@ -48,8 +48,7 @@ public:
     Call(const T* pSrc, T* pDst, int numIters, const Taps& taps, int tapsLen, const Rates& rates, T* pDlyLine,
          int scaleFactor)
         : pSrc_(pSrc), pDst_(pDst), numIters_(numIters), taps_(taps), tapsLen_(tapsLen), rates_(rates),
-          pDlyLine_(pDlyLine),
-          scaling_(std::clamp<std::int64_t>(std::int64_t{scaleFactor} - taps.factor(), -31, 31)) {}
+          pDlyLine_(pDlyLine), scaling_(std::clamp<std::int64_t>(std::int64_t{scaleFactor} - taps.factor(), -31, 31)) {}
 
     void run() const {
         for (std::int64_t period = 0; period < numIters_; period += mostOutputs)
@@ -96,25 +95,43 @@ private:
             for (row.length = 0; row.length < mostTaps && n < tapsLen_; ++row.length, n += rates_.upFactor)
                 row.taps[row.length] = taps_.at(n);
             row.makePlanes();
-            for (std::int64_t k = 0; k < count; ++k)
-                addProducts(row, newest + k * rates_.downFactor, sums[static_cast<std::size_t>(k)]);
+            addProducts(row, newest, static_cast<std::size_t>(count), sums.data());
         }
         T* pDst = pDst_ + static_cast<std::ptrdiff_t>(period * rates_.upFactor + phase);
         for (std::int64_t k = 0; k < count; ++k, pDst += rates_.upFactor)
             sums[static_cast<std::size_t>(k)].store(scaling_, asParts(pDst));
     }
 
-    void addProducts(const Row& row, std::int64_t newest, Sum& sum) const {
-        const std::int64_t oldest = newest + 1 - static_cast<std::int64_t>(row.filled);
-        if (oldest >= 0) {
-            const Orb16s *h[rowCount], *x[] = {asParts(pSrc_ + oldest)};
-            for (std::size_t k = 0; k < rowCount; ++k) h[k] = row.planes[k].data();
-            alignas(16) Orb32s planes[4];
-            hn::Store(dotProducts<rowCount>(h, x, row.filled * parts), hn::Full128<Orb32s>(), planes);
-            for (std::size_t p = 0; p < parts; ++p)
-                sum.part[p] += static_cast<Orb32u>(planes[p]) + (static_cast<Orb32u>(planes[parts + p]) << 16);
-            return;
+    // To `count` sums, the first of which meets the row's first tap with this sample.
+    void addProducts(const Row& row, std::int64_t newest, std::size_t count, Sum* sums) const {
+        constexpr std::size_t together = 4 / rowCount;
+        std::size_t k = 0;
+        for (; k < count && newest + 1 < static_cast<std::int64_t>(row.filled); ++k, newest += rates_.downFactor)
+            addNearLine(row, newest, sums[k]);
+        const T* oldest = pSrc_ + static_cast<std::ptrdiff_t>(newest + 1 - static_cast<std::int64_t>(row.filled));
+        for (; k + together <= count; k += together) oldest = addTogether<together>(row, oldest, sums + k);
+        for (; k < count; ++k) oldest = addTogether<1>(row, oldest, sums + k);
+    }
+
+    // To sums that meet samples of the block only.
+    template <std::size_t together>
+    const T* addTogether(const Row& row, const T* oldest, Sum* sums) const {
+        const Orb16s *h[rowCount], *x[together];
+        for (std::size_t r = 0; r < rowCount; ++r) h[r] = row.planes[r].data();
+        for (std::size_t k = 0; k < together; ++k, oldest += rates_.downFactor) x[k] = asParts(oldest);
+        alignas(16) Orb32s planes[4];
+        hn::Store(dotProducts<rowCount * together>(h, x, row.filled * parts), hn::Full128<Orb32s>(), planes);
+        for (std::size_t k = 0; k < together; ++k) {
+            for (std::size_t p = 0; p < parts; ++p) {
+                const Orb32s *const low = planes + k * rowCount + p, *const high = low + parts;
+                sums[k].part[p] += static_cast<Orb32u>(*low) + (static_cast<Orb32u>(*high) << 16);
+            }
         }
+        return oldest;
+    }
+
+    // To a sum that may meet samples of the line.
+    void addNearLine(const Row& row, std::int64_t newest, Sum& sum) const {
         for (std::size_t j = 0; j < row.length; ++j) {
             const std::int64_t n = newest - static_cast<std::int64_t>(j);
             sum.add(row.taps[j], n >= 0 ? pSrc_[n] : pDlyLine_[-1 - n]);

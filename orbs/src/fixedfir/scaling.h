@@ -35,7 +35,8 @@ public:
     HWY_INLINE hn::Vec<D> inHalves(D d, V a, V b) const {
         if (right_ > 0) return rounded(d, Pair<V>{a, b}, right_);
         const auto kept = hn::Set(hn::DFromV<V>(), kept_);
-        return saturated(d, Pair<V>{hn::And(hn::ShiftLeftSame(a, left_), kept), hn::And(hn::ShiftLeftSame(b, left_), kept)});
+        return saturated(
+            d, Pair<V>{hn::And(hn::ShiftLeftSame(a, left_), kept), hn::And(hn::ShiftLeftSame(b, left_), kept)});
     }
 
 private:

@@ -30,7 +30,7 @@ struct FixedFirState {
     static constexpr std::size_t parts = partCount<Sample>;
 
     Orb32s tag;
-    RelativePtr<Tap> pTaps; // within 16 bits, oldest sample's tap first
+    RelativePtr<Tap> pTaps;       // within 16 bits, oldest sample's tap first
     RelativePtr<Sample> pDlyLine; // D
     Orb32s tapsLen;
     Orb32s upFactor;
@@ -156,7 +156,8 @@ struct GivenTaps {
     void writeTo(State* state) const {
         const auto* const taps = asParts(pTaps);
         if constexpr (std::is_integral_v<Part<Tap>>) {
-            writeIntegers(state, [=](std::size_t n) -> Orb32s { return taps[n]; }, tapsFactor);
+            writeIntegers(
+                state, [=](std::size_t n) -> Orb32s { return taps[n]; }, tapsFactor);
         } else {
             const std::size_t count = static_cast<std::size_t>(state->tapsLen) * State::parts;
             const FloatTaps floats(taps, count, asForMultiRate ? FloatTaps::inSteps : FloatTaps::toFit);

@@ -31,8 +31,8 @@ int fittingShift(std::size_t count, Value value) {
 class FloatTaps {
 public:
     // toFit: as far as it takes, so that all of them fit 16 bits; but where no power of two would do, that is for zeros
-    // alone and for an infinity, as inSteps. inSteps: 32 steps either way at most; what is then still larger ends at the
-    // limits of 32 bits.
+    // alone and for an infinity, as inSteps. inSteps: 32 steps either way at most; what is then still larger ends at
+    // the limits of 32 bits.
     enum Search { toFit, inSteps };
 
     FloatTaps(const Orb32f* pTaps, std::size_t count, Search search) : pTaps_(pTaps) {
