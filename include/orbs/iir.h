@@ -281,7 +281,7 @@ OrbStatus orbsIIROne64fc_32fc(Orb32fc src, Orb32fc* pDstVal, OrbsIIRState64fc_32
  * The same for integers: the recursion runs on unrounded outputs y, in the type of the taps, and y * 2^-scaleFactor is
  * rounded to nearest, ties to even, and saturated on the way out only; a NaN gives the least value. Rounding of the
  * recursion itself is the caller's. The parts of complex samples are rounded each on its own.
- * The block forms take scaleFactor modulo 128 (-1 to -127, and those modulo 128, multiply; with taps of 32 bits, 127
+ * The block forms take scaleFactor modulo 128 (-1 to -127, and those modulo 128, multiply; with taps of Orb32f, 127
  * multiplies by 0). orbsIIROne.._Sfs takes it as it stands, from -1023 to 1022, and limits it to that.
  *
  * Statuses as above. */

@@ -11,7 +11,7 @@
 
 namespace orbs {
 
-// How many groups a section is behind the one before it: by then that one's outputs have reached the cache.
+// How many groups a section is behind the one before it: by then it can read what that one wrote without a wait.
 constexpr int lag = 3;
 
 // A section on its way through a chunk.

@@ -3,13 +3,12 @@
 #include "iir/groups.h"
 #include "iir/state.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace orbs {
 namespace {
 
-// Neither less nor greater than 0, as a NaN is not either.
+// 0, or with a NaN in it, which is neither less nor greater than 0 either.
 template <class T>
 bool isNought(T value) {
     if constexpr (isComplex<T>) {
@@ -19,26 +18,23 @@ bool isNought(T value) {
     }
 }
 
-// A complex one is worked out in Orb64f, its larger part brought near 1, so that no square leaves the range.
-template <class T>
-T reciprocal(T value) {
-    if constexpr (isComplex<T>) {
-        const double larger = std::max(std::abs(double{value.re}), std::abs(double{value.im}));
-        const int scale = std::isfinite(larger) ? -std::ilogb(larger) : 0;
-        const double re = std::scalbn(double{value.re}, scale), im = std::scalbn(double{value.im}, scale);
-        const double norm = re * re + im * im;
-        const auto part = [=](double p) { return static_cast<Part<T>>(std::scalbn(p / norm, scale)); };
-        return {part(re), part(-im)};
-    } else {
-        return T{1} / value;
-    }
-}
-
 struct ExtendedComplex {
     long double re, im;
 };
 template <class T>
 using Extended = std::conditional_t<isComplex<T>, ExtendedComplex, long double>;
+
+// No square leaves the range of extended precision.
+template <class T>
+T reciprocal(T value) {
+    if constexpr (isComplex<T>) {
+        const auto [re, im] = cast<ExtendedComplex>(value);
+        const long double norm = re * re + im * im;
+        return cast<T>(ExtendedComplex{re / norm, -im / norm});
+    } else {
+        return T{1} / value;
+    }
+}
 
 // The table of a recursion with r[1] .. r[order] = -a. Its coefficients are rounded once: close to the unit circle the
 // error of an output is that of the table.
@@ -68,12 +64,12 @@ template <class Tap>
 OrbStatus setFilterTaps(IirHead<Tap>* state, const Tap* pTaps) {
     const int order = state->order;
     if (isNought(pTaps[order + 1])) return orbStsDivByZeroErr;
+    const X87Control extended(X87Control::nearest);
     const Tap c = reciprocal(pTaps[order + 1]);
     Tap* const taps = state->pTaps;
     Tap* const a = taps + order + 1;
     for (int k = 0; k <= order; ++k) taps[k] = times(pTaps[k], c);
     for (int k = 1; k <= order; ++k) a[k - 1] = times(pTaps[order + 1 + k], c);
-    const X87Control extended(X87Control::nearest);
     writeRecursion<Tap>(state->pYTable, a, order);
     return orbStsNoErr;
 }
