@@ -61,8 +61,8 @@ std::size_t sizeTold(const ObjectRule& rule, const Family& family, const Area& a
     return static_cast<std::size_t>(told[size]);
 }
 
-// Cleared; of the next kind but one, for some have two tags; of no kind.
-const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 2.0; },
+// Cleared; of another kind, beyond the next ones, for some have two tags; of no kind.
+const Number foreignTags[] = {[](const Case&) { return 0.0; }, [](const Case&) { return 4.0; },
                               [](const Case&) { return 0x1p24; }};
 
 // ---- Planning ----
