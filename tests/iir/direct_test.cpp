@@ -192,6 +192,7 @@ TEST(IirDirect, BadSectionsAreRefused) {
         };
         expect(3, -1, orbStsIIRScaleErr, orbStsIIRScaleErr);
         expect(0, 0, orbStsDivByZeroErr, orbStsNoErr);
+        expect(3, 200, orbStsDivByZeroErr, orbStsNoErr); // 2^-200 is 0 as Orb32f
     }
     const Taps taps{0, 1, 3, 1};
     Line D(1);

@@ -7,7 +7,6 @@
 
 #include <bit>
 #include <cmath>
-#include <complex>
 #include <vector>
 
 namespace iir {

@@ -32,8 +32,7 @@ TYPED_TEST(Iir, AStreamIsFilteredHoweverItIsCut) {
     using K = TypeParam;
     for (const Shape& shape : shapes) {
         const std::size_t limit = shape.longestSingly();
-        const std::size_t cuts[] = {
-            1, 3, limit, limit + 1, 1, limit + 2, limit + 3, limit + 4, 1024, 1024 + limit, 1025, limit, 2, 29, 1};
+        const std::size_t cuts[] = {1, 3, limit, limit + 1, 1, limit + 2, limit + 3, limit + 4, 1025, limit, 2, 29, 1};
         const auto taps = fadingTaps<K>(shape, 0.9, 1 + shape.size);
         const auto line = randomLine<K>(shape, 2);
         const auto x = moderate<K>(std::accumulate(std::begin(cuts), std::end(cuts), std::size_t{0}), 3);
@@ -177,7 +176,7 @@ TYPED_TEST(IirScaled, OutputsAreScaledRoundedToEvenAndSaturated) {
     using K = TypeParam;
     using Sample = typename K::Sample;
     using Limits = std::numeric_limits<Part<Sample>>;
-    auto x = randomVector<Sample>(300, 1);
+    auto x = randomVector<Sample>(60, 1);
     for (int n = -20; n < 20; ++n) x.push_back(narrow<Sample>({static_cast<long double>(n), 7}));
     x.push_back(narrow<Sample>({32767, -32768}));
     x.push_back(narrow<Sample>({-32768, 32767}));

@@ -64,7 +64,7 @@ TYPED_TEST(IirState, TooLargeOnesAreRefused) {
     EXPECT_EQ(state, nullptr);
 }
 
-// A block of exactly the reported size, at any alignment.
+// A block of exactly the reported size, at any alignment: small ones at each.
 TYPED_TEST(IirState, StaysWithinTheReportedSize) {
     using K = TypeParam;
     std::vector<std::size_t> sizes{301, 1000};
@@ -74,14 +74,14 @@ TYPED_TEST(IirState, StaysWithinTheReportedSize) {
             const Shape shape{form, n};
             const auto taps = fadingTaps<K>(shape, 0.5, n);
             const auto line = randomLine<K>(shape, n);
-            for (const std::size_t shift : {std::size_t{0}, 1 + n % 15, std::size_t{15}}) {
+            for (std::size_t shift = n > 9 ? n % 16 : 0; shift<16; shift += n> 9 ? 16 : 1) {
                 const Guarded<Orb8u> buffer(static_cast<std::size_t>(stateSize<K>(shape)), support::Edge::end, shift);
                 typename K::State* state = nullptr;
                 ASSERT_EQ(build<K>(&state, shape, taps.data(), line.data(), buffer.data()), orbStsNoErr) << shape;
                 ASSERT_GE(reinterpret_cast<Orb8u*>(state), buffer.data());
                 ASSERT_EQ(reinterpret_cast<std::uintptr_t>(state) % 16, 0u);
                 std::vector<typename K::Sample> x(std::max<std::size_t>(4 * n + 5, 1030));
-                for (const std::size_t count : {std::size_t{3}, 4 * n, 4 * n + 1, x.size()}) {
+                for (const std::size_t count : {std::size_t{3}, x.size()}) {
                     if constexpr (K::isScaled) {
                         K::inPlace(x.data(), static_cast<int>(count), state, 0);
                     } else {

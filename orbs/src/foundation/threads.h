@@ -37,7 +37,7 @@ template <class Plan, class Work>
 ORBS_THREADS_UNCHECKED OrbStatus runTeam(int threads, Plan& plan, Work& work) {
     if (threads == 1) { // without a region, which takes some hundred nanoseconds
         plan(1);
-        return std::min(orbStsNoErr, work(0, 1));
+        return std::min<OrbStatus>(orbStsNoErr, work(0, 1));
     }
     OrbStatus smallest = orbStsNoErr;
     Orb32u raised = 0;
