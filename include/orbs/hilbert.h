@@ -19,8 +19,9 @@ ORBS_DECLARATIONS_BEGIN
  *
  * InitAlloc makes an object for N = length, one block that holds two transforms of orbs/dft.h; hint is handed to them
  * and may have any value. Free releases it. An object is only read: any number of threads may use it at once. It holds
- * no address: its block may be copied, saved, or mapped elsewhere at an equal alignment to 32 bytes. A call for N of 3 and more takes the work memory of the transforms,
- * those with 16-bit samples room for 4 N or 12 N bytes as well, and gives it back.
+ * no address: its block may be copied, saved, or mapped elsewhere at an equal alignment to 32 bytes. A call for N of 3
+ * and more takes the work memory of the transforms, those with 16-bit samples room for 4 N or 12 N bytes as well, and
+ * gives it back.
  *
  * pSrc and pDst must not overlap. Statuses, in the order of the tests:
  *   InitAlloc  null ppSpec: orbStsNullPtrErr; length below 1: orbStsSizeErr; no memory, or a transform whose size is no

@@ -437,9 +437,9 @@ const NullRule nullRules[] = {
     {{"(Min|Max)Indx_.*", "pIndx"}},                               // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                          // that part is zero then
     {{"FIR(MR)?(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
-    {{"(Min|Max)Indx_.*", "pIndx"}},                             // no place is told then
-    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                        // that part is zero then
-    {{"[FI]IR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
+    {{"(Min|Max)Indx_.*", "pIndx"}},                               // no place is told then
+    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                          // that part is zero then
+    {{"[FI]IR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}},   // the line is zeroed then
 };
 const Exception resultsDependOnPlace[] = {
     {{"VectorRamp_64f", ""}}, // where the double precision begins

@@ -6,16 +6,15 @@
 // What order the sum of an output has is fixed by taps and rates, so a stream gives the same bits however it is cut.
 #pragma once
 
+#include "filters/caller_line.h"
 #include "filters/raising.h"
 #include "filters/rates.h"
 #include "filters/samples.h"
 #include "filters/state.h"
 #include "foundation/threads.h"
-#include "orbs/foundation.h"
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 
 namespace orbs {
 
@@ -128,25 +127,6 @@ OrbStatus filterMultiRate(State* state, const SampleOf<State>* pSrc, SampleOf<St
     return orbStsNoErr;
 }
 
-// A copy of the samples of a call in place whose outputs must not meet them.
-template <class Sample>
-class CopiedInput {
-public:
-    CopiedInput(const Sample* pSrc, std::int64_t count) {
-        const std::int64_t bytes = count * static_cast<std::int64_t>(sizeof(Sample));
-        if (bytes > std::numeric_limits<int>::max()) return;
-        copy_ = reinterpret_cast<Sample*>(orbsMalloc_8u(static_cast<int>(bytes)));
-        if (copy_) std::memcpy(copy_, pSrc, static_cast<std::size_t>(bytes));
-    }
-    ~CopiedInput() { orbsFree(copy_); }
-    CopiedInput(const CopiedInput&) = delete;
-    CopiedInput& operator=(const CopiedInput&) = delete;
-    const Sample* get() const { return copy_; }
-
-private:
-    Sample* copy_ = nullptr;
-};
-
 // More outputs than samples need a copy of these. Else the outputs of some periods at a time are worked out before they
 // are written over samples that are no longer needed.
 template <class State>
@@ -154,7 +134,7 @@ OrbStatus filterMultiRateInPlace(State* state, SampleOf<State>* pSrcDst, int num
     using Sample = SampleOf<State>;
     const std::ptrdiff_t up = state->upFactor, down = state->downFactor;
     if (up > down) {
-        const CopiedInput<Sample> input(pSrcDst, std::int64_t{numIters} * down);
+        const InputCopy<Sample> input(pSrcDst, std::int64_t{numIters} * down);
         if (!input.get()) return orbStsMemAllocErr;
         return filterMultiRate(state, input.get(), pSrcDst, numIters, scaleFactor);
     }

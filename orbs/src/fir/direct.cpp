@@ -1,9 +1,9 @@
 // Filtering without a state object: taps, delay line and position are the caller's.
+#include "filters/caller_line.h"
 #include "filters/samples.h"
 #include "orbs/fir.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -33,67 +33,22 @@ void outputs(const T* pTaps, int tapsLen, const X* oldest, X* pDst, int length, 
     }
 }
 
-// ---- Steps ----
-
-// A call's filter, and the caller's memory of the stream.
-template <class T, class X>
-struct Stream {
-    const T* pTaps;
-    int tapsLen;
-    X* pDlyLine;
-    int* pDlyLineIndex;
-    int scaleFactor;
-
-    OrbStatus check() const {
-        if (anyNull(pTaps)) return orbStsNullPtrErr;
-        if (tapsLen < 1) return orbStsFIRLenErr;
-        if (anyNull(pDlyLine, pDlyLineIndex)) return orbStsNullPtrErr;
-        // No status is due to a wrong position; but nothing outside the line is touched either.
-        if (*pDlyLineIndex < 0 || *pDlyLineIndex >= tapsLen) *pDlyLineIndex = 0;
-        return orbStsNoErr;
-    }
-
-    // One sample: into both halves of the line, one step on, and the output over the tapsLen samples from there.
-    void filterOne(X src, X* pDstVal) const {
-        int index = *pDlyLineIndex;
-        pDlyLine[index] = pDlyLine[index + tapsLen] = src;
-        *pDlyLineIndex = index = index + 1 < tapsLen ? index + 1 : 0;
-        outputs(pTaps, tapsLen, pDlyLine + index, pDstVal, 1, scaleFactor);
-    }
-
-    // The same sample by sample, in runs that end before the index wraps. The outputs of a run still reach samples in
-    // the first half that the run replaces, so these are written last.
-    void filterBlock(const X* pSrc, X* pDst, int numIters) const {
-        while (numIters > 0) {
-            const int index = *pDlyLineIndex;
-            const int run = std::min(numIters, tapsLen - 1 - index);
-            if (run <= 0) {
-                filterOne(*pSrc++, pDst++);
-                --numIters;
-                continue;
-            }
-            const std::size_t bytes = static_cast<std::size_t>(run) * sizeof(X);
-            X* const first = pDlyLine + index;
-            std::memcpy(first + tapsLen, pSrc, bytes);
-            outputs(pTaps, tapsLen, first + 1, pDst, run, scaleFactor);
-            std::memcpy(first, first + tapsLen, bytes);
-            *pDlyLineIndex = index + run;
-            pSrc += run;
-            pDst += run;
-            numIters -= run;
-        }
-    }
-};
-
 // ---- Shapes ----
+
+// What tells the outputs of a call from their oldest samples.
+template <class T, class X>
+auto outputsOf(const T* pTaps, int tapsLen, int scaleFactor) {
+    return [=](const X* oldest, X* pDst, int count) { outputs(pTaps, tapsLen, oldest, pDst, count, scaleFactor); };
+}
 
 template <class T, class X>
 OrbStatus block(const X* pSrc, X* pDst, int numIters, const T* pTaps, int tapsLen, X* pDlyLine, int* pDlyLineIndex,
                 int scaleFactor = 0) {
     if (const OrbStatus status = checkVectors(numIters, pSrc, pDst)) return status;
-    const Stream<T, X> stream{pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaleFactor};
-    if (const OrbStatus status = stream.check()) return status;
-    stream.filterBlock(pSrc, pDst, numIters);
+    const CallerLine<X> line{pDlyLine, tapsLen, pDlyLineIndex};
+    if (const OrbStatus status = line.check(pTaps)) return status;
+    line.bringInside();
+    line.filterBlock(pSrc, pDst, numIters, outputsOf<T, X>(pTaps, tapsLen, scaleFactor));
     return orbStsNoErr;
 }
 
@@ -101,9 +56,10 @@ template <class T, class X>
 OrbStatus one(std::type_identity_t<X> src, X* pDstVal, const T* pTaps, int tapsLen, X* pDlyLine, int* pDlyLineIndex,
               int scaleFactor = 0) {
     if (anyNull(pDstVal)) return orbStsNullPtrErr;
-    const Stream<T, X> stream{pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaleFactor};
-    if (const OrbStatus status = stream.check()) return status;
-    stream.filterOne(src, pDstVal);
+    const CallerLine<X> line{pDlyLine, tapsLen, pDlyLineIndex};
+    if (const OrbStatus status = line.check(pTaps)) return status;
+    line.bringInside();
+    line.filterOne(src, pDstVal, outputsOf<T, X>(pTaps, tapsLen, scaleFactor));
     return orbStsNoErr;
 }
 

@@ -2,6 +2,7 @@
 // the others from the caller's samples in place.
 #pragma once
 
+#include "filters/caller_line.h"
 #include "fixedfir/state.h"
 
 #include <cstring>
@@ -127,24 +128,5 @@ void filterInChunks(State* state, typename State::Sample* pSrcDst, int numIters,
         numIters -= chunk;
     }
 }
-
-// A copy of the samples of a call in place whose outputs must not meet them.
-template <class T>
-class InputCopy {
-public:
-    InputCopy(const T* src, std::int64_t count) {
-        const std::int64_t bytes = count * static_cast<std::int64_t>(sizeof(T));
-        if (bytes > std::numeric_limits<int>::max()) return;
-        copy_ = reinterpret_cast<T*>(orbsMalloc_8u(static_cast<int>(bytes)));
-        if (copy_) std::memcpy(copy_, src, static_cast<std::size_t>(bytes));
-    }
-    ~InputCopy() { orbsFree(copy_); }
-    InputCopy(const InputCopy&) = delete;
-    InputCopy& operator=(const InputCopy&) = delete;
-    const T* get() const { return copy_; } // null: there is no memory for it
-
-private:
-    T* copy_ = nullptr;
-};
 
 } // namespace orbs

@@ -14,60 +14,26 @@ void filterOutput(const Tap* pTaps, int tapsLen, const T* oldest, T* pDst, const
     sum.store(scaling, asParts(pDst));
 }
 
-// One sample: into both halves of the line, one step on, and the output over the tapsLen samples from there.
-template <class Tap, class T>
-void filterOne(T src, T* pDstVal, const Tap* pTaps, int tapsLen, T* pDlyLine, int* pDlyLineIndex,
-               const SumScaling& scaling) {
-    int index = *pDlyLineIndex;
-    pDlyLine[index] = pDlyLine[index + tapsLen] = src;
-    *pDlyLineIndex = index = index + 1 < tapsLen ? index + 1 : 0;
-    filterOutput(pTaps, tapsLen, pDlyLine + index, pDstVal, scaling);
+template <class Tap>
+auto singly(const Tap* pTaps, int tapsLen, SumScaling scaling) {
+    return [=](const auto* oldest, auto* pDst, int) { filterOutput(pTaps, tapsLen, oldest, pDst, scaling); };
 }
 
-// The same sample by sample, in runs that end before the index wraps. The outputs of a run still reach samples in the
-// first half that the run replaces, so these are written last.
+// Few outputs of a run sum by sum, more with words of two taps.
 template <class Words, class Tap, class T>
-void filterRuns(const Words& words, const T* pSrc, T* pDst, int numIters, const Tap* pTaps, int tapsLen, T* pDlyLine,
-                int* pDlyLineIndex, const SumScaling& scaling) {
+void filterRun(const Words& words, const Tap* pTaps, int tapsLen, const T* oldest, T* pDst, int count,
+               const SumScaling& scaling) {
     // Real taps of an even number have a zero in front, which meets the sample before.
     const std::ptrdiff_t before = !isComplex<T> && tapsLen % 2 == 0 ? 1 : 0;
-    while (numIters > 0) {
-        const int index = *pDlyLineIndex;
-        const int run = std::min(numIters, tapsLen - 1 - index);
-        if (run <= 0) {
-            filterOne(*pSrc++, pDst++, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaling);
-            --numIters;
-            continue;
-        }
-        T* const first = pDlyLine + index;
-        const auto count = static_cast<std::size_t>(run);
-        copySamples16(pSrc, first + tapsLen, run);
-        if (count * partCount<T> >= leastParts) {
-            filterSamples(words, first + 1 - before, pDst, count, scaling);
-        } else {
-            for (int n = 0; n < run; ++n) filterOutput(pTaps, tapsLen, first + 1 + n, pDst + n, scaling);
-        }
-        copySamples16(first + tapsLen, first, run);
-        *pDlyLineIndex = index + run;
-        pSrc += run;
-        pDst += run;
-        numIters -= run;
+    const auto outputs = static_cast<std::size_t>(count);
+    if (outputs * partCount<T> >= leastParts) {
+        filterSamples(words, oldest - before, pDst, outputs, scaling);
+    } else {
+        for (int n = 0; n < count; ++n) filterOutput(pTaps, tapsLen, oldest + n, pDst + n, scaling);
     }
 }
 
-template <class Tap, class T>
-OrbStatus checkFilter(const Tap* pTaps, int tapsLen, const T* pDlyLine, const int* pDlyLineIndex) {
-    if (anyNull(pTaps)) return orbStsNullPtrErr;
-    if (tapsLen < 1) return orbStsFIRLenErr;
-    return anyNull(pDlyLine, pDlyLineIndex) ? orbStsNullPtrErr : orbStsNoErr;
-}
-
 // ---- Taps of 32 bits ----
-
-// No status is due to a wrong position; but nothing outside the line is touched either.
-void bringInside(int tapsLen, int* pDlyLineIndex) {
-    if (*pDlyLineIndex < 0 || *pDlyLineIndex >= tapsLen) *pDlyLineIndex = 0;
-}
 
 SumScaling scalingOf(int tapsFactor, int scaleFactor) {
     return SumScaling(std::clamp<std::int64_t>(std::int64_t{scaleFactor} - tapsFactor, -31, 31));
@@ -77,15 +43,20 @@ template <class Tap, class T>
 OrbStatus block(const T* pSrc, T* pDst, int numIters, const Tap* pTaps, int tapsLen, int tapsFactor, T* pDlyLine,
                 int* pDlyLineIndex, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pSrc, pDst)) return status;
-    if (const OrbStatus status = checkFilter(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
-    bringInside(tapsLen, pDlyLineIndex);
+    const CallerLine<T> line{pDlyLine, tapsLen, pDlyLineIndex};
+    if (const OrbStatus status = line.check(pTaps)) return status;
+    line.bringInside();
     const SumScaling scaling = scalingOf(tapsFactor, scaleFactor);
+    const auto filterWith = [&](const auto& words) {
+        line.filterBlock(pSrc, pDst, numIters, [&](const T* oldest, T* y, int count) {
+            filterRun(words, pTaps, tapsLen, oldest, y, count, scaling);
+        });
+    };
     const NaturalWords<Tap, T> words(pTaps, static_cast<std::size_t>(tapsLen));
     if (static_cast<std::size_t>(tapsLen) <= MadeWords<Tap, T>::mostTaps) {
-        const MadeWords<Tap, T> made(words);
-        filterRuns(made, pSrc, pDst, numIters, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaling);
+        filterWith(MadeWords<Tap, T>(words));
     } else {
-        filterRuns(words, pSrc, pDst, numIters, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scaling);
+        filterWith(words);
     }
     return orbStsNoErr;
 }
@@ -94,9 +65,10 @@ template <class Tap, class T>
 OrbStatus one(T src, T* pDstVal, const Tap* pTaps, int tapsLen, int tapsFactor, T* pDlyLine, int* pDlyLineIndex,
               int scaleFactor) {
     if (anyNull(pDstVal)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkFilter(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
-    bringInside(tapsLen, pDlyLineIndex);
-    filterOne(src, pDstVal, pTaps, tapsLen, pDlyLine, pDlyLineIndex, scalingOf(tapsFactor, scaleFactor));
+    const CallerLine<T> line{pDlyLine, tapsLen, pDlyLineIndex};
+    if (const OrbStatus status = line.check(pTaps)) return status;
+    line.bringInside();
+    line.filterOne(src, pDstVal, singly(pTaps, tapsLen, scalingOf(tapsFactor, scaleFactor)));
     return orbStsNoErr;
 }
 
@@ -111,10 +83,9 @@ OrbStatus oneInPlace(T* pSrcDstVal, const Tap* pTaps, int tapsLen, int tapsFacto
 
 constexpr int q15 = -15;
 
-OrbStatus checkQ15(const Orb16s* pTaps, int tapsLen, const Orb16s* pDlyLine, const int* pDlyLineIndex) {
-    if (const OrbStatus status = checkFilter(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
-    const bool inside = *pDlyLineIndex >= 0 && *pDlyLineIndex < tapsLen;
-    return inside ? orbStsNoErr : orbStsDlyLineIndexErr;
+OrbStatus checkQ15(const Orb16s* pTaps, const CallerLine<Orb16s>& line) {
+    if (const OrbStatus status = line.check(pTaps)) return status;
+    return *line.index >= 0 && *line.index < line.tapsLen ? orbStsNoErr : orbStsDlyLineIndexErr;
 }
 
 // Through a state that lives as long as the call. It takes the line newest sample first, and gives it back so.
@@ -134,7 +105,7 @@ OrbStatus throughState(Filter filter, const Orb16s* pTaps, int tapsLen, Orb16s* 
 OrbStatus blockQ15(const Orb16s* pSrc, Orb16s* pDst, int numIters, const Orb16s* pTaps, int tapsLen, Orb16s* pDlyLine,
                    int* pDlyLineIndex, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pSrc, pDst)) return status;
-    if (const OrbStatus status = checkQ15(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
+    if (const OrbStatus status = checkQ15(pTaps, {pDlyLine, tapsLen, pDlyLineIndex})) return status;
     const auto filter = [=](auto* state, const SumScaling& scaling) {
         filterBlock(state, pSrc, pDst, numIters, scaling);
     };
@@ -144,7 +115,7 @@ OrbStatus blockQ15(const Orb16s* pSrc, Orb16s* pDst, int numIters, const Orb16s*
 OrbStatus blockQ15InPlace(Orb16s* pSrcDst, int numIters, const Orb16s* pTaps, int tapsLen, Orb16s* pDlyLine,
                           int* pDlyLineIndex, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pSrcDst)) return status;
-    if (const OrbStatus status = checkQ15(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
+    if (const OrbStatus status = checkQ15(pTaps, {pDlyLine, tapsLen, pDlyLineIndex})) return status;
     const auto filter = [=](auto* state, const SumScaling& scaling) {
         filterInChunks(state, pSrcDst, numIters, scaling);
     };
@@ -154,8 +125,9 @@ OrbStatus blockQ15InPlace(Orb16s* pSrcDst, int numIters, const Orb16s* pTaps, in
 OrbStatus oneQ15(Orb16s src, Orb16s* pDstVal, const Orb16s* pTaps, int tapsLen, Orb16s* pDlyLine, int* pDlyLineIndex,
                  int scaleFactor) {
     if (anyNull(pDstVal)) return orbStsNullPtrErr;
-    if (const OrbStatus status = checkQ15(pTaps, tapsLen, pDlyLine, pDlyLineIndex)) return status;
-    filterOne(src, pDstVal, pTaps, tapsLen, pDlyLine, pDlyLineIndex, SumScaling(std::int64_t{scaleFactor} - q15));
+    const CallerLine<Orb16s> line{pDlyLine, tapsLen, pDlyLineIndex};
+    if (const OrbStatus status = checkQ15(pTaps, line)) return status;
+    line.filterOne(src, pDstVal, singly(pTaps, tapsLen, SumScaling(std::int64_t{scaleFactor} - q15)));
     return orbStsNoErr;
 }
 

@@ -27,7 +27,7 @@ public:
 
     void run() {
         const auto parts = static_cast<std::int64_t>(partCount<Tap>);
-        line_ * parts <= static_cast<std::int64_t>(longestRow) ? byRows() : byPieces();
+        line_* parts <= static_cast<std::int64_t>(longestRow) ? byRows() : byPieces();
         updateLine();
     }
 
@@ -58,8 +58,8 @@ private:
                 const Meeting meeting = rates_.of(o);
                 place = writeRow(meeting, pTaps_, tapsLen_, rates_.upFactor, rows.rowLen(), row.data());
                 const std::int64_t untilReach = reach - meeting.newest;
-                const auto behind = static_cast<int>(std::clamp<std::int64_t>(
-                    (untilReach + rates_.downFactor - 1) / rates_.downFactor, begin, end));
+                const auto behind = static_cast<int>(
+                    std::clamp<std::int64_t>((untilReach + rates_.downFactor - 1) / rates_.downFactor, begin, end));
                 work(rows, start, o, begin, behind);
                 work(rows, pSrc_, o, behind, end);
             }
@@ -163,7 +163,7 @@ OrbStatus filterInPlace(Sample* pSrcDst, int numIters, const Tap* pTaps, int tap
                         Sample* pDlyLine, int scaleFactor) {
     if (const OrbStatus status = checkVectors(numIters, pSrcDst)) return status;
     if (const OrbStatus status = checkFilter(pTaps, tapsLen, rates, pDlyLine)) return status;
-    const CopiedInput<Sample> input(pSrcDst, std::int64_t{numIters} * rates.downFactor);
+    const InputCopy<Sample> input(pSrcDst, std::int64_t{numIters} * rates.downFactor);
     if (!input.get()) return orbStsMemAllocErr;
     Call(input.get(), pSrcDst, numIters, pTaps, tapsLen, rates, pDlyLine, scaleFactor).run();
     return orbStsNoErr;
