@@ -10,12 +10,14 @@ import results
 # Text stays text, and the same numbers give the same file.
 plt.rcParams.update({"svg.fonttype": "none", "svg.hashsalt": "orbs", "font.family": "sans-serif", "font.size": 10})
 
-# Colours that differ for colour-blind readers too (Okabe and Ito), and a shape each.
+# Colours that differ for colour-blind readers too (Okabe and Ito), and a shape each. A colour may come again with
+# another shape.
 MARKS = {"VOLK": ("#0072b2", "o"), "FFTW": ("#d55e00", "s"), "SLEEF": ("#009e73", "^"), "Highway": ("#cc79a7", "D"),
-         "Eigen": ("#000000", "*"), "liquid-dsp": ("#e69f00", "v"), "C++ library": ("#56b4e9", "P"),
-         "plain loop": ("#555555", "X"), "fast-math loop": ("#999999", "p")}
+         "Eigen": ("#000000", "*"), "liquid-dsp": ("#e69f00", "v"), "soxr": ("#0072b2", "<"),
+         "libsamplerate": ("#009e73", ">"), "C++ library": ("#56b4e9", "P"), "tile": ("#000000", "d"),
+         "by hand": ("#d55e00", "H"), "plain loop": ("#555555", "X"), "fast-math loop": ("#999999", "p")}
 TICKS = [0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10]
-ROW, TOP, BOTTOM, WIDTH = 0.26, 0.75, 0.5, 9.0  # inches
+ROW, TOP, BOTTOM, WIDTH = 0.26, 0.98, 0.5, 9.0  # inches
 LEFT, ROOM, FAMILY, RIGHT = 0.345, 0.012, 0.122, 0.985  # of the width
 LEAST = 0.02  # lines that reach farther leave the picture
 
@@ -62,6 +64,6 @@ def draw(families, title, path):
     axes.text(1.05, -0.39 / (ROW * len(families)), "slower", ha="left", **below)
     figure.text(ROOM, 1 - 0.22 / height, title, weight="bold", size=12, va="center")
     figure.legend([handles[peer] for peer in MARKS if peer in handles], [peer for peer in MARKS if peer in handles],
-                  loc="center left", bbox_to_anchor=(0, 1 - 0.52 / height), ncols=len(MARKS), frameon=False,
+                  loc="center left", bbox_to_anchor=(0, 1 - 0.63 / height), ncols=7, frameon=False,
                   handletextpad=0.1, columnspacing=0.6)
     figure.savefig(path, metadata={"Date": None})
