@@ -74,14 +74,6 @@ void widen(const Sample* pSrc, Tap* pDst, std::ptrdiff_t count) {
         widenParts(asParts(pSrc), asParts(pDst), static_cast<int>(count) * static_cast<int>(partCount<Tap>));
     }
 }
-template <class Tap, class Sample>
-Tap widened(Sample x) {
-    if constexpr (isComplex<Tap>) {
-        return {static_cast<Part<Tap>>(x.re), static_cast<Part<Tap>>(x.im)};
-    } else {
-        return static_cast<Tap>(x);
-    }
-}
 
 // pDst[n] = pSrc[n] * 2^-scaleFactor, rounded and saturated as the pair of types has it. The scale counts where samples
 // are integers.

@@ -7,9 +7,9 @@
 //   That of a multi-rate filter is in the type of the samples: the last dlyLineLen stand at D[0] and on.
 #pragma once
 
+#include "fft/members.h"
 #include "filters/kernels.h"
 #include "foundation/objects.h"
-#include "orbs/fft.h"
 
 #include <cstdint>
 
@@ -17,45 +17,23 @@ namespace orbs {
 
 // What the type of the taps decides: from how many taps a filter is made with an FFT, which FFT, and above how many
 // samples a block goes through it or is spread over a team.
+template <class SpecType, int fromTaps, int longBlock, int teamBlock>
+struct FirWays {
+    using Spec = SpecType;
+    using Fft = fft::Members<Spec>;
+    static constexpr int fftFromTaps = fromTaps, fftAbove = longBlock, teamAbove = teamBlock;
+};
+
 template <class Tap>
 struct FirRules;
-
 template <>
-struct FirRules<Orb32f> {
-    using Spec = OrbsFFTSpec_R_32f;
-    static constexpr int fftFromTaps = 64, fftAbove = 511, teamAbove = 1600;
-    static constexpr auto fftSize = orbsFFTGetSize_R_32f;
-    static constexpr auto fftInit = orbsFFTInit_R_32f;
-    static constexpr auto forward = orbsFFTFwd_RToPerm_32f;
-    static constexpr auto inverse = orbsFFTInv_PermToR_32f;
-};
+struct FirRules<Orb32f> : FirWays<OrbsFFTSpec_R_32f, 64, 511, 1600> {};
 template <>
-struct FirRules<Orb32fc> {
-    using Spec = OrbsFFTSpec_C_32fc;
-    static constexpr int fftFromTaps = 16, fftAbove = 255, teamAbove = 800;
-    static constexpr auto fftSize = orbsFFTGetSize_C_32fc;
-    static constexpr auto fftInit = orbsFFTInit_C_32fc;
-    static constexpr auto forward = orbsFFTFwd_CToC_32fc;
-    static constexpr auto inverse = orbsFFTInv_CToC_32fc;
-};
+struct FirRules<Orb32fc> : FirWays<OrbsFFTSpec_C_32fc, 16, 255, 800> {};
 template <>
-struct FirRules<Orb64f> {
-    using Spec = OrbsFFTSpec_R_64f;
-    static constexpr int fftFromTaps = 32, fftAbove = 511, teamAbove = 1600;
-    static constexpr auto fftSize = orbsFFTGetSize_R_64f;
-    static constexpr auto fftInit = orbsFFTInit_R_64f;
-    static constexpr auto forward = orbsFFTFwd_RToPerm_64f;
-    static constexpr auto inverse = orbsFFTInv_PermToR_64f;
-};
+struct FirRules<Orb64f> : FirWays<OrbsFFTSpec_R_64f, 32, 511, 1600> {};
 template <>
-struct FirRules<Orb64fc> {
-    using Spec = OrbsFFTSpec_C_64fc;
-    static constexpr int fftFromTaps = 16, fftAbove = 255, teamAbove = 800;
-    static constexpr auto fftSize = orbsFFTGetSize_C_64fc;
-    static constexpr auto fftInit = orbsFFTInit_C_64fc;
-    static constexpr auto forward = orbsFFTFwd_CToC_64fc;
-    static constexpr auto inverse = orbsFFTInv_CToC_64fc;
-};
+struct FirRules<Orb64fc> : FirWays<OrbsFFTSpec_C_64fc, 16, 255, 800> {};
 
 // The head. Multi-rate objects have the same one: fields that a single-rate filter does not use stay 0.
 template <class TapType, class SampleType, Orb32s tagOfSingleRate, Orb32s tagOfMultiRate>

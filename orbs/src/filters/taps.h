@@ -33,6 +33,16 @@ Part<T>* asParts(T* p) {
     return reinterpret_cast<Part<T>*>(p);
 }
 
+// Part by part in another type.
+template <class To, class T>
+To cast(T a) {
+    if constexpr (isComplex<T>) {
+        return {static_cast<Part<To>>(a.re), static_cast<Part<To>>(a.im)};
+    } else {
+        return static_cast<To>(a);
+    }
+}
+
 // Taps in the order of the samples that they meet, oldest sample first. step leads to the tap of the next younger
 // sample: 1, or -1 over taps in natural order.
 template <class T, std::ptrdiff_t step>

@@ -110,10 +110,10 @@ public:
         Orb8u* const buffer = state_->pFFTBuf + std::ptrdiff_t{thread} * state_->fftBufSize;
         const int first = k * length_;
         const int outputs = std::min(length_, numIters_ - first);
-        const OrbStatus forward = State::Rules::forward(window(k, outputs, work), work, state_->pFFTSpec, buffer);
+        const OrbStatus forward = State::Rules::Fft::forward(window(k, outputs, work), work, state_->pFFTSpec, buffer);
         if (forward < 0) return forward;
         multiplySpectra(state_->pFFTTaps.get(), work, state_->fftLen);
-        const OrbStatus inverse = State::Rules::inverse(work, work, state_->pFFTSpec, buffer);
+        const OrbStatus inverse = State::Rules::Fft::inverse(work, work, state_->pFFTSpec, buffer);
         if (inverse < 0) return inverse;
         narrow(work + history_, pDst_ + first, outputs, scaleFactor_);
         return orbStsNoErr;
@@ -226,7 +226,7 @@ OrbStatus filterOne(SampleOf<State> src, SampleOf<State>* pDstVal, State* pState
     const int tapsLen = pState->tapsLen;
     TapOf<State>* const D = pState->pDlyLine;
     int index = pState->dlyLineIndex;
-    const auto x = widened<TapOf<State>>(src);
+    const auto x = cast<TapOf<State>>(src);
     D[index] = D[index + tapsLen] = x;
     index = index + 1 < tapsLen ? index + 1 : 0;
     pState->dlyLineIndex = index;

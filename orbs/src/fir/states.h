@@ -60,7 +60,7 @@ FftPlan planFft(int tapsLen) {
     plan.threads = static_cast<std::uint64_t>(std::clamp(threadCount(), 1, 1024));
     // Above the largest order of a transform the work areas alone outgrow a block.
     int specSize = 0, bufSize = 0;
-    Rules::fftSize(plan.order, ORB_FFT_SCALE_INV, orbAlgHintNone, &specSize, &plan.initSize, &bufSize);
+    Rules::Fft::getSize(plan.order, ORB_FFT_SCALE_INV, orbAlgHintNone, &specSize, &plan.initSize, &bufSize);
     plan.specSize = static_cast<Orb32u>(specSize);
     plan.bufSize = static_cast<Orb32u>(bufSize);
     return plan;
@@ -106,7 +106,7 @@ OrbStatus transformTaps(State* state, const Taps* pTaps) {
     TapOf<State>* const spectrum = state->pFFTTaps;
     std::copy_n(pTaps, state->tapsLen, spectrum);
     std::fill(spectrum + state->tapsLen, spectrum + state->fftLen, TapOf<State>{});
-    return State::Rules::forward(spectrum, spectrum, state->pFFTSpec, state->pFFTBuf);
+    return State::Rules::Fft::forward(spectrum, spectrum, state->pFFTSpec, state->pFFTBuf);
 }
 
 // Calls use(oldest), the sample behind which the line goes on, in the type that the line is kept in.
@@ -129,8 +129,7 @@ void writeDlyLine(State* state, const SampleOf<State>* pDlyLine) {
         if (!pDlyLine) {
             std::fill_n(oldest, count, T{});
         } else {
-            std::transform(pDlyLine, pDlyLine + count, std::reverse_iterator(oldest + count),
-                           widened<T, SampleOf<State>>);
+            std::transform(pDlyLine, pDlyLine + count, std::reverse_iterator(oldest + count), cast<T, SampleOf<State>>);
         }
     });
 }
@@ -159,7 +158,7 @@ OrbStatus addFft(State* state, const Areas<State>& areas, const FftPlan& fft, co
     if (fft.initSize > 0 && !initBuffer) return orbStsNullPtrErr;
     typename State::Rules::Spec* spec = nullptr;
     const OrbStatus status =
-        State::Rules::fftInit(&spec, fft.order, ORB_FFT_SCALE_INV, orbAlgHintNone, areas.fftSpec, initBuffer);
+        State::Rules::Fft::init(&spec, fft.order, ORB_FFT_SCALE_INV, orbAlgHintNone, areas.fftSpec, initBuffer);
     orbsFree(initBuffer);
     if (status != orbStsNoErr) return status;
     state->pFFTSpec = spec;
@@ -273,7 +272,7 @@ OrbStatus getDlyLine(const State* pState, SampleOf<State>* pDlyLine) {
     withLine(pState, [=]<class T>(const T* oldest) {
         const int count = pState->dlyLineLen;
         std::transform(oldest, oldest + count, std::reverse_iterator(pDlyLine + count),
-                       widened<SampleOf<State>, T>); // what was a sample is one again
+                       cast<SampleOf<State>, T>); // what was a sample is one again
     });
     return orbStsNoErr;
 }

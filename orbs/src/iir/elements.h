@@ -44,14 +44,5 @@ T negative(T a) {
         return -a;
     }
 }
-// Part by part in another type.
-template <class To, class T>
-To cast(T a) {
-    if constexpr (isComplex<T>) {
-        return {static_cast<Part<To>>(a.re), static_cast<Part<To>>(a.im)};
-    } else {
-        return static_cast<To>(a);
-    }
-}
 
 } // namespace orbs
