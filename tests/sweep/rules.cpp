@@ -290,7 +290,7 @@ const NumberRule numberRules[] = {
      NUMBER(std::trunc((c.turn % 5 - 2) * 0x1p23 / c.n)),
      {NUMBER(32768000), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsWinKaiserErr},
-    {{"SampleDown_.*", "srcLen"}, NUMBER(c.n * sampleFactor(c)), belowOne, orbStsSizeErr},
+    {{"SampleDown_.*", "srcLen"}, NUMBER(c.n* sampleFactor(c)), belowOne, orbStsSizeErr},
     {{"Sample(Up|Down)_.*", "factor"}, NUMBER(sampleFactor(c)), belowOne, orbStsSampleFactorErr},
     {{"Hilbert.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{"WT.*", "lenLow"}, NUMBER(c.taps), belowOne, orbStsSizeErr},

@@ -76,13 +76,13 @@ std::size_t deinterleave(std::size_t span, const T* pSrc, T* pDst) {
     const auto* const src = reinterpret_cast<const Lane<T>*>(pSrc);
     auto* const dst = reinterpret_cast<Lane<T>*>(pDst);
     return forSpreadVectors<T>(span, factor, [=](auto d, std::size_t n) HWY_ATTR {
-        hn::Vec<decltype(d)> kept, left;
+        hn::Vec<decltype(d)> kept, second, third, fourth;
         if constexpr (factor == 2) {
-            hn::LoadInterleaved2(d, src + factor * n, kept, left);
+            hn::LoadInterleaved2(d, src + factor * n, kept, second);
         } else if constexpr (factor == 3) {
-            hn::LoadInterleaved3(d, src + factor * n, kept, left, left);
+            hn::LoadInterleaved3(d, src + factor * n, kept, second, third);
         } else {
-            hn::LoadInterleaved4(d, src + factor * n, kept, left, left, left);
+            hn::LoadInterleaved4(d, src + factor * n, kept, second, third, fourth);
         }
         hn::StoreU(kept, d, dst + n);
     });

@@ -65,7 +65,7 @@ OrbStatus blackmanScaled(Orb16s* pSrcDst, int len, int alphaQ15, int scaleFactor
     if (len == 3) {
         setElement(pSrcDst + 1, scaledAway(elementAt(pSrcDst + 1), scale));
     } else {
-        const CosineWindow window(len, Blackman{fromQ15(alphaQ15)});
+        CosineWindow window(len, Blackman{fromQ15(alphaQ15)});
         applyWindow(window, WeightedNearest{scale}, static_cast<std::size_t>(len), pSrcDst, pSrcDst);
     }
     zeroEnds(len, pSrcDst);

@@ -27,7 +27,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t cell = 64;
+    static constexpr std::size_t cell = 32;
     template <std::size_t count>
     struct Angles {
         alignas(64) Orb64f sin[count], cos[count];
@@ -36,7 +36,7 @@ private:
     // Of the angles from `first` on, `stride` samples apart.
     template <class Table>
     HWY_NOINLINE void fill(Table& table, Orb64f first, Orb64f stride, std::size_t count) const {
-        const RestTag<Orb64f> d;
+        const hn::ScalableTag<Orb64f> d;
         for (std::size_t k = 0; k < count; k += hn::MaxLanes(d)) {
             const auto n = hn::Set(d, first) + hn::Set(d, stride) * hn::Iota(d, static_cast<Orb64f>(k));
             const auto [sine, cosine] = sinCos(d, n * hn::Set(d, step_));

@@ -111,7 +111,7 @@ inline OrbStatus checkWindow(int leastLen, int len, const void* pSrc, const void
 }
 
 template <class Window, class Weigh, class T>
-void applyWindow(Window window, Weigh weigh, std::size_t len, const T* pSrc, T* pDst) {
+void applyWindow(Window& window, Weigh weigh, std::size_t len, const T* pSrc, T* pDst) {
     constexpr std::size_t parts = partsOf<T>;
     using Part = PartOf<T>;
     const Part* const src = partsAt(pSrc);
