@@ -13,9 +13,9 @@ ORBS_DECLARATIONS_BEGIN
  *   WinHann       w(n) = 0.5 - 0.5 cos(2 pi n / M)
  *   WinHamming    w(n) = 0.54 - 0.46 cos(2 pi n / M)
  * This holds for all windows here: the weights of n and M - n are the same to the bit, and the middle element of an odd
- * len keeps its value whatever it is. Weights are made in double precision to within 8 units in their last place,
- * however small they are, and rounded to single precision for all data but that of 64 bits. Both parts of a complex
- * element have one weight. A weight of 0 makes a zero with the sign of the element, and a NaN of an infinity; with len
+ * len keeps its value whatever it is. Weights are made in double precision, within 20 2^-53 of themselves however small
+ * they are, and rounded to single precision for all data but that of 64 bits. Both parts of a complex element have one
+ * weight. A weight of 0 makes a zero with the sign of the element, and a NaN of an infinity; with len
  * 3 the ends of WinBartlett and WinHann are positive zeros whatever they were.
  * Floats: one product in the caller's rounding mode. Integers: the product in single precision, to the nearest integer,
  * ties to even, whatever the caller's rounding mode is, saturated.
@@ -63,14 +63,15 @@ OrbStatus orbsWinHamming_64fc_I(Orb64fc* pSrcDst, int len);
 /* ---- WinBlackman, WinBlackmanStd, WinBlackmanOpt, WinBlackmanQ15 ---------------------------------------------
  * Alignment: any.
  * As above with w(n) = (alpha + 1) / 2 - 0.5 cos(2 pi n / M) - (alpha / 2) cos(4 pi n / M). Both ends become positive
- * zeros whatever they were. A NaN alpha makes floats NaN, and integers the largest value.
+ * zeros whatever they were. With q = 0.5 - 0.5 cos(2 pi n / M) weights are within 40 2^-53 q (1 + 4 |alpha|) of the
+ * formula, which is q (1 + 4 alpha (1 - q)). A NaN alpha makes floats NaN, and integers 32767.
  *
  * Std: alpha = -0.16 in single precision. Opt: alpha = -(0.5 / cos(pi / M))^2 rounded to single precision, of which the
  * second weight is 0 up to that rounding. Both hold for the members of double precision too.
  * Q15: alpha = alphaQ15 2^-15, in single precision.
- * _ISfs: (in double precision) each product times 2^-scaleFactor before it is rounded. Scale factors beyond -100 and
- * 100 count as these: all that is not 0 saturates, or everything becomes 0. With len 3 the middle element is rounded
- * to nearest with an exact half away from 0; all others, of every len, with ties to even.
+ * _ISfs: alpha in double precision, and each product times 2^-scaleFactor before it is rounded. Scale factors beyond
+ * -100 and 100 count as these: all that is not 0 saturates, or everything becomes 0. With len 3 the middle element is
+ * rounded to nearest with an exact half away from 0; with every other len all are, with ties to even.
  *
  * Statuses, in the order of the tests: orbStsNullPtrErr, orbStsSizeErr (len below 3). WinBlackmanOpt tests len before
  * the pointers, and takes 4 at least.
@@ -119,9 +120,9 @@ OrbStatus orbsWinBlackmanQ15_16s_ISfs(Orb16s* pSrcDst, int len, int alphaQ15, in
 
 /* ---- WinKaiser, WinKaiserQ15 ---------------------------------------------------------------------------------
  * Alignment: any.
- * As above with w(n) = I0(alpha sqrt(n (M - n))) / I0(alpha M / 2), where I0 is the modified Bessel function: alpha M / 2
- * is what is elsewhere called beta. The sign of alpha does not matter; with alpha 0 every weight is 1. Weights are within
- * (12 + 2 alpha M) 2^-53 of themselves before they are rounded to single precision. A NaN alpha makes floats NaN, and
+ * As above with w(n) = I0(alpha sqrt(n (M - n))) / I0(alpha M / 2), where I0 is the modified Bessel function; alpha M / 2
+ * is what is elsewhere called beta. The sign of alpha does not matter; alpha 0 makes every weight 1. Weights are within
+ * (12 + 3 |alpha| M) 2^-53 of themselves before they are rounded to single precision. A NaN alpha makes floats NaN, and
  * integers 32767. len 1 leaves the element as it is.
  * Q15: alpha = alphaQ15 2^-15.
  *

@@ -12,9 +12,9 @@ using namespace orbs;
 
 // Elements as bits. Those of 16 bytes fill a vector each and go one by one.
 template <class T>
-using Lane =
-    std::conditional_t<sizeof(T) == 2, Orb16u,
-                       std::conditional_t<sizeof(T) == 4, Orb32u, std::conditional_t<sizeof(T) == 8, Orb64u, void>>>;
+using Lane = std::conditional_t<
+    sizeof(T) == 2, std::uint16_t,
+    std::conditional_t<sizeof(T) == 4, std::uint32_t, std::conditional_t<sizeof(T) == 8, std::uint64_t, void>>>;
 
 // Calls body(d, n) for n = 0, lanes, ... while `factor` vectors from factor * n on lie within `span` elements.
 template <class T, class Body>

@@ -52,7 +52,7 @@ Orb32f scaleOf(int scaleFactor) {
 
 // The one element of three that has a weight: an exact half goes away from 0.
 Orb16s scaledAway(Orb16s x, Orb32f scale) {
-    const Orb64f y = Orb64f{x} * scale;
+    const Orb64f y = static_cast<Orb64f>(x) * scale;
     if (y > 32767) return 32767;
     if (y < -32768) return -32768;
     return static_cast<Orb16s>(y + std::copysign(0.5, y));

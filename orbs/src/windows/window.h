@@ -129,7 +129,7 @@ void applyWindow(Window& window, Weigh weigh, std::size_t len, const T* pSrc, T*
 }
 
 template <class Window, class T>
-void applyWindow(Window window, int len, const T* pSrc, T* pDst) {
+void applyWindow(Window&& window, int len, const T* pSrc, T* pDst) {
     const auto count = static_cast<std::size_t>(len);
     if constexpr (std::is_floating_point_v<PartOf<T>>) {
         applyWindow(window, Weighted(), count, pSrc, pDst);
