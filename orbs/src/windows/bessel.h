@@ -34,7 +34,10 @@ HWY_INLINE V polynomial(D d, V z, const std::array<Orb64f, count>& c) {
     sums[top % 2] = hn::Set(d, c[top]);
     sums[1 - top % 2] = hn::Set(d, c[top - 1]);
 #pragma GCC unroll 32
-    for (std::size_t k = top - 1; k-- > 0;) sums[k % 2] = sums[k % 2] * z2 + hn::Set(d, c[k]);
+    for (std::size_t k = 2; k < count; ++k) {
+        V& sum = sums[(top - k) % 2];
+        sum = sum * z2 + hn::Set(d, c[top - k]);
+    }
     return sums[0] + z * sums[1];
 }
 
