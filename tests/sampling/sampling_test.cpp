@@ -15,7 +15,7 @@ using Member = OrbStatus (*)(const T*, int, T*, int*, int, int*);
 // One call, which may write what it tells and no more.
 template <class T>
 std::vector<T> called(Member<T> member, const std::vector<T>& x, std::size_t room, int factor, int& phase) {
-    std::vector<T> y(room);
+    std::vector<T> y(room + 1);
     int len = -1;
     EXPECT_EQ(member(x.data(), static_cast<int>(x.size()), y.data(), &len, factor, &phase), orbStsNoErr);
     EXPECT_LE(static_cast<std::size_t>(len), room);
