@@ -10,6 +10,7 @@
 #include "foundation/control.h"
 #include "vectors/elementwise.h"
 #include "vectors/nearest.h"
+#include "vectors/values.h"
 
 namespace orbs {
 
@@ -36,23 +37,13 @@ public:
 
 private:
     template <class D, class V>
-    static HWY_INLINE void store(D d, V w, W* p) {
+    static HWY_INLINE void store(D, V w, W* p) {
         const hn::Rebind<W, D> to;
-        const auto narrow = valueOf(to, w);
+        const auto narrow = valuesIn(to, w);
         if constexpr (parts == 2) {
             hn::StoreInterleaved2(narrow, narrow, to, p);
         } else {
             hn::StoreU(narrow, to, p);
-        }
-        static_cast<void>(d);
-    }
-    template <class D, class V>
-    static HWY_INLINE hn::Vec<D> valueOf(D d, V w) {
-        if constexpr (std::is_same_v<W, Orb64f>) {
-            static_cast<void>(d);
-            return w;
-        } else {
-            return hn::DemoteTo(d, w);
         }
     }
 
