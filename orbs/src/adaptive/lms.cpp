@@ -3,6 +3,7 @@
 #include "filters/samples.h"
 #include "foundation/frame.h"
 #include "orbs/adaptive.h"
+#include "orbs/foundation.h"
 
 #include <limits>
 #include <new>
