@@ -184,7 +184,7 @@ TEST(Lms, MoreTapsThanMemoryAreRefused) {
 
 template <class X>
 void expectIdentifies(int tapsLen, float mu) {
-    const Unknown<X> unknown(tapsLen, 20000, 1);
+    const Unknown<X> unknown(tapsLen, 20000);
     Filter<X> filter(std::vector<float>(static_cast<std::size_t>(tapsLen)), {}, 0);
     const std::vector<X> y = filter.run(unknown.x, unknown.ref, mu);
     EXPECT_LT(unknown.errorAtEnd(y), 1e-6) << tapsLen;

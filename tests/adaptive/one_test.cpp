@@ -92,7 +92,7 @@ TEST(LmsOne, NormalisedPassesOverSilence) {
 
 template <auto member, class Tap, class X>
 void expectIdentifies(auto mu) {
-    const Unknown<X> unknown(24, 10000, 5);
+    const Unknown<X> unknown(24, 10000);
     Caller<Tap, X> caller{std::vector<Tap>(24)};
     std::vector<X> y(unknown.x.size());
     for (std::size_t n = 0; n < y.size(); ++n)

@@ -23,14 +23,14 @@ std::vector<X> noise(std::size_t count, unsigned seed) {
     return v;
 }
 
-// Noise, and what a filter makes of it that leaves a quarter of its power.
+// Noise, the same for all, and what a filter makes of it that leaves a quarter of its power.
 template <class X>
 struct Unknown {
     std::vector<double> h;
     std::vector<X> x, ref;
 
-    Unknown(int tapsLen, std::size_t count, unsigned seed)
-        : h(noise<double>(static_cast<std::size_t>(tapsLen), seed)), x(noise<X>(count, seed + 1)) {
+    Unknown(int tapsLen, std::size_t count, unsigned seed = 2)
+        : h(noise<double>(static_cast<std::size_t>(tapsLen), seed)), x(noise<X>(count, 1)) {
         double energy = 0;
         for (const double t : h) energy += t * t;
         for (double& t : h) t *= 0.5 / std::sqrt(energy);

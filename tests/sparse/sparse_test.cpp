@@ -16,8 +16,8 @@ using Positions = std::vector<int>;
 constexpr int most = std::numeric_limits<int>::max();
 
 struct Sum {
-    Floats taps;
-    Positions at;
+    Floats taps = {};
+    Positions at = {};
     std::size_t order() const { return at.empty() ? 0 : static_cast<std::size_t>(at.back()); }
 
     // sum + ..., over v, of which the element for this output is v[n].
@@ -40,7 +40,7 @@ Floats behind(const Floats& line, const Floats& x) {
 }
 
 struct Filter {
-    Sum forward, recursive;
+    Sum forward = {}, recursive = {};
     bool isRecursive = false;
     std::vector<Orb8u> buffer = {};
     OrbsFIRSparseState_32f* fir = nullptr;
@@ -146,9 +146,10 @@ TEST(SparseInit, RefusesPositionsOutOfOrder) {
     OrbsFIRSparseState_32f* fir = nullptr;
     OrbsIIRSparseState_32f* iir = nullptr;
     std::vector<Orb8u> buffer(1000);
-    for (const Positions& at : {Positions{-1, 2, 3}, {0, 0, 3}, {0, 5, 4}, {0, 1, 1}})
+    for (const Positions& at : std::vector<Positions>{{-1, 2, 3}, {0, 0, 3}, {0, 5, 4}, {0, 1, 1}})
         EXPECT_EQ(orbsFIRSparseInit_32f(&fir, taps.data(), at.data(), 3, nullptr, buffer.data()), orbStsSparseIndexErr);
-    for (const Positions& at : {Positions{-1, 2, 1, 2}, {2, 2, 1, 2}, {0, 1, 0, 2}, {0, 1, -1, 2}, {0, 1, 2, 2}})
+    for (const Positions& at :
+         std::vector<Positions>{{-1, 2, 1, 2}, {2, 2, 1, 2}, {0, 1, 0, 2}, {0, 1, -1, 2}, {0, 1, 2, 2}})
         EXPECT_EQ(orbsIIRSparseInit_32f(&iir, taps.data(), at.data(), 2, 2, nullptr, buffer.data()),
                   orbStsSparseIndexErr);
     const Positions none{0, 1, 0}, far{0, most};

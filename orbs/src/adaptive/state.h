@@ -38,9 +38,9 @@ struct LmsAreas {
         const auto count = static_cast<std::uint64_t>(tapsLen);
         Layout layout(base);
         head = layout.take<State>(1, 32);
-        taps = layout.take<Orb32f>(LmsRows(tapsLen).length(), 64);
-        dlyLine = layout.take<Orb32f>(count + lmsBlock + LmsRows::mostLanes, 64);
-        staging = layout.take<Orb32f>(std::is_same_v<typename State::Sample, Orb32f> ? 0 : lmsBlock, 64);
+        taps = layout.take<Orb32f>(LmsRows(tapsLen).length(), 32);
+        dlyLine = layout.take<Orb32f>(count + lmsBlock + LmsRows::mostLanes, 32);
+        staging = layout.take<Orb32f>(std::is_same_v<typename State::Sample, Orb32f> ? 0 : lmsBlock, 32);
         size = layout.used();
     }
 };
