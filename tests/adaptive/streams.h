@@ -45,8 +45,9 @@ struct Unknown {
     double errorAtEnd(const std::vector<Y>& y) const {
         double error = 0, power = 0;
         for (std::size_t n = x.size() - 1000; n < x.size(); ++n) {
-            error += std::pow(double{ref[n]} - double{y[n]}, 2);
-            power += std::pow(double{ref[n]}, 2);
+            const double r = ref[n], e = r - y[n];
+            error += e * e;
+            power += r * r;
         }
         return error / power;
     }
