@@ -580,6 +580,7 @@ const OrderRule orderRules[] = {
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
     {{"FIRLMSOne_Direct.*", ""}, {"*"}},
+    {{"FIRLMSMRGetDlyVal.*", ""}, {"*", "pState:tag", "index"}},
     {{"FIRLMSMRInitAlloc.*", ""}, {"*", "tapsLen", "dlyStep", "updateDly", "dlyLineIndex"}},
     {{"FIRMR\\w*_Direct_.*", ""},
      {"pSrc", "pDst", "pSrcDst", "numIters", "pTaps", "tapsLen", "upFactor", "downFactor", "upPhase", "downPhase",
