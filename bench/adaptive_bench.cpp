@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations" // liquid-dsp means other functions
+
 namespace {
 
 constexpr int length = 4096;

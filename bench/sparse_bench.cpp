@@ -110,10 +110,10 @@ void loopOfIir(benchmark::State& run, Job job) {
                                  ")" + name.substr(slash) + "/" + std::to_string(length);
         benchmark::RegisterBenchmark(full.c_str(), [=](benchmark::State& run) { body(run, Job(taps, order)); });
     };
-    for (const auto [taps, order] : {std::pair{10, 1000}, std::pair{3, 100}, std::pair{50, 1000}}) {
+    for (const auto& [taps, order] : {std::pair{10, 1000}, std::pair{3, 100}, std::pair{50, 1000}}) {
         add("FIRSparse_32f/orbs", orbsFir, taps, order);
         add("FIRSparse_32f/loop", loopOfOutputs, taps, order);
-        add("FIRSparse_32f/loop by taps", loopOfTaps, taps, order);
+        add("FIRSparse_32f/loop_by_taps", loopOfTaps, taps, order);
     }
     add("IIRSparse_32f/orbs", orbsIir, 10, 1000);
     add("IIRSparse_32f/loop", loopOfIir, 10, 1000);

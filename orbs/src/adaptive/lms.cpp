@@ -1,11 +1,8 @@
 // FIRLMS: states with float taps, and the filter over blocks.
 #include "adaptive/state.h"
 #include "filters/samples.h"
-#include "foundation/frame.h"
 #include "orbs/adaptive.h"
-#include "orbs/foundation.h"
 
-#include <limits>
 #include <new>
 
 namespace {
@@ -17,11 +14,6 @@ constexpr int turnsFromTaps = 80;
 
 template <class State>
 using SampleOf = typename State::Sample;
-
-template <class State, class... T>
-OrbStatus check(const State* pState, const T*... pointers) {
-    return anyNull(pState, pointers...) ? orbStsNullPtrErr : checkTag(pState, State::ownTag);
-}
 
 template <class State>
 void writeDlyLine(State* state, const SampleOf<State>* pDlyLine, int dlyLineIndex) {
@@ -40,8 +32,7 @@ OrbStatus initAlloc(State** ppState, const Orb32f* pTaps, int tapsLen, const Sam
     if (anyNull(ppState)) return orbStsNullPtrErr;
     if (tapsLen < 1) return orbStsSizeErr;
     const std::uint64_t size = LmsAreas<State>(nullptr, tapsLen).size;
-    if (size > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
-    Orb8u* const block = orbsMalloc_8u(static_cast<int>(size));
+    Orb8u* const block = allocateLmsState(size);
     if (!block) return orbStsMemAllocErr;
     std::memset(block, 0, size);
 
@@ -63,14 +54,8 @@ OrbStatus initAlloc(State** ppState, const Orb32f* pTaps, int tapsLen, const Sam
 }
 
 template <class State>
-OrbStatus release(State* pState) {
-    orbsFree(pState);
-    return orbStsNoErr;
-}
-
-template <class State>
 OrbStatus getTaps(const State* pState, Orb32f* pTaps) {
-    if (const OrbStatus status = check(pState, pTaps)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pTaps)) return status;
     const LmsRows rows(pState->tapsLen);
     const Orb32f* const taps = pState->pTaps;
     for (int k = 0; k < pState->tapsLen; ++k)
@@ -80,7 +65,7 @@ OrbStatus getTaps(const State* pState, Orb32f* pTaps) {
 
 template <class State>
 OrbStatus getDlyLine(const State* pState, SampleOf<State>* pDlyLine, int* pDlyLineIndex) {
-    if (const OrbStatus status = check(pState, pDlyLine, pDlyLineIndex)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pDlyLine, pDlyLineIndex)) return status;
     const Orb32s length = pState->tapsLen, index = pState->dlyLineIndex;
     const Orb32f* const D = pState->pDlyLine;
     for (Orb32s n = 0; n < length; ++n)
@@ -91,7 +76,7 @@ OrbStatus getDlyLine(const State* pState, SampleOf<State>* pDlyLine, int* pDlyLi
 
 template <class State>
 OrbStatus setDlyLine(State* pState, const SampleOf<State>* pDlyLine, int dlyLineIndex) {
-    if (const OrbStatus status = check(pState)) return status;
+    if (const OrbStatus status = checkLmsState(pState)) return status;
     writeDlyLine(pState, pDlyLine, dlyLineIndex);
     return orbStsNoErr;
 }
@@ -135,12 +120,12 @@ OrbStatus filter(const SampleOf<State>* pSrc, const SampleOf<State>* pRef, Sampl
 extern "C" {
 
 OrbStatus orbsFIRLMSInitAlloc_32f(OrbsFIRLMSState_32f** ppState, const Orb32f* pTaps, int tapsLen, const Orb32f* pDlyLine, int dlyLineIndex) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyLineIndex); }
-OrbStatus orbsFIRLMSFree_32f(OrbsFIRLMSState_32f* pState) { return release(pState); }
+OrbStatus orbsFIRLMSFree_32f(OrbsFIRLMSState_32f* pState) { return freeLmsState(pState); }
 OrbStatus orbsFIRLMSGetTaps_32f(const OrbsFIRLMSState_32f* pState, Orb32f* pTaps) { return getTaps(pState, pTaps); }
 OrbStatus orbsFIRLMSGetDlyLine_32f(const OrbsFIRLMSState_32f* pState, Orb32f* pDlyLine, int* pDlyLineIndex) { return getDlyLine(pState, pDlyLine, pDlyLineIndex); }
 OrbStatus orbsFIRLMSSetDlyLine_32f(OrbsFIRLMSState_32f* pState, const Orb32f* pDlyLine, int dlyLineIndex) { return setDlyLine(pState, pDlyLine, dlyLineIndex); }
 OrbStatus orbsFIRLMSInitAlloc32f_16s(OrbsFIRLMSState32f_16s** ppState, const Orb32f* pTaps, int tapsLen, const Orb16s* pDlyLine, int dlyLineIndex) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyLineIndex); }
-OrbStatus orbsFIRLMSFree32f_16s(OrbsFIRLMSState32f_16s* pState) { return release(pState); }
+OrbStatus orbsFIRLMSFree32f_16s(OrbsFIRLMSState32f_16s* pState) { return freeLmsState(pState); }
 OrbStatus orbsFIRLMSGetTaps32f_16s(const OrbsFIRLMSState32f_16s* pState, Orb32f* pTaps) { return getTaps(pState, pTaps); }
 OrbStatus orbsFIRLMSGetDlyLine32f_16s(const OrbsFIRLMSState32f_16s* pState, Orb16s* pDlyLine, int* pDlyLineIndex) { return getDlyLine(pState, pDlyLine, pDlyLineIndex); }
 OrbStatus orbsFIRLMSSetDlyLine32f_16s(OrbsFIRLMSState32f_16s* pState, const Orb16s* pDlyLine, int dlyLineIndex) { return setDlyLine(pState, pDlyLine, dlyLineIndex); }

@@ -8,7 +8,7 @@
 #pragma once
 
 #include "adaptive/adapt.h"
-#include "foundation/objects.h"
+#include "adaptive/cycle.h"
 
 namespace orbs {
 
@@ -44,12 +44,6 @@ struct LmsAreas {
         size = layout.used();
     }
 };
-
-// An index as a place in a ring.
-inline Orb32s placeInRing(std::int64_t index, std::int64_t length) {
-    const std::int64_t rest = index % length;
-    return static_cast<Orb32s>(rest < 0 ? rest + length : rest);
-}
 
 } // namespace orbs
 

@@ -1,11 +1,8 @@
 // FIRLMSMR: adaptive filters of integers, whose steps are calls of their own. All arithmetic wraps in 32 bits.
-#include "adaptive/state.h"
-#include "foundation/frame.h"
+#include "adaptive/cycle.h"
 #include "orbs/adaptive.h"
-#include "orbs/foundation.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <new>
 
@@ -107,11 +104,6 @@ TapOf<State> output(const State* state) {
 
 // ---- Shapes ----
 
-template <class State, class... T>
-OrbStatus check(const State* pState, const T*... pointers) {
-    return anyNull(pState, pointers...) ? orbStsNullPtrErr : checkTag(pState, State::ownTag);
-}
-
 template <class State>
 void writeTaps(State* state, const TapOf<State>* pTaps) {
     TapOf<State>* const taps = state->pTaps;
@@ -159,10 +151,8 @@ OrbStatus initAlloc(State** ppState, const TapOf<State>* pTaps, int tapsLen, con
     if (updateDly < 0) return orbStsBadArgErr;
     const std::int64_t dlyLen = std::int64_t{tapsLen} * dlyStep + updateDly;
     if (dlyLineIndex < 0 || dlyLineIndex >= dlyLen) return orbStsSizeErr;
-    constexpr std::int64_t most = std::numeric_limits<int>::max();
-    if (dlyLen > most) return orbStsMemAllocErr;
-    const std::uint64_t size = Areas<State>(nullptr, tapsLen, dlyLen).size;
-    Orb8u* const block = size > most ? nullptr : orbsMalloc_8u(static_cast<int>(size));
+    if (dlyLen > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
+    Orb8u* const block = allocateLmsState(Areas<State>(nullptr, tapsLen, dlyLen).size);
     if (!block) return orbStsMemAllocErr;
 
     const Areas<State> areas(block, tapsLen, dlyLen);
@@ -182,21 +172,15 @@ OrbStatus initAlloc(State** ppState, const TapOf<State>* pTaps, int tapsLen, con
 }
 
 template <class State>
-OrbStatus release(State* pState) {
-    orbsFree(pState);
-    return orbStsNoErr;
-}
-
-template <class State>
 OrbStatus setTaps(State* pState, const TapOf<State>* pTaps) {
-    if (const OrbStatus status = check(pState)) return status;
+    if (const OrbStatus status = checkLmsState(pState)) return status;
     writeTaps(pState, pTaps);
     return orbStsNoErr;
 }
 
 template <class State>
 OrbStatus getTaps(const State* pState, TapOf<State>* pTaps) {
-    if (const OrbStatus status = check(pState, pTaps)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pTaps)) return status;
     std::reverse_copy(pState->pTaps.get(), pState->pTaps.get() + pState->tapsLen, pTaps);
     return orbStsNoErr;
 }
@@ -210,21 +194,21 @@ OrbStatus getTapsPointer(State* pState, TapOf<State>** ppTaps) {
 
 template <class State>
 OrbStatus setMu(State* pState, int mu) {
-    if (const OrbStatus status = check(pState)) return status;
+    if (const OrbStatus status = checkLmsState(pState)) return status;
     pState->mu = mu;
     return orbStsNoErr;
 }
 
 template <class State>
 OrbStatus setDlyLine(State* pState, const SampleOf<State>* pDlyLine, int dlyLineIndex) {
-    if (const OrbStatus status = check(pState)) return status;
+    if (const OrbStatus status = checkLmsState(pState)) return status;
     writeDlyLine(pState, pDlyLine, dlyLineIndex);
     return orbStsNoErr;
 }
 
 template <class State>
 OrbStatus getDlyLine(const State* pState, SampleOf<State>* pDlyLine, int* pDlyLineIndex) {
-    if (const OrbStatus status = check(pState, pDlyLine, pDlyLineIndex)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pDlyLine, pDlyLineIndex)) return status;
     std::copy_n(pState->pDlyLine.get(), pState->dlyLen, pDlyLine);
     *pDlyLineIndex = pState->dlyLineIndex;
     return orbStsNoErr;
@@ -232,7 +216,7 @@ OrbStatus getDlyLine(const State* pState, SampleOf<State>* pDlyLine, int* pDlyLi
 
 template <class State>
 OrbStatus getDlyVal(const State* pState, SampleOf<State>* pVal, int index) {
-    if (const OrbStatus status = check(pState, pVal)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pVal)) return status;
     if (index < 0 || index > pState->dlyLen) return orbStsBadArgErr;
     const std::int64_t behind = std::int64_t{pState->updateDly} + pState->dlyStep - 1 + index;
     *pVal = pState->pDlyLine[placeInRing(pState->dlyLineIndex + behind, pState->dlyLen)];
@@ -241,21 +225,21 @@ OrbStatus getDlyVal(const State* pState, SampleOf<State>* pVal, int index) {
 
 template <class State>
 OrbStatus putVal(SampleOf<State> val, State* pState) {
-    if (const OrbStatus status = check(pState)) return status;
+    if (const OrbStatus status = checkLmsState(pState)) return status;
     put(pState, val);
     return orbStsNoErr;
 }
 
 template <class State>
 OrbStatus one(TapOf<State>* pDstVal, const State* pState) {
-    if (const OrbStatus status = check(pState, pDstVal)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pDstVal)) return status;
     *pDstVal = output(pState);
     return orbStsNoErr;
 }
 
 template <class State>
 OrbStatus oneVal(SampleOf<State> val, TapOf<State>* pDstVal, State* pState) {
-    if (const OrbStatus status = check(pState, pDstVal)) return status;
+    if (const OrbStatus status = checkLmsState(pState, pDstVal)) return status;
     put(pState, val);
     *pDstVal = output(pState);
     return orbStsNoErr;
@@ -263,7 +247,7 @@ OrbStatus oneVal(SampleOf<State> val, TapOf<State>* pDstVal, State* pState) {
 
 template <class State>
 OrbStatus updateTaps(State* pState, TapOf<State> error) {
-    if (const OrbStatus status = check(pState)) return status;
+    if (const OrbStatus status = checkLmsState(pState)) return status;
     const TapOf<State> d = adaptation(pState->mu, error);
     const SampleOf<State>* const oldest = pState->pDlyLine.get() + pState->dlyLineIndex + (pState->dlyStep - 1);
     forEachTap(pState->pTaps.get(), oldest, pState->tapsLen, pState->dlyStep,
@@ -277,7 +261,7 @@ OrbStatus updateTaps(State* pState, TapOf<State> error) {
 extern "C" {
 
 OrbStatus orbsFIRLMSMRInitAlloc32s_16s(OrbsFIRLMSMRState32s_16s** ppState, const Orb32s* pTaps, int tapsLen, const Orb16s* pDlyLine, int dlyLineIndex, int dlyStep, int updateDly, int mu) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyLineIndex, dlyStep, updateDly, mu); }
-OrbStatus orbsFIRLMSMRFree32s_16s(OrbsFIRLMSMRState32s_16s* pState) { return release(pState); }
+OrbStatus orbsFIRLMSMRFree32s_16s(OrbsFIRLMSMRState32s_16s* pState) { return freeLmsState(pState); }
 OrbStatus orbsFIRLMSMRSetTaps32s_16s(OrbsFIRLMSMRState32s_16s* pState, const Orb32s* pTaps) { return setTaps(pState, pTaps); }
 OrbStatus orbsFIRLMSMRGetTaps32s_16s(const OrbsFIRLMSMRState32s_16s* pState, Orb32s* pTaps) { return getTaps(pState, pTaps); }
 OrbStatus orbsFIRLMSMRGetTapsPointer32s_16s(OrbsFIRLMSMRState32s_16s* pState, Orb32s** ppTaps) { return getTapsPointer(pState, ppTaps); }
@@ -286,7 +270,7 @@ OrbStatus orbsFIRLMSMRSetDlyLine32s_16s(OrbsFIRLMSMRState32s_16s* pState, const 
 OrbStatus orbsFIRLMSMRGetDlyLine32s_16s(const OrbsFIRLMSMRState32s_16s* pState, Orb16s* pDlyLine, int* pDlyLineIndex) { return getDlyLine(pState, pDlyLine, pDlyLineIndex); }
 OrbStatus orbsFIRLMSMRGetDlyVal32s_16s(const OrbsFIRLMSMRState32s_16s* pState, Orb16s* pVal, int index) { return getDlyVal(pState, pVal, index); }
 OrbStatus orbsFIRLMSMRInitAlloc32sc_16sc(OrbsFIRLMSMRState32sc_16sc** ppState, const Orb32sc* pTaps, int tapsLen, const Orb16sc* pDlyLine, int dlyLineIndex, int dlyStep, int updateDly, int mu) { return initAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyLineIndex, dlyStep, updateDly, mu); }
-OrbStatus orbsFIRLMSMRFree32sc_16sc(OrbsFIRLMSMRState32sc_16sc* pState) { return release(pState); }
+OrbStatus orbsFIRLMSMRFree32sc_16sc(OrbsFIRLMSMRState32sc_16sc* pState) { return freeLmsState(pState); }
 OrbStatus orbsFIRLMSMRSetTaps32sc_16sc(OrbsFIRLMSMRState32sc_16sc* pState, const Orb32sc* pTaps) { return setTaps(pState, pTaps); }
 OrbStatus orbsFIRLMSMRGetTaps32sc_16sc(const OrbsFIRLMSMRState32sc_16sc* pState, Orb32sc* pTaps) { return getTaps(pState, pTaps); }
 OrbStatus orbsFIRLMSMRGetTapsPointer32sc_16sc(OrbsFIRLMSMRState32sc_16sc* pState, Orb32sc** ppTaps) { return getTapsPointer(pState, ppTaps); }
