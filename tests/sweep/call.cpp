@@ -102,7 +102,8 @@ unsigned char* Call::placeVector(std::size_t k) {
 void Call::makeObject(std::size_t k) {
     const Family& family = plan_.family;
     const bool allocated =
-        placement_.allocated || !family.find("Init", case_) || (family.freesAllocatedOnly && isStep("Free"));
+        !family.find("Init", case_) ||
+        (family.find("InitAlloc", case_) && (placement_.allocated || (family.freesAllocatedOnly && isStep("Free"))));
     maker_ =
         std::make_unique<Call>(planOf(family.function(allocated ? "InitAlloc" : "Init", case_)), case_, placement_);
     if (maker_->run() != orbStsNoErr) throw std::runtime_error("no object for " + std::string(plan_.member->name));
@@ -156,7 +157,7 @@ OrbStatus Call::run() {
     const OrbStatus status = plan_.member->signature->call(plan_.member->function, values_.data());
     leftUpperHalvesInUse_ = upperHalvesInUse();
     if (status >= 0 && isStep("InitAlloc")) holdsObject_ = true;
-    if (status >= 0 && isStep("Free")) maker_->holdsObject_ = false;
+    if (status >= 0 && isStep("Free") && values_[0].as<void*>()) maker_->holdsObject_ = false;
     return status;
 }
 

@@ -48,6 +48,10 @@ const ObjectRule objectRules[] = {
      "$1$2",
      false,
      {"IIR\\w*_BiQuad_\\w+", "IIR", "$1BiQuad_$2"}},
+    {{"OrbsFIRLMSState(\\w+)", ""}, "FIRLMS", nullptr, {}},
+    {{"OrbsFIRLMSMRState(\\w+)", ""}, "FIRLMSMR", nullptr, {}},
+    {{"OrbsFIRSparseState(\\w+)", ""}, "FIRSparse", "GetStateSize", {{"pBuffer", "pStateSize"}}},
+    {{"OrbsIIRSparseState(\\w+)", ""}, "IIRSparse", "GetStateSize", {{"pBuffer", "pStateSize"}}},
     {{"OrbsToneState_16s", ""}, "Tone", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsTriangleState_16s", ""}, "Triangle", "GetStateSize", {{"pState", "pSize"}}, "Q15_16s"},
     {{"OrbsRandUniState(\\w+)", ""}, "RandUniform", "GetSize", {{"pState", "pSize"}}, "$1", true},
@@ -160,6 +164,46 @@ double fadingTap16(const Case& c) {
 // Of what is sampled up or down: factors of every loop.
 int sampleFactor(const Case& c) {
     return factorOf<2, 3, 4, 1, 5, 17>(c.turn);
+// Of adaptive filters of integers: their steps and delays.
+int dlyStep(const Case& c) {
+    return factorOf<1, 2, 1, 5, 3>(c.turn);
+}
+int updateDly(const Case& c) {
+    return factorOf<0, 3, 1, 40>(c.turn / 2);
+}
+int steppedLine(const Case& c) {
+    return c.taps * dlyStep(c) + updateDly(c);
+}
+
+// Of filters with few taps: those of both lists, where these stand, and the longest delays.
+int recursiveTaps(const Case& c) {
+    return c.turn % 4;
+}
+int sparsePosition(const Case& c, int tap) {
+    return tap * factorOf<1, 3, 7>(c.turn) + (tap > 1 ? factorOf<0, 40>(c.turn / 3) : 0);
+}
+int sparseOrder(const Case& c) {
+    return std::max(sparsePosition(c, c.taps - 1), 1);
+}
+int recursivePosition(const Case& c, int tap) {
+    return tap * factorOf<1, 6>(c.turn) + factorOf<1, 2, 9, 33>(c.turn / 2);
+}
+int recursiveOrder(const Case& c) {
+    return recursiveTaps(c) > 0 ? recursivePosition(c, recursiveTaps(c) - 1) : 0;
+}
+// The case of a vector, of which `turn` runs on while it is filled.
+Case ofVector(Case c) {
+    c.turn -= static_cast<int>(c.at);
+    return c;
+}
+double positionInList(const Case& element) {
+    const Case c = ofVector(element);
+    const int at = static_cast<int>(c.at);
+    return at < c.taps ? sparsePosition(c, at) : recursivePosition(c, at - c.taps);
+}
+// Recursive taps that fade.
+double sparseTap(const Case& c) {
+    return ((7 * c.turn) % 16 - 7.5) / (static_cast<int>(c.at) < c.taps ? 4 : 32);
 }
 
 #define COUNT(expression)                                                                                              \
@@ -189,6 +233,21 @@ const VectorRule vectorRules[] = {
     {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
     {{"DFTFwd_RToCCS_.*", "pDst"}, COUNT(2 * (c.n / 2 + 1))},
     {{"DFTInv_CCSToR_.*", "pSrc"}, COUNT(2 * (c.n / 2 + 1))},
+    {{"FIRLMS_.*|FIRLMS32f.*", "pRef"}, COUNT(c.n)},
+    {{"FIRLMSOne_Direct.*", "pTapsInv"}, COUNT(c.taps), Use::update},
+    {{"FIRLMSOne_Direct.*", "pDlyLine"}, COUNT(2 * c.taps), Use::update},
+    {{"FIRLMSOne_Direct.*", "pDlyLineIndex"}, COUNT(1), Use::update, NUMBER(c.turn % c.taps)},
+    {{"FIRLMSMR.*", "pDlyLine"}, COUNT(steppedLine(c))},
+    {{"FIRLMSMR.*", "ppTaps"}, COUNT(1), Use::source}, // an address is no result
+    {{"FIRLMS(MR)?GetDlyLine.*", "pDlyLineIndex"}, COUNT(1)},
+    {{"FIRLMSMR.*", "pVal"}, COUNT(1)},
+    {{"IIRSparse.*", "pDlyLine"}, COUNT(sparsePosition(c, c.taps - 1) + recursiveOrder(c))},
+    {{"IIRSparse.*", "pNZTapPos"}, COUNT(c.taps + std::max(recursiveTaps(c), 1)), {}, positionInList},
+    {{"IIRSparse.*", "pNZTaps"}, COUNT(c.taps + recursiveTaps(c)), {}, sparseTap},
+    {{"FIRSparse.*", "pDlyLine"}, COUNT(sparsePosition(c, c.taps - 1))},
+    {{"FIRSparse.*", "pNZTapPos"}, COUNT(c.taps), {}, positionInList},
+    {{"FIRSparse.*", "pNZTaps"}, COUNT(c.taps), {}, sparseTap},
+    {{"(FIR|IIR)Sparse_.*", "pSrc|pDst"}, COUNT(c.n)},
     {{"FIRMR\\w*_Direct_.*", "pDlyLine"}, COUNT(rateLine(c)), Use::update},
     {{"FIRMR.*", "pDlyLine"}, COUNT(rateLine(c))},
     {{"FIRMR.*", "pSrc"}, COUNT(inputs(c, true))},
@@ -379,6 +438,30 @@ const NumberRule numberRules[] = {
      {NUMBER(102944), NUMBER(-102944), NUMBER(INT_MIN)},
      orbStsTriangleAsymErr},
     {{".*", "hint"}, oneOf<orbAlgHintNone, orbAlgHintFast, orbAlgHintAccurate, 7, -1>}, // fast() counts them
+    {{"FIRLMS.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
+    {{"FIRLMSMR.*", "dlyStep"}, NUMBER(dlyStep(c)), belowOne, orbStsSizeErr},
+    {{"FIRLMSMR.*", "updateDly"}, NUMBER(updateDly(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsBadArgErr},
+    {{"FIRLMSMRInitAlloc.*", "dlyLineIndex"},
+     NUMBER(c.turn % steppedLine(c)),
+     {NUMBER(-1), NUMBER(steppedLine(c)), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSizeErr},
+    {{"FIRLMS.*", "dlyLineIndex"}, oneOf<0, 1, -1, 70, INT_MAX, INT_MIN>},
+    {{"FIRLMSMRGetDlyVal.*", "index"},
+     NUMBER(c.turn % (steppedLine(c) + 1)),
+     {NUMBER(-1), NUMBER(steppedLine(c) + 1), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsBadArgErr},
+    {{"FIRLMS(One)?_.*|FIRLMS32f.*", "mu"}, oneOf<1e-9, 0, -2e-10, 1e-12, 1e-4>},
+    {{"FIRLMS.*", "mu|muQ15"}, oneOf<327, 0, -9000, INT_MAX, INT_MIN>},
+    {{"FIRLMS.*", "src|refVal|val|errVal|errRe|errIm"}, nullptr},
+    {{"FIRSparse.*", "nzTapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
+    {{"FIRSparse.*", "order"}, NUMBER(sparseOrder(c)), belowOne, orbStsFIRLenErr},
+    {{"IIRSparse.*", "nzTapsLen1"}, NUMBER(c.taps), belowOne, orbStsIIROrderErr},
+    {{"IIRSparse.*", "nzTapsLen2"}, NUMBER(recursiveTaps(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsIIROrderErr},
+    {{"IIRSparse.*", "order1"},
+     NUMBER(sparsePosition(c, c.taps - 1)),
+     {NUMBER(-1), NUMBER(INT_MIN)},
+     orbStsSparseIndexErr},
+    {{"IIRSparse.*", "order2"}, NUMBER(recursiveOrder(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSparseIndexErr},
     {{"FIR.*", "tapsLen"}, NUMBER(c.taps), belowOne, orbStsFIRLenErr},
     {{"FIR.*", "tapsFactor"}, oneOf<0, -15, -18, 3, -16, INT_MIN, -40, 12, INT_MAX>},
     {{"FIRMR.*", "upFactor"}, NUMBER(upFactor(c)), belowOne, orbStsFIRMRFactorErr},
@@ -439,7 +522,8 @@ const PointeeRule pointeeRules[] = {
     {{"Triangle_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTrianglePhaseErr},
     {{"Tone_.*", "pPhase"}, {NUMBER(-1e-9), NUMBER(6.283185307179586), NUMBER(NAN)}, orbStsTonePhaseErr},
     {{"GoertzTwoQ15_.*", "rFreqQ15"}, {NUMBER(-1), NUMBER(-32768)}, orbStsRelFreqErr},
-    {{"FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
+    {{"(FIR|IIR)SparseInit_.*", "pNZTapPos"}, {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSparseIndexErr},
+    {{"FIRLMSOne_Direct.*|FIR(One)?_Direct_16s_.*", "pDlyLineIndex"},
      {NUMBER(-1), NUMBER(c.taps), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsDlyLineIndexErr},
     {{"IIR(One)?_Direct_.*", "pTaps"}, {NUMBER(-1), NUMBER(-32768)}, orbStsIIRScaleErr, placeOfA0<anyOrder>},
@@ -457,6 +541,9 @@ const PointeeRule pointeeRules[] = {
 };
 
 const NullRule nullRules[] = {
+    {{"FIRLMS(MR)?Free.*", "pState"}},                                   // nothing is freed then
+    {{"FIRLMS(MR)?(InitAlloc|SetTaps|SetDlyLine).*", "pTaps|pDlyLine"}}, // zeros then
+    {{"(FIR|IIR)SparseInit_.*", "pDlyLine"}},
     // The result does not depend on it.
     {{"DivC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 16 || scaleFactor(c) < -31; }},
     {{"AddC_16u_Sfs", "pSrc"}, [](const Case& c) { return scaleFactor(c) > 17 || scaleFactor(c) < -15; }},
@@ -476,6 +563,8 @@ const Exception refusalMayWrite[] = {
 };
 const Exception tagNotTested[] = {
     {{"FIRSetTaps_32s", "pState"}},
+    {{"FIRLMS(MR)?Free.*|FIRLMSMRGetTapsPointer.*", "pState"}},
+    {{"(FIR|IIR)Sparse_.*", "pState"}},
 };
 
 const WarningRule warningRules[] = {
@@ -517,6 +606,9 @@ const OrderRule orderRules[] = {
     {{"WT(Fwd|Inv)InitAlloc_.*", ""}, {"ppState", "pTapsLow", "lenLow", "pTapsHigh", "lenHigh", "offsLow", "offsHigh"}},
     {{"WTInv_.*", ""}, {"pState", "pState:tag", "pSrcLow", "pSrcHigh", "srcLen", "pDst"}},
     {{"WT(Fwd|Inv)([GS]etDlyLine)?_.*", ""}, {"pState", "pState:tag", "*"}},
+    {{"FIRLMSOne_Direct.*", ""}, {"*"}},
+    {{"FIRLMSMRGetDlyVal.*", ""}, {"*", "pState:tag", "index"}},
+    {{"FIRLMSMRInitAlloc.*", ""}, {"*", "tapsLen", "dlyStep", "updateDly", "dlyLineIndex"}},
     {{"FIRMR\\w*_Direct_.*", ""},
      {"pSrc", "pDst", "pSrcDst", "numIters", "pTaps", "tapsLen", "upFactor", "downFactor", "upPhase", "downPhase",
       "pDlyLine", "*"}},
@@ -629,6 +721,20 @@ const CaseRule caseRules[] = {
      lengths({4, 12, 16, 45, 101, 151, 302, 5001}),
      numbered(lengthsUpTo(160) + lengths({179,  180,  181,  302,  303,  343,  500,  501,  945,   1000,  1009, 1155,
                                           1200, 2000, 2001, 2002, 3375, 5000, 5001, 7200, 22801, 45045, 44100}))},
+    // Rows of taps, in registers and in memory, and blocks of samples.
+    {{"FIRLMS.*", ""},
+     withTaps(lengthsUpTo(70), {1, 2, 5, 8, 9, 16, 17, 32, 33, 64, 79, 80, 100}),
+     withTaps(lengths({2047, 2048, 2049, 4097}), {5, 40, 64, 130, 256, 257}),
+     withTaps(lengths({9, 9, 9, 2100}), {5, 1, 70}),
+     numbered(withTaps(lengthsUpTo(70), {1, 2, 5, 8, 9, 16, 17, 32, 33, 64, 65, 96, 100, 255}) +
+              everyPair(lengths({255, 2048, 2049}), {1, 8, 12, 31, 32, 64, 79, 80, 128, 200, 256, 257, 300}))},
+    // Longer and shorter than the delays.
+    {{"(FIR|IIR)Sparse.*", ""},
+     withTaps(lengthsUpTo(70), {1, 2, 3, 5, 10}),
+     withTaps(lengths({128, 255, 1000, 4099}), {1, 4, 10, 30}),
+     withTaps(lengths({9, 9, 9, 9, 200}), {1, 3, 10}),
+     numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 5, 10, 30}) +
+              everyPair(lengths({127, 128, 1000, 4099}), {1, 4, 10, 30}))},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
