@@ -1,0 +1,56 @@
+// Convolution and correlation as sums of products, one output after the other.
+#pragma once
+
+#include "convolution/fourier.h"
+#include "convolution/sliding.h"
+
+namespace orbs {
+
+// The outputs p = first to first + count - 1 of the shorter signal slid along the longer one: as it is or conjugated,
+// or turned round, as a convolution has it (step -1).
+template <std::ptrdiff_t step, class T>
+OrbStatus directly(Signal<T> shorter, Signal<T> longer, std::int64_t first, T* pDst, int count) {
+    constexpr Taps kind = isComplex<T> && step > 0 ? Taps::conjugated : Taps::asTheyAre;
+    const T* const taps = step > 0 ? shorter.first : shorter.first + (shorter.length - 1);
+    const Sliding<T, step, kind> sliding({taps, static_cast<std::size_t>(shorter.length)}, longer.first, longer.length);
+    sliding.outputs(static_cast<std::ptrdiff_t>(first), pDst, count);
+    return orbStsNoErr;
+}
+
+// 16-bit samples, in single precision: piece by piece of the outputs, with the samples that these meet.
+template <std::ptrdiff_t step>
+OrbStatus directly(Signal<Orb16s> shorter, Signal<Orb16s> longer, std::int64_t first, Orb16s* pDst, int count,
+                   int scaleFactor) {
+    constexpr int piece = 4096;
+    const std::int64_t taps = shorter.length;
+    Layout measure(nullptr);
+    const auto layOut = [&](Layout& block, auto... areas) {
+        const std::int64_t outputs = std::min(piece, count), samples = std::min<std::int64_t>(longer.length, outputs + taps);
+        const std::int64_t lengths[] = {taps, samples, outputs};
+        std::size_t k = 0;
+        const auto take = [&](Orb32f*& area) { area = block.take<Orb32f>(static_cast<std::uint64_t>(lengths[k++]), 32); };
+        (take(*areas), ...);
+        return block.used();
+    };
+    Orb32f *h = nullptr, *x = nullptr, *y = nullptr;
+    const std::uint64_t size = layOut(measure, &h, &x, &y);
+    if (size > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
+    Orb8u* const memory = orbsMalloc_8u(static_cast<int>(size));
+    if (!memory) return orbStsMemAllocErr;
+    Layout block(memory);
+    layOut(block, &h, &x, &y);
+    widen(shorter.first, h, shorter.length);
+    for (int n = 0; n < count; n += piece) {
+        const int outputs = std::min(piece, count - n);
+        const std::int64_t p = first + n;
+        const std::int64_t from = std::clamp<std::int64_t>(p, 0, longer.length);
+        const std::int64_t to = std::clamp<std::int64_t>(p + outputs + taps - 1, from, longer.length);
+        widen(longer.first + from, x, static_cast<std::ptrdiff_t>(to - from));
+        directly<step>(Signal<Orb32f>{h, shorter.length}, {x, static_cast<int>(to - from)}, p - from, y, outputs);
+        narrow(y, pDst + n, outputs, scaleFactor);
+    }
+    orbsFree(memory);
+    return orbStsNoErr;
+}
+
+} // namespace orbs
