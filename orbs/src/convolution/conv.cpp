@@ -28,9 +28,9 @@ OrbStatus conv(const T* pSrc1, int src1Len, const T* pSrc2, int src2Len, T* pDst
     const int count = static_cast<int>(outputs);
     const bool isShort = count < leastOutputs || shorter.length < leastTaps;
     if (method == Method::direct || (method == Method::fastest && isShort))
-        return directly<-1>(shorter, longer, first, pDst, count, scaleFactor...);
+        return directly<-1>(shorter, longer, first, pDst, count, finiteScale(scaleFactor)...);
     const int threads = longer.length > teamAbove ? threadCount() : 1;
-    return byFourier<Convolved, Precision<T>>(shorter, longer, first, pDst, count, (0 + ... + scaleFactor), threads);
+    return byFourier<Convolved, Precision<T>>(shorter, longer, first, pDst, count, (0 + ... + finiteScale(scaleFactor)), threads);
 }
 
 } // namespace

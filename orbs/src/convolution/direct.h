@@ -6,6 +6,12 @@
 
 namespace orbs {
 
+// Beyond 2^127 single precision has no scale, and infinity times a sum of 0 would be no number. What is not 0 is
+// saturated by then.
+inline int finiteScale(int scaleFactor) {
+    return std::max(scaleFactor, -127);
+}
+
 // The outputs p = first to first + count - 1 of the shorter signal slid along the longer one: as it is or conjugated,
 // or turned round, as a convolution has it (step -1).
 template <std::ptrdiff_t step, class T>

@@ -77,7 +77,7 @@ OrbStatus autoCorr(const T* pSrc, int srcLen, T* pDst, int dstLen, ScaleFactor..
     if (anyNull(pSrc, pDst)) return orbStsNullPtrErr;
     if (srcLen < 1 || dstLen < 1) return orbStsSizeErr;
     const int count = std::min(srcLen, dstLen);
-    const OrbStatus status = correlateInto<norm>(pSrc, srcLen, pDst, count, scaleFactor...);
+    const OrbStatus status = correlateInto<norm>(pSrc, srcLen, pDst, count, finiteScale(scaleFactor)...);
     // The zeros of integers stand behind a refusal as well.
     if (status == orbStsNoErr || sizeof...(scaleFactor) > 0) std::fill(pDst + count, pDst + dstLen, T{});
     return status;

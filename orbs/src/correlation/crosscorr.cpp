@@ -88,9 +88,9 @@ OrbStatus crossCorr(const T* pSrc1, int src1Len, const T* pSrc2, int src2Len, T*
         OrbStatus status = orbStsNoErr;
         if (transforms) {
             status = byFourier<Correlated, Precision<T>>(shorter, longer, first, outputs, count,
-                                                         (0 + ... + scaleFactor), 1);
+                                                         (0 + ... + finiteScale(scaleFactor)), 1);
         } else {
-            status = directly<1>(shorter, longer, first, outputs, count, scaleFactor...);
+            status = directly<1>(shorter, longer, first, outputs, count, finiteScale(scaleFactor)...);
         }
         if (status < 0) return status;
         if (exchanged) turnRound(outputs, count);
