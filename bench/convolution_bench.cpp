@@ -3,8 +3,6 @@
 #include "overlap.h"
 #include "vectors.h"
 
-#include <memory>
-
 namespace {
 
 struct Lengths {
@@ -50,7 +48,9 @@ void addReal(const char* name, const char* direct, auto conv, auto convDirect) {
         T* const y = vectors::room<T>(2, 200000);
         const int shorter = p.shorter;
         const auto row = [&](const char* member) {
-            return vectors::Row(std::string(member) + "(" + std::to_string(shorter) + ")", {&p.longer, 1});
+            vectors::Row made(std::string(member) + "(" + std::to_string(shorter) + ")");
+            made.lens = {&p.longer, 1};
+            return made;
         };
         const auto called = row(name), directly = row(direct);
         vectors::add(called, "orbs", [=](int n) { conv(a, n, b, shorter, y); });
@@ -59,10 +59,8 @@ void addReal(const char* name, const char* direct, auto conv, auto convDirect) {
         vectors::add(directly, "tile", [=](int n) { tiled(a, n, b, shorter, y); });
         if (shorter < 64 || p.longer < 512) vectors::add(called, "loop", [=](int n) { loop(a, n, b, shorter, y); });
         if constexpr (sizeof(T) == 4) {
-            vectors::add(called, "fftw", [=, by = std::shared_ptr<overlap::Fftw<T>>()](int n) mutable {
-                if (!by) by = std::make_shared<overlap::Fftw<T>>(shorter, n, false);
-                by->run(b, a, 1 - shorter, y, n + shorter - 1);
-            });
+            const overlap::Planned<T> by(shorter, p.longer, false);
+            vectors::add(called, "fftw", [=](int n) { by.run(b, a, 1 - shorter, y, n + shorter - 1); });
         }
     }
 }
@@ -73,13 +71,12 @@ void add16() {
         Orb16s* const y = vectors::room<Orb16s>(2, 200000);
         Orb32f* const floats = vectors::room<Orb32f>(3, 400000);
         const int shorter = p.shorter;
-        const vectors::Row row("Conv_16s_Sfs(" + std::to_string(shorter) + ")");
-        vectors::Row at = row;
+        vectors::Row at("Conv_16s_Sfs(" + std::to_string(shorter) + ")");
         at.lens = {&p.longer, 1};
         vectors::add(at, "orbs", [=](int n) { orbsConv_16s_Sfs(a, n, b, shorter, y, 8); });
         // To single precision, and back.
         const auto byHand = [=](auto conv) {
-            return [=](int n) mutable {
+            return [=](int n) {
                 Orb32f *const taps = floats + n, *const sums = taps + shorter;
                 orbsConvert_16s32f(a, floats, n);
                 orbsConvert_16s32f(b, taps, shorter);
@@ -88,10 +85,9 @@ void add16() {
             };
         };
         vectors::add(at, "tile", byHand([](auto... all) { tiled(all...); }));
-        const auto fftw = [by = std::shared_ptr<overlap::Fftw<float>>()](const Orb32f* x, int n, const Orb32f* taps,
-                                                                         int count, Orb32f* sums) mutable {
-            if (!by) by = std::make_shared<overlap::Fftw<float>>(count, n, false);
-            by->run(taps, x, 1 - count, sums, n + count - 1);
+        const overlap::Planned<float> by(shorter, p.longer, false);
+        const auto fftw = [by](const Orb32f* x, int n, const Orb32f* taps, int count, Orb32f* sums) {
+            by.run(taps, x, 1 - count, sums, n + count - 1);
         };
         vectors::add(at, "fftw", byHand(fftw));
     }

@@ -4,7 +4,6 @@
 #include "vectors.h"
 
 #include <liquid/liquid.h>
-#include <memory>
 
 namespace {
 
@@ -50,13 +49,15 @@ struct Sample<Orb32f> {
 template <class T>
 auto fftwOf(const Case& c) {
     using S = typename Sample<T>::Of;
-    return [c, by = std::shared_ptr<overlap::Fftw<S>>()](const T* a, const T* b, T* y) mutable {
-        if (!by) by = std::make_shared<overlap::Fftw<S>>(c.src1Len, c.src2Len, true);
+    const overlap::Planned<S> by(c.src1Len, c.src2Len, true);
+    return [c, by](const T* a, const T* b, T* y) {
         const auto samples = [](auto* p) {
-            if constexpr (std::is_const_v<std::remove_pointer_t<decltype(p)>>) return reinterpret_cast<const S*>(p);
-            else return reinterpret_cast<S*>(p);
+            if constexpr (std::is_const_v<std::remove_pointer_t<decltype(p)>>)
+                return reinterpret_cast<const S*>(p);
+            else
+                return reinterpret_cast<S*>(p);
         };
-        by->run(samples(a), samples(b), c.lowLag, samples(y), c.dstLen);
+        by.run(samples(a), samples(b), c.lowLag, samples(y), c.dstLen);
     };
 }
 
@@ -74,7 +75,7 @@ void addFloats(const char* cross, const char* autoName, auto crossCorr, auto aut
         const auto row = rowOf(cross, c);
         vectors::add(row, "orbs", [=](int n) { crossCorr(a, c.src1Len, b, n, y, c.dstLen, c.lowLag); });
         vectors::add(row, "loop", [=](int n) { loop(a, c.src1Len, b, n, y, c.dstLen, c.lowLag); });
-        vectors::add(row, "fftw", [=, by = fftwOf<T>(c)](int) mutable { by(a, b, y); });
+        vectors::add(row, "fftw", [=, by = fftwOf<T>(c)](int) { by(a, b, y); });
         if (c.src1Len != c.src2Len) continue;
         const auto itself = rowOf(autoName, c);
         const int dstLen = c.src1Len == 1024 ? 1024 : c.dstLen;
@@ -82,7 +83,7 @@ void addFloats(const char* cross, const char* autoName, auto crossCorr, auto aut
         vectors::add(itself, "loop", [=](int n) { loop(a, n, a, n, y, dstLen, 0); });
         Case from = c;
         from.dstLen = dstLen, from.lowLag = 0;
-        vectors::add(itself, "fftw", [=, by = fftwOf<T>(from)](int) mutable { by(a, a, y); });
+        vectors::add(itself, "fftw", [=, by = fftwOf<T>(from)](int) { by(a, a, y); });
         if constexpr (std::is_same_v<T, Orb32f>) {
             if (c.src1Len == 1024)
                 vectors::add(itself, "liquid", [=](int n) {
@@ -98,7 +99,7 @@ void add16() {
     Orb16s* const y = vectors::room<Orb16s>(2, 200000);
     Orb32f* const floats = vectors::room<Orb32f>(3, 400000);
     const auto byHand = [=](const Case& c, auto correlate) {
-        return [=](int n) mutable {
+        return [=](int n) {
             Orb32f *const taps = floats + n, *const sums = taps + c.src1Len;
             orbsConvert_16s32f(b, floats, n);
             orbsConvert_16s32f(a, taps, c.src1Len);

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <complex>
 #include <fftw3.h>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <type_traits>
 #include <vector>
 
@@ -83,6 +86,24 @@ private:
     Bin* spectrum_;
     std::vector<Bin> taps_;
     fftwf_plan forward_, inverse_;
+};
+
+// One whose plans are made when it is first run: most rows are filtered out.
+template <class T>
+class Planned {
+public:
+    Planned(int shorter, int longer, bool conjugate)
+        : make_([=](auto& by) { by.emplace(shorter, longer, conjugate); }) {}
+
+    template <class... Arguments>
+    void run(Arguments... arguments) const {
+        if (!*by_) make_(*by_);
+        (*by_)->run(arguments...);
+    }
+
+private:
+    std::shared_ptr<std::optional<Fftw<T>>> by_ = std::make_shared<std::optional<Fftw<T>>>();
+    std::function<void(std::optional<Fftw<T>>&)> make_;
 };
 
 } // namespace overlap

@@ -26,7 +26,8 @@ using Member = OrbStatus (*)(const T*, int, const T*, int, T*);
 template <class T>
 std::vector<T> call(Member<T> member, const std::vector<T>& a, const std::vector<T>& b) {
     std::vector<T> y(a.size() + b.size() - 1, T(77));
-    EXPECT_EQ(member(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()), y.data()), orbStsNoErr);
+    EXPECT_EQ(member(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()), y.data()),
+              orbStsNoErr);
     return y;
 }
 std::vector<Orb16s> call16(const std::vector<Orb16s>& a, const std::vector<Orb16s>& b, int scaleFactor) {
@@ -199,8 +200,9 @@ TEST(ConvolutionBiased, LeavesOutTermsBeyondItsWindow) {
                 if (at >= 0 && at < c.src2Len) want[size(i)] += a[size(k)] * window[size(at)];
             }
         }
-        ASSERT_EQ(orbsConvBiased_32f(a.data(), c.src1Len, window.data() + c.bias, c.src2Len, y.data(), c.dstLen, c.bias),
-                  orbStsNoErr);
+        ASSERT_EQ(
+            orbsConvBiased_32f(a.data(), c.src1Len, window.data() + c.bias, c.src2Len, y.data(), c.dstLen, c.bias),
+            orbStsNoErr);
         ASSERT_TRUE(sameBits(y, want)) << c.src1Len << ", " << c.src2Len << ", " << c.dstLen << ", " << c.bias;
     }
     for (const int bias : {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {

@@ -42,9 +42,9 @@ Wide exactly(const std::vector<T>& a, const std::vector<T>& b, std::int64_t lag)
     return sum;
 }
 
-// By the inequality of Cauchy and Schwarz no sum of terms' magnitudes exceeds the product of the norms. Direct sums of m
-// complex products take at most m + 2 roundings each; three transforms of N points at most 3 log2(N) + 6 with two more
-// for the products of twiddles, and their errors spread over outputs of at most that product by sqrt(N).
+// By the inequality of Cauchy and Schwarz no sum of terms' magnitudes exceeds the product of the norms. Direct sums of
+// m complex products take at most m + 2 roundings each; three transforms of N points at most 3 log2(N) + 6 with two
+// more for the products of twiddles, and their errors spread over outputs of at most that product by sqrt(N).
 template <class T>
 long double bound(const std::vector<T>& a, const std::vector<T>& b, bool direct) {
     const auto shorter = static_cast<long double>(std::min(a.size(), b.size()));
@@ -108,7 +108,8 @@ TYPED_TEST(Correlation, IsTheSumAtEachLag) {
                                               {3, bLen - 1},        {5, -aLen},      {1, 0}};
         for (const auto& [dstLen, lowLag] : ranges) {
             SCOPED_TRACE(testing::Message() << aLen << " and " << bLen << ", from lag " << lowLag);
-            const auto direct = call<T>(M::direct, a, b, dstLen, lowLag), fourier = call<T>(M::fourier, a, b, dstLen, lowLag);
+            const auto direct = call<T>(M::direct, a, b, dstLen, lowLag),
+                       fourier = call<T>(M::fourier, a, b, dstLen, lowLag);
             int count = 0; // of lags with terms
             for (int n = 0; n < dstLen; ++n) {
                 const std::int64_t lag = std::int64_t{lowLag} + n;
@@ -150,8 +151,15 @@ TYPED_TEST(Correlation, WithItselfIsNormalisedAsTold) {
     using M = Members<T>;
     using Real = Part<T>;
     const int from = M::leastTransformed;
-    for (const auto [srcLen, dstLen] :
-         {Lengths{1, 1}, {1, 5}, {7, 7}, {70, 50}, {50, 70}, {1100, 40}, {from, from - 1}, {from, from + 9}, {1000, 900}}) {
+    for (const auto [srcLen, dstLen] : {Lengths{1, 1},
+                                        {1, 5},
+                                        {7, 7},
+                                        {70, 50},
+                                        {50, 70},
+                                        {1100, 40},
+                                        {from, from - 1},
+                                        {from, from + 9},
+                                        {1000, 900}}) {
         SCOPED_TRACE(testing::Message() << srcLen << ", " << dstLen);
         const auto x = randomVector<T>(static_cast<std::size_t>(srcLen), 1);
         const int m = std::min(srcLen, dstLen);
@@ -191,7 +199,8 @@ std::vector<Orb32f> floats(const std::vector<Orb16s>& x) {
 }
 
 TEST(Correlation16, IsThatOfTheirFloatsRounded) {
-    for (const auto [aLen, bLen] : {Lengths{1, 1}, {7, 30}, {30, 7}, {500, 480}, {5000, 40}, {40, 9000}, {9000, 1500}}) {
+    for (const auto [aLen, bLen] :
+         {Lengths{1, 1}, {7, 30}, {30, 7}, {500, 480}, {5000, 40}, {40, 9000}, {9000, 1500}}) {
         const auto a = randomVector<Orb16s>(static_cast<std::size_t>(aLen), 1);
         const auto b = randomVector<Orb16s>(static_cast<std::size_t>(bLen), 2);
         const int dstLen = aLen + bLen + 1;

@@ -23,14 +23,16 @@ OrbStatus conv(const T* pSrc1, int src1Len, const T* pSrc2, int src2Len, T* pDst
     if (src1Len < 1 || src2Len < 1) return orbStsSizeErr;
     Signal<T> shorter{pSrc2, src2Len}, longer{pSrc1, src1Len};
     if (shorter.length > longer.length) std::swap(shorter, longer);
-    const std::int64_t outputs = std::int64_t{longer.length} + shorter.length - 1, first = 1 - std::int64_t{shorter.length};
+    const std::int64_t outputs = std::int64_t{longer.length} + shorter.length - 1,
+                       first = 1 - std::int64_t{shorter.length};
     if (outputs > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
     const int count = static_cast<int>(outputs);
     const bool isShort = count < leastOutputs || shorter.length < leastTaps;
     if (method == Method::direct || (method == Method::fastest && isShort))
         return directly<-1>(shorter, longer, first, pDst, count, finiteScale(scaleFactor)...);
     const int threads = longer.length > teamAbove ? threadCount() : 1;
-    return byFourier<Convolved, Precision<T>>(shorter, longer, first, pDst, count, (0 + ... + finiteScale(scaleFactor)), threads);
+    return byFourier<Convolved, Precision<T>>(shorter, longer, first, pDst, count, (0 + ... + finiteScale(scaleFactor)),
+                                              threads);
 }
 
 } // namespace

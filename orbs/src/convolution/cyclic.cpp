@@ -10,8 +10,8 @@ namespace {
 
 using namespace orbs;
 
-// pDst[n] = sum over k, upwards, of pSrc1[k] pSrc2[(n - k) mod count]: the second operand twice in a row, and windows of
-// it. It may be pDst, as all is read before anything is written.
+// pDst[n] = sum over k, upwards, of pSrc1[k] pSrc2[(n - k) mod count]: the second operand twice in a row, and windows
+// of it. It may be pDst, as all is read before anything is written.
 template <std::size_t count, class T>
 OrbStatus cyclic(const Orb32f* pSrc1, const T* pSrc2, T* pDst) {
     constexpr std::size_t lanes = 8, parts = lanes / count;

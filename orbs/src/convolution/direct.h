@@ -31,10 +31,13 @@ OrbStatus directly(Signal<Orb16s> shorter, Signal<Orb16s> longer, std::int64_t f
     const std::int64_t taps = shorter.length;
     Layout measure(nullptr);
     const auto layOut = [&](Layout& block, auto... areas) {
-        const std::int64_t outputs = std::min(piece, count), samples = std::min<std::int64_t>(longer.length, outputs + taps);
+        const std::int64_t outputs = std::min(piece, count),
+                           samples = std::min<std::int64_t>(longer.length, outputs + taps);
         const std::int64_t lengths[] = {taps, samples, outputs};
         std::size_t k = 0;
-        const auto take = [&](Orb32f*& area) { area = block.take<Orb32f>(static_cast<std::uint64_t>(lengths[k++]), 32); };
+        const auto take = [&](Orb32f*& area) {
+            area = block.take<Orb32f>(static_cast<std::uint64_t>(lengths[k++]), 32);
+        };
         (take(*areas), ...);
         return block.used();
     };

@@ -19,8 +19,8 @@ namespace orbs {
 // workers read, and for each worker an array and what the transform works in: one block of memory.
 template <class T>
 class Fourier {
-    using Spec = std::conditional_t<isComplex<T>, typename fft::Specs<Part<T>>::Interleaved,
-                                    typename fft::Specs<Part<T>>::Real>;
+    using Spec =
+        std::conditional_t<isComplex<T>, typename fft::Specs<Part<T>>::Interleaved, typename fft::Specs<Part<T>>::Real>;
     using Members = fft::Members<Spec>;
 
 public:
@@ -61,8 +61,8 @@ private:
         Layout block(base);
         block.take<Orb8u>(static_cast<std::uint64_t>(objectSize_), 32);
         bufferStride_ = roundUp(static_cast<std::uint64_t>(bufferSize_), 64);
-        shared_ = block.take<T>(std::max<std::uint64_t>(points_, static_cast<std::uint64_t>(initSize_) / sizeof(T) + 1),
-                                32);
+        shared_ =
+            block.take<T>(std::max<std::uint64_t>(points_, static_cast<std::uint64_t>(initSize_) / sizeof(T) + 1), 32);
         work_ = block.take<T>(workers_ * std::uint64_t{points_}, 32);
         buffers_ = block.take<Orb8u>(workers_ * bufferStride_, 32);
         return block.used();
@@ -171,9 +171,8 @@ OrbStatus overlapSave(Signal<S> shorter, Signal<S> longer, std::int64_t first, S
 // The same in one block, of the least order from 1 on that has room for all outputs there are.
 template <class Meeting, class T, class S>
 OrbStatus inOneBlock(Signal<S> shorter, Signal<S> longer, std::int64_t first, S* pDst, int count, int scaleFactor) {
-    const Fourier<T> fourier(orderOf(static_cast<std::uint64_t>(shorter.length) +
-                                     static_cast<std::uint64_t>(longer.length) - 1),
-                             1);
+    const Fourier<T> fourier(
+        orderOf(static_cast<std::uint64_t>(shorter.length) + static_cast<std::uint64_t>(longer.length) - 1), 1);
     if (fourier.status() < 0) return fourier.status();
     const std::size_t points = fourier.points();
     T *const spectrum = fourier.shared(), *const work = fourier.work(0);
@@ -188,7 +187,8 @@ OrbStatus inOneBlock(Signal<S> shorter, Signal<S> longer, std::int64_t first, S*
     const auto ahead = static_cast<std::ptrdiff_t>(std::clamp<std::int64_t>(-at, 0, count));
     const auto end = static_cast<std::ptrdiff_t>(points);
     narrow(work + (end + static_cast<std::ptrdiff_t>(at)) % end, pDst, ahead, scaleFactor);
-    narrow(work + std::max<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(at), 0), pDst + ahead, count - ahead, scaleFactor);
+    narrow(work + std::max<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(at), 0), pDst + ahead, count - ahead,
+           scaleFactor);
     return orbStsNoErr;
 }
 

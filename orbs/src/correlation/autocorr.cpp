@@ -15,7 +15,9 @@ enum class Norm {
 
 // The number of outputs from which there are transforms.
 template <class T>
-constexpr int leastOutputs = std::is_same_v<T, Orb32fc> ? 152 : std::is_same_v<T, Orb64fc> ? 368 : 856;
+constexpr int leastOutputs = std::is_same_v<T, Orb32fc>   ? 152
+                             : std::is_same_v<T, Orb64fc> ? 368
+                                                          : 856;
 
 // y[k] * 1 / len, or y[k] / (len - k).
 template <Norm norm, class T>
@@ -60,7 +62,8 @@ OrbStatus correlateInto(const T* pSrc, int srcLen, T* pDst, int count) {
 }
 template <Norm norm>
 OrbStatus correlateInto(const Orb16s* pSrc, int srcLen, Orb16s* pDst, int count, int scaleFactor) {
-    const std::uint64_t size = (static_cast<std::uint64_t>(srcLen) + static_cast<std::uint64_t>(count)) * sizeof(Orb32f);
+    const std::uint64_t size =
+        (static_cast<std::uint64_t>(srcLen) + static_cast<std::uint64_t>(count)) * sizeof(Orb32f);
     if (size > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
     auto* const x = reinterpret_cast<Orb32f*>(orbsMalloc_8u(static_cast<int>(size)));
     if (!x) return orbStsMemAllocErr;

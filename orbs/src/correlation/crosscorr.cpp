@@ -13,7 +13,9 @@ enum class Method { fastest, direct, fourier };
 
 // The cost of direct sums, in outputs that meet all of the shorter operand, beyond which there are transforms.
 template <class T>
-constexpr int mostDirect = std::is_same_v<T, Orb32fc> ? 255 : sizeof(Part<T>) == 8 ? 511 : 383;
+constexpr int mostDirect = std::is_same_v<T, Orb32fc> ? 255
+                           : sizeof(Part<T>) == 8     ? 511
+                                                      : 383;
 
 template <class T>
 using Precision = std::conditional_t<std::is_same_v<T, Orb16s>, Orb32f, T>;
@@ -82,9 +84,9 @@ OrbStatus crossCorr(const T* pSrc1, int src1Len, const T* pSrc2, int src2Len, T*
             std::swap(shorter, longer);
             first = -(first + count - 1);
         }
-        const bool transforms = method == Method::fourier ||
-                                (method == Method::fastest &&
-                                 isCostly(count, shorter.length, longer.length, mostDirect<T>));
+        const bool transforms =
+            method == Method::fourier ||
+            (method == Method::fastest && isCostly(count, shorter.length, longer.length, mostDirect<T>));
         OrbStatus status = orbStsNoErr;
         if (transforms) {
             status = byFourier<Correlated, Precision<T>>(shorter, longer, first, outputs, count,
