@@ -178,7 +178,6 @@ void add(const std::string& family, const std::string& who, Body body, int tapsL
         add("FIR32s_Direct_16s_Sfs", "loop", loop<Orb16s, Orb32s>, 32, count);
     }
     add("FIROne32s_16s_Sfs", "orbs", orbsOne, 32, 4096);
-    add("FIROne32s_16s_Sfs", "loop", loop16, 32, 4096);
     const struct {
         const char* name;
         Rate rate;
