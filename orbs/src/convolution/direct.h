@@ -4,6 +4,8 @@
 #include "convolution/fourier.h"
 #include "convolution/sliding.h"
 
+#include <array>
+
 namespace orbs {
 
 // Beyond 2^127 single precision has no scale, and infinity times a sum of 0 would be no number. What is not 0 is
@@ -28,26 +30,20 @@ template <std::ptrdiff_t step>
 OrbStatus directly(Signal<Orb16s> shorter, Signal<Orb16s> longer, std::int64_t first, Orb16s* pDst, int count,
                    int scaleFactor) {
     constexpr int piece = 4096;
-    const std::int64_t taps = shorter.length;
+    const std::int64_t taps = shorter.length, most = std::min(piece, count);
     Layout measure(nullptr);
-    const auto layOut = [&](Layout& block, auto... areas) {
-        const std::int64_t outputs = std::min(piece, count),
-                           samples = std::min<std::int64_t>(longer.length, outputs + taps);
-        const std::int64_t lengths[] = {taps, samples, outputs};
-        std::size_t k = 0;
-        const auto take = [&](Orb32f*& area) {
-            area = block.take<Orb32f>(static_cast<std::uint64_t>(lengths[k++]), 32);
+    const auto layOut = [&](Layout& block) {
+        const auto room = [&](std::int64_t floats) {
+            return block.take<Orb32f>(static_cast<std::uint64_t>(floats), 32);
         };
-        (take(*areas), ...);
-        return block.used();
+        return std::array{room(taps), room(std::min<std::int64_t>(longer.length, most + taps)), room(most)};
     };
-    Orb32f *h = nullptr, *x = nullptr, *y = nullptr;
-    const std::uint64_t size = layOut(measure, &h, &x, &y);
-    if (size > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
-    Orb8u* const memory = orbsMalloc_8u(static_cast<int>(size));
+    layOut(measure);
+    if (measure.used() > std::numeric_limits<int>::max()) return orbStsMemAllocErr;
+    Orb8u* const memory = orbsMalloc_8u(static_cast<int>(measure.used()));
     if (!memory) return orbStsMemAllocErr;
     Layout block(memory);
-    layOut(block, &h, &x, &y);
+    const auto [h, x, y] = layOut(block);
     widen(shorter.first, h, shorter.length);
     for (int n = 0; n < count; n += piece) {
         const int outputs = std::min(piece, count - n);
