@@ -142,7 +142,8 @@ private:
             addObject(a, k, text);
             break;
         }
-        if (type.kind != Kind::element) addFault({Fault::null, k, nullptr, {}, orbStsNullPtrErr, 0}, a.name);
+        if (type.kind != Kind::element && !ruleFor(rules().nullNotTested, name_, a.name))
+            addFault({Fault::null, k, nullptr, {}, orbStsNullPtrErr, 0}, a.name);
         plan_.arguments.push_back(a);
     }
 
@@ -250,6 +251,7 @@ std::vector<std::string> idleRules() {
     appendIdle(idle, rules().numbers);
     appendIdle(idle, rules().pointees);
     appendIdle(idle, rules().nulls);
+    appendIdle(idle, rules().nullNotTested);
     appendIdle(idle, rules().resultsDependOnPlace);
     appendIdle(idle, rules().refusalMayWrite);
     appendIdle(idle, rules().tagNotTested);

@@ -122,6 +122,16 @@ int outputs(const Case& c, bool changesRate) {
     return changesRate ? c.n * upFactor(c) : c.n;
 }
 
+// Of a convolution with a window: how far behind the vector's begin this starts.
+int windowDelay(const Case& c) {
+    return c.turn % 4;
+}
+// Lags on both sides of all that have an overlap, and some of these.
+double lowLag(const Case& c) {
+    const int lags[] = {-c.n - 1, 0, 2 - c.n, INT_MIN, c.taps / 2 - c.n, c.taps, -c.n / 2};
+    return lags[static_cast<std::size_t>(c.turn) % std::size(lags)];
+}
+
 // Taps of a recursive filter that fades: feedback behind a[0] adds up to less than a[0], whose place the Direct members
 // take for an exponent.
 struct Recursion {
@@ -280,6 +290,13 @@ const VectorRule vectorRules[] = {
     {{"FIR.*", "pTaps|pTapsQ15|pDlyLine"}, COUNT(c.taps)},
     {{"FIR.*", "pTapsFactor"}, COUNT(1)},
     {{"FIR.*", "pDstVal|pSrcDstVal"}, COUNT(1)},
+    {{"ConvCyclic8x8_.*", ".*"}, COUNT(8)},
+    {{"ConvCyclic4x4_.*", ".*"}, COUNT(4)},
+    {{"ConvBiased_.*", "pSrc2"}, COUNT(c.taps + windowDelay(c))},
+    {{"(Conv(?!ert)|CrossCorr).*", "pSrc2"}, COUNT(c.taps)},
+    {{"Conv(?!Biased|ert).*", "pDst"}, COUNT(c.n + c.taps - 1)},
+    {{"CrossCorr.*", "pDst"}, COUNT(c.n + c.taps + 3)},
+    {{"AutoCorr.*", "pDst"}, COUNT(c.taps)},
     {{"(Min|Max).*", "p(Min|Max)(Abs)?|p(Min|Max)?Indx|pOrder"}, COUNT(1)},
     {{"FindNearestOne_.*", "pOutVal|pOutIndx"}, COUNT(1)},
     {{"FindNearest.*", "pVals|pOutVals|pOutIndexes|pTable"}, COUNT(c.n)},
@@ -355,6 +372,12 @@ const NumberRule numberRules[] = {
     {{"WT.*", "lenHigh"}, NUMBER(highTaps(c)), belowOne, orbStsSizeErr},
     {{"WT.*", "offsLow"}, NUMBER(lowOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
     {{"WT.*", "offsHigh"}, NUMBER(highOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
+    {{"(Conv(?!ert)|CrossCorr).*", "src1Len"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"(Conv(?!ert)|CrossCorr).*", "src2Len"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
+    {{"CrossCorr.*", "dstLen"}, NUMBER(c.n + c.taps + 3), belowOne, orbStsSizeErr},
+    {{"AutoCorr.*", "dstLen"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
+    {{"CrossCorr.*", "lowLag"}, lowLag},
+    {{"ConvBiased_.*", "bias"}, NUMBER(-windowDelay(c))},
     {{".*", "len|lenDst|dstLen|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
@@ -552,12 +575,16 @@ const NullRule nullRules[] = {
     {{"FIR(MR)?(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
     {{"[FI]IR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}},   // the line is zeroed then
 };
+const Exception nullNotTested[] = {
+    {{"ConvCyclic.*", ".*"}},
+};
 const Exception resultsDependOnPlace[] = {
     {{"VectorRamp_64f", ""}}, // where the double precision begins
 };
 const Exception refusalMayWrite[] = {
     {{"FFTInit_.*", "pMemSpec"}},             // the header is begun before the flag and the second buffer are tested
     {{"WT.*InitAlloc_.*", "ppState"}},        // null, without memory
+    {{"AutoCorr_.*_Sfs", "pDst"}},            // zeros behind the outputs
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
     {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
 };
@@ -750,6 +777,21 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 9, 1025, 1700}), {1, 5, 2, 70}),
      numbered(everyPair(lengthsUpTo(34), {1, 2, 3, 4, 7}) + withTaps(lengthsFrom(35, 70), {5, 8, 9, 12, 16}) +
               everyPair(lengths({255, 1024, 1025, 1031, 2050, 4099}), {1, 2, 3, 4, 5, 8, 33, 200}))},
+    // The first length around the changes between the methods beside the second, both ways, and above that of a team.
+    {{"ConvCyclic.*", ""}, lengthsUpTo(36), {}, lengthsUpTo(3), numbered(lengthsUpTo(72))},
+    {{"(Conv(?!ert)|CrossCorr).*", ""},
+     withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64, 140}),
+     withTaps(lengths({448, 449, 191, 500, 64, 4097, 100, 5000, 200}), {64, 64, 600, 512, 4200, 63, 4096, 200, 1}),
+     withTaps(lengths({9, 600, 4100}), {5, 500, 70}),
+     numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}) +
+              everyPair(lengths({191, 192, 449, 1000, 4096, 4100}), {1, 17, 63, 64, 200, 600, 4100}))},
+    // Outputs, the second length, around those from which there are transforms.
+    {{"AutoCorr_.*", ""},
+     withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64, 140}),
+     withTaps(lengths({152, 368, 856, 856, 1000, 3000}), {152, 400, 855, 856, 1200, 900}),
+     withTaps(lengths({9, 5, 900}), {5, 9, 1000}),
+     numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}) +
+              everyPair(lengths({191, 856, 1025}), {1, 17, 151, 152, 368, 855, 856, 1200}))},
     // Of every plan of the transforms inside.
     {{"Hilbert.*", ""},
      lengthsUpTo(70),
@@ -808,6 +850,7 @@ const Rules& rules() {
                            .numbers = numberRules,
                            .pointees = pointeeRules,
                            .nulls = nullRules,
+                           .nullNotTested = nullNotTested,
                            .resultsDependOnPlace = resultsDependOnPlace,
                            .refusalMayWrite = refusalMayWrite,
                            .tagNotTested = tagNotTested,
