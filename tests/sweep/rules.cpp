@@ -185,6 +185,8 @@ const VectorRule vectorRules[] = {
     {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
     {{"DFTFwd_RToCCS_.*", "pDst"}, COUNT(2 * (c.n / 2 + 1))},
     {{"DFTInv_CCSToR_.*", "pSrc"}, COUNT(2 * (c.n / 2 + 1))},
+    {{"FIRGen.*", "pTaps"}, COUNT(c.n)},
+    {{"IIRGen.*", "pTaps"}, COUNT(2 * c.taps + 2)},
     {{"FIRMR\\w*_Direct_.*", "pDlyLine"}, COUNT(rateLine(c)), Use::update},
     {{"FIRMR.*", "pDlyLine"}, COUNT(rateLine(c))},
     {{"FIRMR.*", "pSrc"}, COUNT(inputs(c, true))},
@@ -266,6 +268,7 @@ double levelOf(const Case& c) {
 }
 
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
+const std::vector<Number> noFrequency = {NUMBER(0), NUMBER(-0.1), NUMBER(0.50001), NUMBER(NAN)};
 const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"Hilbert.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
@@ -300,6 +303,19 @@ const NumberRule numberRules[] = {
      orbStsDivByZeroErr},
     {{"Normalize_64.*", "vDiv"}, nullptr, {NUMBER(0), NUMBER(0x1p-1023), NUMBER(NAN)}, orbStsDivByZeroErr},
     {{".*", "val|src|vSub"}, nullptr},
+    {{"FIRGen.*", "tapsLen"}, NUMBER(c.n), {NUMBER(4), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"FIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.0073, 0.49, 0.3>, noFrequency, orbStsSizeErr},
+    {{"FIRGen.*", "rLowFreq"}, oneOf<0.1, 0.02, 0.25, 0.3>, {NUMBER(0), NUMBER(0.5), NUMBER(NAN)}, orbStsSizeErr},
+    {{"FIRGen.*", "rHighFreq"}, oneOf<0.35, 0.31, 0.47>, noFrequency, orbStsSizeErr},
+    {{"FIRGen.*", "winType"}, oneOf<0, 1, 2, 3, 4, -1>},
+    {{"FIRGen.*", "doNormal"}, oneOf<1, 0, -4, 0, 0>},
+    {{"IIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.03, 0.4>, {NUMBER(0), NUMBER(0.5), NUMBER(NAN)}, orbStsIIRGenFreqErr},
+    {{"IIRGen.*", "order"},
+     NUMBER(c.taps),
+     {NUMBER(0), NUMBER(13), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsIIRGenOrderErr},
+    {{"IIRGen.*", "rPassbandDb"}, oneOf<0.5, 3, 29>, {NUMBER(0), NUMBER(29.5), NUMBER(NAN)}, orbStsIIRGenPassbandErr},
+    {{"IIRGen.*", "filterType"}, oneOf<orbButterworth, orbChebyshev1, orbButterworth, orbChebyshev1, orbButterworth>},
     {{"IIR.*", "order|numBq"}, NUMBER(c.taps), belowOne, orbStsIIROrderErr},
     {{"IIR.*", "tapsFactor"}, oneOf<12, 0, -3, 31, 20>},
     {{"Copy_1u", "srcBitOffset"}, NUMBER(sourceOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
@@ -450,6 +466,9 @@ const Exception refusalMayWrite[] = {
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
     {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
 };
+const Exception lackOfMemoryIsNull[] = {
+    {{"FIRGen.*", ""}},
+};
 const Exception tagNotTested[] = {
     {{"FIRSetTaps_32s", "pState"}},
 };
@@ -485,6 +504,7 @@ const OrderRule orderRules[] = {
     {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
     {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
+    {{"IIRGen.*", ""}, {"pTaps", "rFreq", "order", "rPassbandDb", "filterType"}},
     {{"IIR(One)?_Direct_.*", ""}, {"order", "*", "pTaps:value", "len"}},
     {{"IIR(One)?_BiQuadDirect_.*", ""}, {"numBq", "*"}},
     {{"IIRSetTaps.*", ""}, {"pTaps", "pState", "pState:tag", "*"}},
@@ -603,6 +623,13 @@ const CaseRule caseRules[] = {
      lengths({4, 12, 16, 45, 101, 151, 302, 5001}),
      numbered(lengthsUpTo(160) + lengths({179,  180,  181,  302,  303,  343,  500,  501,  945,   1000,  1009, 1155,
                                           1200, 2000, 2001, 2002, 3375, 5000, 5001, 7200, 22801, 45045, 44100}))},
+    {{"FIRGen.*", ""}, lengthsFrom(5, 70), lengths({4099, 8200}), lengths({9, 10}), atLeast(5, digestLengths())},
+    // A Chebyshev filter where calls are faulty.
+    {{"IIRGen.*", ""},
+     withTaps(Cases(48), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}),
+     {},
+     fast(withTaps(lengths({1}), {5})),
+     numbered(withTaps(Cases(120), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}))},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
@@ -662,6 +689,7 @@ const Rules& rules() {
                            .nulls = nullRules,
                            .resultsDependOnPlace = resultsDependOnPlace,
                            .refusalMayWrite = refusalMayWrite,
+                           .lackOfMemoryIsNull = lackOfMemoryIsNull,
                            .tagNotTested = tagNotTested,
                            .warnings = warningRules,
                            .orders = orderRules,

@@ -74,11 +74,16 @@ private:
 
 OrbStatus applyWindow(const Request& request) {
     switch (request.winType) {
-    case orbWinBartlett: return orbsWinBartlett_64f_I(request.pTaps, request.tapsLen);
-    case orbWinBlackman: return orbsWinBlackmanOpt_64f_I(request.pTaps, request.tapsLen);
-    case orbWinHamming: return orbsWinHamming_64f_I(request.pTaps, request.tapsLen);
-    case orbWinHann: return orbsWinHann_64f_I(request.pTaps, request.tapsLen);
-    default: return orbStsNoErr;
+    case orbWinBartlett:
+        return orbsWinBartlett_64f_I(request.pTaps, request.tapsLen);
+    case orbWinBlackman:
+        return orbsWinBlackmanOpt_64f_I(request.pTaps, request.tapsLen);
+    case orbWinHamming:
+        return orbsWinHamming_64f_I(request.pTaps, request.tapsLen);
+    case orbWinHann:
+        return orbsWinHann_64f_I(request.pTaps, request.tapsLen);
+    default:
+        return orbStsNoErr;
     }
 }
 
@@ -117,7 +122,8 @@ OrbStatus lowpass(Orb64f f, const Request& request) {
     if (const OrbStatus status = check(request, isFrequency(f))) return status;
     const Tone tone(f, sinePhase(f, request.isOdd()), request.half());
     if (!tone) return orbStsNullPtrErr;
-    design(request, 2 * f, 1, [&](int n) { return tone[n]; }, constant);
+    design(
+        request, 2 * f, 1, [&](int n) { return tone[n]; }, constant);
     return orbStsNoErr;
 }
 
@@ -126,7 +132,8 @@ OrbStatus highpass(Orb64f f, const Request& request) {
     const bool isOdd = request.isOdd();
     const Tone tone(f, isOdd ? negativeSinePhase(f) : cosinePhase(f), request.half());
     if (!tone) return orbStsNullPtrErr;
-    design(request, 1 - 2 * f, isOdd ? 1 : -1, [&](int n) { return tone[n]; }, alternating);
+    design(
+        request, 1 - 2 * f, isOdd ? 1 : -1, [&](int n) { return tone[n]; }, alternating);
     return orbStsNoErr;
 }
 
@@ -137,7 +144,8 @@ OrbStatus bandpass(Orb64f low, Orb64f high, const Request& request) {
     if (!lower || !upper) return orbStsNullPtrErr;
     const Orb64f w = twoPi * ((low + high) * 0.5);
     const auto middleOfBand = [&](int i) { return sinCos(w * request.distance(i)).cos; };
-    design(request, 2 * (high - low), 1, [&](int n) { return upper[n] - lower[n]; }, middleOfBand);
+    design(
+        request, 2 * (high - low), 1, [&](int n) { return upper[n] - lower[n]; }, middleOfBand);
     return orbStsNoErr;
 }
 

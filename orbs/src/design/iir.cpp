@@ -48,16 +48,14 @@ Roots prototype(const Shape& shape, int order) {
     return poles;
 }
 
-// Complex poles first, by ascending real part, of a pair that with the smaller imaginary part first; then the real ones.
-// What counts as real depends on how far out all of them lie.
+// Complex poles first, by ascending real part, of a pair that with the smaller imaginary part first; then the real
+// ones. What counts as real depends on how far out all of them lie.
 Roots sorted(const Roots& poles, int order) {
     const auto end = poles.begin() + order;
     Orb64f squares = 0;
     for (auto p = poles.begin(); p != end; ++p) squares += std::norm(*p);
     const Orb64f tolerance = epsilon + std::sqrt(squares) * epsilon * order * 1e6;
-    const auto isReal = [&](const Complex& p) {
-        return !(std::abs(p.imag()) > std::sqrt(std::norm(p)) * tolerance);
-    };
+    const auto isReal = [&](const Complex& p) { return !(std::abs(p.imag()) > std::sqrt(std::norm(p)) * tolerance); };
 
     Roots result;
     const auto endOfComplex = std::copy_if(poles.begin(), end, result.begin(), std::not_fn(isReal));

@@ -157,8 +157,7 @@ private:
     // The sweep may begin in a row below the first where two subdiagonal elements in a row are small.
     bool mayBeginAt(int m, const Column& c) const {
         const Orb64f u = std::abs(a_[m][m - 1]) * (std::abs(c.q) + std::abs(c.r));
-        const Orb64f v =
-            std::abs(c.p) * (std::abs(a_[m - 1][m - 1]) + std::abs(a_[m][m]) + std::abs(a_[m + 1][m + 1]));
+        const Orb64f v = std::abs(c.p) * (std::abs(a_[m - 1][m - 1]) + std::abs(a_[m][m]) + std::abs(a_[m + 1][m + 1]));
         return u + v == v;
     }
 
