@@ -41,7 +41,6 @@ const ObjectRule objectRules[] = {
      "$1",
      false,
      {"FIRMR\\w+", "FIRMR", "$1", "FIROne\\w*"}},
-    {{"OrbsFIRState(\\w+)", ""}, "FIR", "GetStateSize", {{"pBuffer", "pBufferSize"}}},
     {{"OrbsIIRState(\\w*_)(\\w+)", ""},
      "IIR",
      "GetStateSize",
@@ -453,8 +452,6 @@ const NullRule nullRules[] = {
     {{"(Min|Max)Indx_.*", "pIndx"}},                               // no place is told then
     {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                          // that part is zero then
     {{"FIR(MR)?(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}}, // the line is zeroed then
-    {{"(Min|Max)Indx_.*", "pIndx"}},                               // no place is told then
-    {{"RealToCplx_.*", "pSrcRe|pSrcIm"}},                          // that part is zero then
     {{"[FI]IR(Init|InitAlloc|SetDlyLine)[\\d_].*", "pDlyLine"}},   // the line is zeroed then
 };
 const Exception resultsDependOnPlace[] = {

@@ -27,7 +27,11 @@ public:
 
     void run() {
         const auto parts = static_cast<std::int64_t>(partCount<Tap>);
-        line_* parts <= static_cast<std::int64_t>(longestRow) ? byRows() : byPieces();
+        if (line_ * parts <= static_cast<std::int64_t>(longestRow)) {
+            byRows();
+        } else {
+            byPieces();
+        }
         updateLine();
     }
 
