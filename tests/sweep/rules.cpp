@@ -157,6 +157,30 @@ double fadingTap16(const Case& c) {
     return fadingTap<filter, 4096>(c);
 }
 
+// Of a trellis: how many states, or a number that counts as 64. The tables of subsets of the plane belong to them.
+int toldStates(const Case& c) {
+    constexpr int states[] = {16, 32, 64, 7};
+    return states[(static_cast<std::size_t>(c.turn) - c.at) % 4];
+}
+int trellisStates(const Case& c) {
+    return toldStates(c) == 7 ? 64 : toldStates(c);
+}
+int firstOfHistory(const Case& c) {
+    return c.turn % 3;
+}
+// Subsets that take turns on every 2 by 2 points of the lattice, and change with the next ones.
+double latticeLabel(const Case& c) {
+    const std::size_t x = c.at % 4, y = c.at / 4 % 4;
+    return static_cast<double>(x % 2 + y % 2 * 2 + (x / 2 + y / 2) % 2 * 4);
+}
+double nextState(const Case& c) {
+    return static_cast<double>((c.at * 7 + c.at / 16) % static_cast<std::size_t>(trellisStates(c)));
+}
+
+int windowMask(const Case& c) {
+    return factorOf<3, 1, 8, 30, 513>(c.turn);
+}
+
 #define COUNT(expression)                                                                                              \
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
@@ -184,6 +208,19 @@ const VectorRule vectorRules[] = {
     {{"FFT(Fwd|Inv)_.*", "p(Src|Dst|SrcDst)(Re|Im)?"}, COUNT(c.points())},
     {{"DFTFwd_RToCCS_.*", "pDst"}, COUNT(2 * (c.n / 2 + 1))},
     {{"DFTInv_CCSToR_.*", "pSrc"}, COUNT(2 * (c.n / 2 + 1))},
+    {{"GetVarPointDV_.*", "pSrc|pDstPoint"}, COUNT(1)},
+    {{"GetVarPointDV_.*", "pVariance"}, COUNT(toldStates(c) == 16 ? 4 : 8)},
+    {{"GetVarPointDV_.*", "pLabel"}, COUNT(16), {}, latticeLabel},
+    {{"BuildSymblTableDV4D_.*", "pVariance"}, COUNT(16)},
+    {{"BuildSymblTableDV4D_.*", "pDst"}, COUNT(trellisStates(c))},
+    {{"CalcStatesDV_.*", "pNextState"}, COUNT(16 * trellisStates(c)), {}, nextState},
+    {{"CalcStatesDV_.*", "pBranch"}, COUNT(64)},
+    {{"CalcStatesDV_.*", "pHistory"}, COUNT(firstOfHistory(c) + trellisStates(c)), Use::update},
+    {{"UpdatePathMetricsDV_.*", "pMin.*"}, COUNT(1)},
+    {{".*DV_.*", "pBranchError"}, COUNT(trellisStates(c)), Use::update},
+    {{".*DV_.*", "pPathError"}, COUNT(trellisStates(c))},
+    {{"Update(Linear|Power)_.*", "pSrcDst"}, COUNT(1)},
+    {{"SumWindow_.*", "pSrc"}, COUNT(c.n + windowMask(c))},
     {{"FIRGen.*", "pTaps"}, COUNT(c.n)},
     {{"IIRGen.*", "pTaps"}, COUNT(2 * c.taps + 2)},
     {{"FIRMR\\w*_Direct_.*", "pDlyLine"}, COUNT(rateLine(c)), Use::update},
@@ -275,6 +312,7 @@ const NumberRule numberRules[] = {
     {{"WT.*", "lenHigh"}, NUMBER(highTaps(c)), belowOne, orbStsSizeErr},
     {{"WT.*", "offsLow"}, NUMBER(lowOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
     {{"WT.*", "offsHigh"}, NUMBER(highOffset(c)), {NUMBER(-2), NUMBER(INT_MIN)}, orbStsWtOffsetErr},
+    {{"SumWindow_.*", "len"}, NUMBER(c.n)}, // below 1 it is no fault
     {{".*", "len|lenDst|dstLen|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
@@ -302,6 +340,12 @@ const NumberRule numberRules[] = {
      orbStsDivByZeroErr},
     {{"Normalize_64.*", "vDiv"}, nullptr, {NUMBER(0), NUMBER(0x1p-1023), NUMBER(NAN)}, orbStsDivByZeroErr},
     {{".*", "val|src|vSub"}, nullptr},
+    {{".*DV(4D)?_.*", "state"}, NUMBER(toldStates(c))},
+    {{"BuildSymblTableDV4D_.*", "bitInversion"}, oneOf<0, 5, 31, 16, -1>},
+    {{"CalcStatesDV_.*", "presentIndex"}, NUMBER(firstOfHistory(c))},
+    {{"Update(Linear|Power)_.*", "srcShiftRight"}, oneOf<0, 3, -1, 15, 31, 40, 9>},
+    {{"Update(Linear|Power)_.*", "alpha"}, oneOf<0, -1, 2, 1, -7, 9, 200, -300>},
+    {{"SumWindow_.*", "maskSize"}, NUMBER(windowMask(c)), belowOne, orbStsMaskSizeErr},
     {{"FIRGen.*", "tapsLen"}, NUMBER(c.n), {NUMBER(4), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"FIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.0073, 0.49, 0.3>, noFrequency, orbStsSizeErr},
     {{"FIRGen.*", "rLowFreq"}, oneOf<0.1, 0.02, 0.25, 0.3>, {NUMBER(0), NUMBER(0.5), NUMBER(NAN)}, orbStsSizeErr},
@@ -620,6 +664,7 @@ const CaseRule caseRules[] = {
      lengths({4, 12, 16, 45, 101, 151, 302, 5001}),
      numbered(lengthsUpTo(160) + lengths({179,  180,  181,  302,  303,  343,  500,  501,  945,   1000,  1009, 1155,
                                           1200, 2000, 2001, 2002, 3375, 5000, 5001, 7200, 22801, 45045, 44100}))},
+    {{".*DV(4D)?_.*", ""}, Cases(24), {}, Cases(4), numbered(Cases(120))},
     {{"FIRGen.*", ""}, lengthsFrom(5, 70), lengths({4099, 8200}), lengths({9, 10}), atLeast(5, digestLengths())},
     // A Chebyshev filter where calls are faulty.
     {{"IIRGen.*", ""},
