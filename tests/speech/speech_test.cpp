@@ -54,7 +54,7 @@ void expectUpdates(Update update, int reach, std::initializer_list<int> alphas, 
 
 TEST(Updates, AreTheRecursion) {
     const auto alphas = {0, 1, -1, 2, -3, -6, 8, 9, -7, 100, -180, 181, -181, 182, 1000, -32768};
-    for (const int hint : {orbAlgHintNone, orbAlgHintAccurate, 7}) {
+    for (const int hint : {int{orbAlgHintNone}, int{orbAlgHintAccurate}, 7}) {
         expectUpdates(linear, 32767, alphas, hint);
         expectUpdates(power, 32767, {0, 1, -1, 2, 9, -180, 1000}, hint);
     }
