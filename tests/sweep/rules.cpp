@@ -179,6 +179,9 @@ double nextState(const Case& c) {
 
 int windowMask(const Case& c) {
     return factorOf<3, 1, 8, 30, 513>(c.turn);
+// Of what is sampled up or down: factors of every loop.
+int sampleFactor(const Case& c) {
+    return factorOf<2, 3, 4, 1, 5, 17>(c.turn);
 }
 
 #define COUNT(expression)                                                                                              \
@@ -274,6 +277,10 @@ const VectorRule vectorRules[] = {
     {{"WTFwd_.*", "pSrc"}, COUNT(2 * c.n)},
     {{"WTInv_.*", "pDst"}, COUNT(2 * c.n)},
     {{".*", "p(Src|Dst)(Low|High)"}, COUNT(c.n)},
+    {{"Sample(Up|Down)_.*", "pDstLen"}, COUNT(1)},
+    {{"Sample(Up|Down)_.*", "pPhase"}, COUNT(1), Use::update, NUMBER(c.turn / 2 % sampleFactor(c))},
+    {{"SampleUp_.*", "pDst"}, COUNT(c.n* sampleFactor(c))},
+    {{"SampleDown_.*", "pSrc"}, COUNT(c.n* sampleFactor(c))},
     {{".*", "p\\w*Size"}, COUNT(1)},
     {{".*", "p(Sum|Mean|StdDev|Norm|Dp)"}, COUNT(1)},
     {{"GoertzTwo.*", "pVal"}, COUNT(2)},
@@ -307,6 +314,21 @@ const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
 const std::vector<Number> noFrequency = {NUMBER(0), NUMBER(-0.1), NUMBER(0.50001), NUMBER(NAN)};
 const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"WinBlackmanOpt_.*", "len"}, NUMBER(c.n), {NUMBER(3), NUMBER(0), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"WinKaiser.*", "len"}, NUMBER(c.n), belowOne, orbStsSizeErr},
+    {{"Win.*", "len"}, NUMBER(c.n), {NUMBER(2), NUMBER(0), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"WinBlackman.*", "alpha"}, oneOf<-0.16, 0.375, 0, -25, 1e30>},
+    {{"WinBlackmanQ15.*", "alphaQ15"}, oneOf<-5243, 12288, 0, 900000, INT_MIN>},
+    {{"WinKaiser_.*", "alpha"}, // halved as often as the length doubles, to stay at arguments up to 36
+     NUMBER((c.turn % 5 - 2) * 36.0 / c.n),
+     {NUMBER(1000), NUMBER(-1000), NUMBER(INFINITY)},
+     orbStsWinKaiserErr},
+    {{"WinKaiserQ15_.*", "alphaQ15"},
+     NUMBER(std::trunc((c.turn % 5 - 2) * 0x1p23 / c.n)),
+     {NUMBER(32768000), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsWinKaiserErr},
+    {{"SampleDown_.*", "srcLen"}, NUMBER(c.n* sampleFactor(c)), belowOne, orbStsSizeErr},
+    {{"Sample(Up|Down)_.*", "factor"}, NUMBER(sampleFactor(c)), belowOne, orbStsSampleFactorErr},
     {{"Hilbert.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{"WT.*", "lenLow"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
     {{"WT.*", "lenHigh"}, NUMBER(highTaps(c)), belowOne, orbStsSizeErr},
@@ -486,6 +508,9 @@ const PointeeRule pointeeRules[] = {
     {{"IIR\\w*_BiQuad_.*", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr}, // b0
     {{"IIR\\w*32sc?_16sc?", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
     {{"IIR.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
+    {{"Sample(Up|Down)_.*", "pPhase"},
+     {NUMBER(-1), NUMBER(sampleFactor(c)), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsSamplePhaseErr},
     {{"GoertzTwo_.*", "rFreq"}, {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)}, orbStsRelFreqErr},
 };
 
@@ -528,6 +553,8 @@ const WarningRule warningRules[] = {
 const OrderRule orderRules[] = {
     // The real primitive over twice the length: the length is tested before it is doubled.
     {{"(Add|Sub)_(16|32)sc_.*|(Add|Sub)_(32|64)fc.*", ""}, {"len", "*"}},
+    {{"WinBlackmanOpt_.*", ""}, {"len", "*"}},
+    {{"Sample(Up|Down)_.*", ""}, {"*", "factor", "pPhase:value"}},
     {{"MaxOrder_.*", ""}, {"len", "*"}},
     {{"[LR]ShiftC_.*", ""}, {"pSrc", "pDst", "pSrcDst", "len", "val"}},
     // The magnitude's tests, then the phase's.
@@ -706,6 +733,22 @@ const CaseRule caseRules[] = {
      lengths({1030, 4099, 40007}),
      lengths({9, 9, 9, 40007}),
      atLeast(2, digestScales())},
+    // From the least length on, and around a block of weights at either end.
+    {{"WinBlackmanQ15_16s_ISfs", ""},
+     lengthsFrom(3, 70),
+     longScales(),
+     lengths({9, 9, 513}),
+     atLeast(3, digestScales())},
+    {{"WinKaiser.*", ""},
+     lengthsUpTo(70),
+     lengths({511, 512, 513, 514, 1025, 4099}),
+     lengths({9, 9, 513}),
+     digestLengths()},
+    {{"Win.*", ""},
+     lengthsFrom(4, 70),
+     lengths({511, 512, 513, 514, 1025, 4099}),
+     lengths({9, 9, 513}),
+     atLeast(4, digestLengths())},
     // Around one block and several.
     {{"Tone_Direct_.*", ""},
      lengthsUpTo(70) + fast(lengthsUpTo(70)),
