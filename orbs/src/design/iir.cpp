@@ -27,13 +27,17 @@ struct Shape {
     Orb64f floor = 1, real = 1, imaginary = 1;
 };
 
-// In extended precision, whose functions are the same on every processor.
+// In extended precision, whose functions are the same on every processor. What goes in and out is volatile, so that
+// all of it is computed under the guard.
 Shape chebyshev(Orb64f passbandDb, int order) {
+    const volatile Orb64f decibels = passbandDb;
     const X87Control extended(X87Control::nearest);
     constexpr long double ln10 = 2.302585092994045684017991454684364208L;
-    const long double ripple = sqrtl(expm1l(passbandDb * ln10 / 10)), mu = asinhl(1 / ripple) / order;
-    return {static_cast<Orb64f>(expl(-passbandDb * ln10 / 20)), static_cast<Orb64f>(sinhl(mu)),
-            static_cast<Orb64f>(coshl(mu))};
+    const long double nepers = decibels * ln10 / 20;
+    const long double ripple = sqrtl(expm1l(2 * nepers)), mu = asinhl(1 / ripple) / order;
+    const volatile Orb64f floor = static_cast<Orb64f>(expl(-nepers)), real = static_cast<Orb64f>(sinhl(mu)),
+                          imaginary = static_cast<Orb64f>(coshl(mu));
+    return {floor, real, imaginary};
 }
 
 // Of the analog filter with its edge at 1; each pole is followed by its conjugate, a real one comes last.
