@@ -179,6 +179,8 @@ double nextState(const Case& c) {
 
 int windowMask(const Case& c) {
     return factorOf<3, 1, 8, 30, 513>(c.turn);
+}
+
 // Of what is sampled up or down: factors of every loop.
 int sampleFactor(const Case& c) {
     return factorOf<2, 3, 4, 1, 5, 17>(c.turn);
