@@ -39,7 +39,7 @@ constexpr Place places[] = {{0, 0}, {1, 0},  {1, 1}, {0, 1},  {0, 2},  {1, 2},
 // All lattice points around: the nearest one of each label.
 TEST(GetVarPoint, FindsTheNearestPointOfEachSubset) {
     const auto table = labels();
-    for (const int y : {-32700, -129, -128, 0, 1, 77, 127, 128, 5000}) {
+    for (const int y : {-32600, -129, -128, 0, 1, 77, 127, 128, 5000}) {
         for (int x = -700; x <= 700; ++x) {
             for (const int state : stateCounts) {
                 const int subsets = state == 16 ? 4 : 8;
