@@ -33,7 +33,8 @@ ORBS_DECLARATIONS_BEGIN
  *   dy     0  0  1  1  2  2  1 -1  0  0 -1  1
  *
  * Codes 0 to 3 have labels of their own, the others share labels with that 4 away; of equal distances the higher code is
- * taken. */
+ * taken. Those of codes 6 and 10 stand under the label of the lattice point at (1, -1), and those of 7 and 11 under that of
+ * the one at (0, -1): where labels are those of sublattices, under each other's. */
 OrbStatus orbsGetVarPointDV_16sc(const Orb16sc* pSrc, Orb16sc* pDstPoint, Orb32u* pVariance, const Orb8u* pLabel, int state);
 
 /* ---- BuildSymblTableDV4D ---------------------------------------------------------------------------------------

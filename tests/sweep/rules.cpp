@@ -382,7 +382,7 @@ const NumberRule numberRules[] = {
      {NUMBER(0), NUMBER(13), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsIIRGenOrderErr},
     {{"IIRGen.*", "rPassbandDb"}, oneOf<0.5, 3, 29>, {NUMBER(0), NUMBER(29.5), NUMBER(NAN)}, orbStsIIRGenPassbandErr},
-    {{"IIRGen.*", "filterType"}, oneOf<orbButterworth, orbChebyshev1, orbButterworth, orbChebyshev1, orbButterworth>},
+    {{"IIRGen.*", "filterType"}, oneOf<0, 1, 0, 1, 0>},
     {{"IIR.*", "order|numBq"}, NUMBER(c.taps), belowOne, orbStsIIROrderErr},
     {{"IIR.*", "tapsFactor"}, oneOf<12, 0, -3, 31, 20>},
     {{"Copy_1u", "srcBitOffset"}, NUMBER(sourceOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
