@@ -110,12 +110,16 @@ Matrix bilinear(const Matrix& a) {
 using Polynomial = std::array<Orb64f, mostRows + 1>;
 template <class NextRoot>
 Polynomial expand(int order, NextRoot root) {
-    std::array<Complex, mostRows + 1> c{1};
-    for (int k = 0; k < order; ++k)
-        for (int i = k + 1; i > 0; --i) c[i] -= root(k) * c[i - 1];
-    Polynomial real;
-    std::ranges::transform(c, real.begin(), [](const Complex& z) { return z.real(); });
-    return real;
+    // Real and imaginary parts apart: g++ 12 fuses products and sums where they lie side by side.
+    Polynomial re{1}, im{};
+    for (int k = 0; k < order; ++k) {
+        const Complex r = root(k);
+        for (int i = k + 1; i > 0; --i) {
+            re[i] -= r.real() * re[i - 1] - r.imag() * im[i - 1];
+            im[i] -= r.real() * im[i - 1] + r.imag() * re[i - 1];
+        }
+    }
+    return re;
 }
 
 enum class Band { low, high };
