@@ -509,7 +509,7 @@ const PointeeRule pointeeRules[] = {
     {{"IIRSetTaps.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<eitherWay>},
     {{"IIR\\w*_BiQuad_.*", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr}, // b0
     {{"IIR\\w*32sc?_16sc?", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
-    {{"IIR.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
+    {{"IIR(?!Gen).*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
     {{"Sample(Up|Down)_.*", "pPhase"},
      {NUMBER(-1), NUMBER(sampleFactor(c)), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsSamplePhaseErr},
