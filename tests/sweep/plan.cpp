@@ -95,6 +95,7 @@ public:
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
         if (const WarningRule* rule = ruleFor(rules().warnings, name_)) plan_.warnings = rule->warnings;
         plan_.dependsOnPlace = ruleFor(rules().resultsDependOnPlace, name_);
+        if (ruleFor(rules().lackOfMemoryIsNull, name_)) plan_.lackOfMemory = orbStsNullPtrErr;
         const CaseRule* cases = ruleFor(rules().cases, name_);
         plan_.small = cases->small;
         plan_.large = cases->large;
@@ -254,6 +255,7 @@ std::vector<std::string> idleRules() {
     appendIdle(idle, rules().nullNotTested);
     appendIdle(idle, rules().resultsDependOnPlace);
     appendIdle(idle, rules().refusalMayWrite);
+    appendIdle(idle, rules().lackOfMemoryIsNull);
     appendIdle(idle, rules().tagNotTested);
     appendIdle(idle, rules().warnings);
     appendIdle(idle, rules().orders);

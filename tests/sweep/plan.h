@@ -72,13 +72,14 @@ struct Plan {
     const Member* member = nullptr;
     std::vector<Argument> arguments;
     std::vector<Fault> faults;
-    std::vector<OrbStatus> warnings; // that a valid call may return
-    bool dependsOnPlace = false;     // what a valid call writes
-    Family family;                   // of the object among the arguments, if there is one
-    std::vector<Case> small, large;  // called at every alignment, and at both edges only
-    std::vector<Case> faulty;        // called with faults
-    std::vector<Case> digest;        // for the comparison of results between builds
-    std::string notUnderstood;       // why not, or empty
+    std::vector<OrbStatus> warnings;            // that a valid call may return
+    bool dependsOnPlace = false;                // what a valid call writes
+    OrbStatus lackOfMemory = orbStsMemAllocErr; // what a call that gets none returns
+    Family family;                              // of the object among the arguments, if there is one
+    std::vector<Case> small, large;             // called at every alignment, and at both edges only
+    std::vector<Case> faulty;                   // called with faults
+    std::vector<Case> digest;                   // for the comparison of results between builds
+    std::string notUnderstood;                  // why not, or empty
 };
 
 const Plan& planOf(const Member& member);

@@ -171,6 +171,30 @@ double fadingTap16(const Case& c) {
     return fadingTap<filter, 4096>(c);
 }
 
+// Of a trellis: how many states, or a number that counts as 64. The tables of subsets of the plane belong to them.
+int toldStates(const Case& c) {
+    constexpr int states[] = {16, 32, 64, 7};
+    return states[(static_cast<std::size_t>(c.turn) - c.at) % 4];
+}
+int trellisStates(const Case& c) {
+    return toldStates(c) == 7 ? 64 : toldStates(c);
+}
+int firstOfHistory(const Case& c) {
+    return c.turn % 3;
+}
+// Subsets that take turns on every 2 by 2 points of the lattice, and change with the next ones.
+double latticeLabel(const Case& c) {
+    const std::size_t x = c.at % 4, y = c.at / 4 % 4;
+    return static_cast<double>(x % 2 + y % 2 * 2 + (x / 2 + y / 2) % 2 * 4);
+}
+double nextState(const Case& c) {
+    return static_cast<double>((c.at * 7 + c.at / 16) % static_cast<std::size_t>(trellisStates(c)));
+}
+
+int windowMask(const Case& c) {
+    return factorOf<3, 1, 8, 30, 513>(c.turn);
+}
+
 // Of what is sampled up or down: factors of every loop.
 int sampleFactor(const Case& c) {
     return factorOf<2, 3, 4, 1, 5, 17>(c.turn);
@@ -258,6 +282,21 @@ const VectorRule vectorRules[] = {
     {{"FIRSparse.*", "pNZTapPos"}, COUNT(c.taps), {}, positionInList},
     {{"FIRSparse.*", "pNZTaps"}, COUNT(c.taps), {}, sparseTap},
     {{"(FIR|IIR)Sparse_.*", "pSrc|pDst"}, COUNT(c.n)},
+    {{"GetVarPointDV_.*", "pSrc|pDstPoint"}, COUNT(1)},
+    {{"GetVarPointDV_.*", "pVariance"}, COUNT(toldStates(c) == 16 ? 4 : 8)},
+    {{"GetVarPointDV_.*", "pLabel"}, COUNT(16), {}, latticeLabel},
+    {{"BuildSymblTableDV4D_.*", "pVariance"}, COUNT(16)},
+    {{"BuildSymblTableDV4D_.*", "pDst"}, COUNT(trellisStates(c))},
+    {{"CalcStatesDV_.*", "pNextState"}, COUNT(16 * trellisStates(c)), {}, nextState},
+    {{"CalcStatesDV_.*", "pBranch"}, COUNT(64)},
+    {{"CalcStatesDV_.*", "pHistory"}, COUNT(firstOfHistory(c) + trellisStates(c)), Use::update},
+    {{"UpdatePathMetricsDV_.*", "pMin.*"}, COUNT(1)},
+    {{".*DV_.*", "pBranchError"}, COUNT(trellisStates(c)), Use::update},
+    {{".*DV_.*", "pPathError"}, COUNT(trellisStates(c))},
+    {{"Update(Linear|Power)_.*", "pSrcDst"}, COUNT(1)},
+    {{"SumWindow_.*", "pSrc"}, COUNT(c.n + windowMask(c))},
+    {{"FIRGen.*", "pTaps"}, COUNT(c.n)},
+    {{"IIRGen.*", "pTaps"}, COUNT(2 * c.taps + 2)},
     {{"FIRMR\\w*_Direct_.*", "pDlyLine"}, COUNT(rateLine(c)), Use::update},
     {{"FIRMR.*", "pDlyLine"}, COUNT(rateLine(c))},
     {{"FIRMR.*", "pSrc"}, COUNT(inputs(c, true))},
@@ -350,6 +389,7 @@ double levelOf(const Case& c) {
 }
 
 const std::vector<Number> belowOne = {NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)};
+const std::vector<Number> noFrequency = {NUMBER(0), NUMBER(-0.1), NUMBER(0.50001), NUMBER(NAN)};
 const NumberRule numberRules[] = {
     {{"(Mean)?StdDev_.*", "len"}, NUMBER(c.n), {NUMBER(1), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
     {{"WinBlackmanOpt_.*", "len"}, NUMBER(c.n), {NUMBER(3), NUMBER(0), NUMBER(INT_MIN)}, orbStsSizeErr},
@@ -378,6 +418,7 @@ const NumberRule numberRules[] = {
     {{"AutoCorr.*", "dstLen"}, NUMBER(c.taps), belowOne, orbStsSizeErr},
     {{"CrossCorr.*", "lowLag"}, lowLag},
     {{"ConvBiased_.*", "bias"}, NUMBER(-windowDelay(c))},
+    {{"SumWindow_.*", "len"}, NUMBER(c.n)}, // below 1 it is no fault
     {{".*", "len|lenDst|dstLen|srcLen|chanLen|numIters"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{".*", "scaleFactor"}, NUMBER(scaleFactor(c))},
     {{".*", "magnScaleFactor"}, NUMBER(scaleFactor(c))},
@@ -405,6 +446,25 @@ const NumberRule numberRules[] = {
      orbStsDivByZeroErr},
     {{"Normalize_64.*", "vDiv"}, nullptr, {NUMBER(0), NUMBER(0x1p-1023), NUMBER(NAN)}, orbStsDivByZeroErr},
     {{".*", "val|src|vSub"}, nullptr},
+    {{".*DV(4D)?_.*", "state"}, NUMBER(toldStates(c))},
+    {{"BuildSymblTableDV4D_.*", "bitInversion"}, oneOf<0, 5, 31, 16, -1>},
+    {{"CalcStatesDV_.*", "presentIndex"}, NUMBER(firstOfHistory(c))},
+    {{"Update(Linear|Power)_.*", "srcShiftRight"}, oneOf<0, 3, -1, 15, 31, 40, 9>},
+    {{"Update(Linear|Power)_.*", "alpha"}, oneOf<0, -1, 2, 1, -7, 9, 200, -300>},
+    {{"SumWindow_.*", "maskSize"}, NUMBER(windowMask(c)), belowOne, orbStsMaskSizeErr},
+    {{"FIRGen.*", "tapsLen"}, NUMBER(c.n), {NUMBER(4), NUMBER(0), NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
+    {{"FIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.0073, 0.49, 0.3>, noFrequency, orbStsSizeErr},
+    {{"FIRGen.*", "rLowFreq"}, oneOf<0.1, 0.02, 0.25, 0.3>, {NUMBER(0), NUMBER(0.5), NUMBER(NAN)}, orbStsSizeErr},
+    {{"FIRGen.*", "rHighFreq"}, oneOf<0.35, 0.31, 0.47>, noFrequency, orbStsSizeErr},
+    {{"FIRGen.*", "winType"}, oneOf<0, 1, 2, 3, 4, -1>},
+    {{"FIRGen.*", "doNormal"}, oneOf<1, 0, -4, 0, 0>},
+    {{"IIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.03, 0.4>, {NUMBER(0), NUMBER(0.5), NUMBER(NAN)}, orbStsIIRGenFreqErr},
+    {{"IIRGen.*", "order"},
+     NUMBER(c.taps),
+     {NUMBER(0), NUMBER(13), NUMBER(INT_MIN), NUMBER(INT_MAX)},
+     orbStsIIRGenOrderErr},
+    {{"IIRGen.*", "rPassbandDb"}, oneOf<0.5, 3, 29>, {NUMBER(0), NUMBER(29.5), NUMBER(NAN)}, orbStsIIRGenPassbandErr},
+    {{"IIRGen.*", "filterType"}, oneOf<0, 1, 0, 1, 0>},
     {{"IIR.*", "order|numBq"}, NUMBER(c.taps), belowOne, orbStsIIROrderErr},
     {{"IIR.*", "tapsFactor"}, oneOf<12, 0, -3, 31, 20>},
     {{"Copy_1u", "srcBitOffset"}, NUMBER(sourceOffset(c)), {NUMBER(-1), NUMBER(INT_MIN)}, orbStsSizeErr},
@@ -556,7 +616,7 @@ const PointeeRule pointeeRules[] = {
     {{"IIRSetTaps.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<eitherWay>},
     {{"IIR\\w*_BiQuad_.*", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr}, // b0
     {{"IIR\\w*32sc?_16sc?", "pTaps"}, {NUMBER(0)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
-    {{"IIR.*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
+    {{"IIR(?!Gen).*", "pTaps"}, {NUMBER(0), NUMBER(NAN)}, orbStsDivByZeroErr, placeOfA0<anyOrder>},
     {{"Sample(Up|Down)_.*", "pPhase"},
      {NUMBER(-1), NUMBER(sampleFactor(c)), NUMBER(INT_MIN), NUMBER(INT_MAX)},
      orbStsSamplePhaseErr},
@@ -587,6 +647,9 @@ const Exception refusalMayWrite[] = {
     {{"AutoCorr_.*_Sfs", "pDst"}},            // zeros behind the outputs
     {{"CartToPolar_.*", "pDst(Magn|Phase)"}}, // the one where the other is null
     {{"IIRInit\\d.*|IIRInit_.*", "pBuffer"}}, // the state is there before its taps are tested
+};
+const Exception lackOfMemoryIsNull[] = {
+    {{"FIRGen.*", ""}},
 };
 const Exception tagNotTested[] = {
     {{"FIRSetTaps_32s", "pState"}},
@@ -627,6 +690,7 @@ const OrderRule orderRules[] = {
     {{"GoertzTwoQ15_.*", ""}, {"rFreqQ15", "rFreqQ15:value", "*"}},
     {{"GoertzQ15_.*", ""}, {"rFreqQ15", "*"}},
     {{"Goertz_.*", ""}, {"pSrc", "pVal", "len", "rFreq"}},
+    {{"IIRGen.*", ""}, {"pTaps", "rFreq", "order", "rPassbandDb", "filterType"}},
     {{"IIR(One)?_Direct_.*", ""}, {"order", "*", "pTaps:value", "len"}},
     {{"IIR(One)?_BiQuadDirect_.*", ""}, {"numBq", "*"}},
     {{"IIRSetTaps.*", ""}, {"pTaps", "pState", "pState:tag", "*"}},
@@ -762,6 +826,14 @@ const CaseRule caseRules[] = {
      withTaps(lengths({9, 9, 9, 9, 200}), {1, 3, 10}),
      numbered(withTaps(lengthsUpTo(70), {1, 2, 3, 5, 10, 30}) +
               everyPair(lengths({127, 128, 1000, 4099}), {1, 4, 10, 30}))},
+    {{".*DV(4D)?_.*", ""}, Cases(24), {}, Cases(4), numbered(Cases(120))},
+    {{"FIRGen.*", ""}, lengthsFrom(5, 70), lengths({4099, 8200}), lengths({9, 10}), atLeast(5, digestLengths())},
+    // A Chebyshev filter where calls are faulty.
+    {{"IIRGen.*", ""},
+     withTaps(Cases(48), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}),
+     {},
+     fast(withTaps(lengths({1}), {5})),
+     numbered(withTaps(Cases(120), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}))},
     // The tap counts lie around the sizes of the kernels, the lengths around the changes between the paths.
     {{"FIR.*", ""},
      withTaps(lengthsUpTo(70), {1, 2, 3, 4, 5, 8, 15, 16, 31, 33, 64}),
@@ -853,6 +925,7 @@ const Rules& rules() {
                            .nullNotTested = nullNotTested,
                            .resultsDependOnPlace = resultsDependOnPlace,
                            .refusalMayWrite = refusalMayWrite,
+                           .lackOfMemoryIsNull = lackOfMemoryIsNull,
                            .tagNotTested = tagNotTested,
                            .warnings = warningRules,
                            .orders = orderRules,

@@ -85,7 +85,7 @@ struct Rules {
     std::span<const NumberRule> numbers;
     std::span<const PointeeRule> pointees;
     std::span<const NullRule> nulls;
-    std::span<const Exception> nullNotTested, resultsDependOnPlace, refusalMayWrite, tagNotTested;
+    std::span<const Exception> nullNotTested, resultsDependOnPlace, refusalMayWrite, lackOfMemoryIsNull, tagNotTested;
     std::span<const WarningRule> warnings;
     std::span<const OrderRule> orders;
     std::span<const CaseRule> cases;

@@ -199,7 +199,7 @@ void expectSurvivesLackOfMemory(const Plan& plan, const Case& c) {
             ASSERT_EQ(scarcity.blocksHeld(), call.holdsObject() ? 1 : 0) << which;
             return;
         }
-        ASSERT_EQ(status, orbStsMemAllocErr) << which;
+        ASSERT_EQ(status, plan.lackOfMemory) << which;
         ASSERT_EQ(scarcity.blocksHeld(), 0) << which;
         ASSERT_EQ(call.disturbed(), "") << which;
         ASSERT_TRUE(call.image(true) == before) << "wrote without memory" << which;
