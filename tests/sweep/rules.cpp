@@ -198,6 +198,8 @@ int windowMask(const Case& c) {
 // Of what is sampled up or down: factors of every loop.
 int sampleFactor(const Case& c) {
     return factorOf<2, 3, 4, 1, 5, 17>(c.turn);
+}
+
 // Of adaptive filters of integers: their steps and delays.
 int dlyStep(const Case& c) {
     return factorOf<1, 2, 1, 5, 3>(c.turn);
