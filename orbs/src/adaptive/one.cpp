@@ -33,51 +33,42 @@ HWY_INLINE void forEachPiece(std::size_t count, Body body) {
     pieces(hn::CappedTag<Orb32f, 1>(), count);
 }
 
-template <class D, std::size_t vectors, class X>
-HWY_INLINE void addProducts(D d, hn::Vec<D> (&sums)[vectors], const Orb32f* h, const X* x) {
-#pragma GCC unroll 8
-    for (std::size_t v = 0; v < vectors; ++v) {
-        const std::size_t at = v * hn::MaxLanes(d);
-        sums[v] = hn::Add(sums[v], hn::Mul(hn::LoadU(d, h + at), loadAs(d, x + at)));
-    }
-}
-
-// The sum of all lanes and of the products that are left, fewer than there are lanes: whenever the upper half of the
-// lanes has been added to the lower one, a piece of so many.
+// The sum of all lanes and of the products that are left: in rows of so many lanes, and whenever the upper half of the
+// lanes has been added to the lower one, in a row of those.
 template <class D, std::size_t vectors, class X>
 HWY_INLINE Orb32f folded(D d, hn::Vec<D> (&sums)[vectors], std::size_t left, const Orb32f* h, const X* x) {
-    constexpr std::size_t half = vectors * hn::MaxLanes(D()) / 2;
-    const auto next = [&](auto dHalf, auto& halves) HWY_ATTR {
-        if (left < half) return folded(dHalf, halves, left, h, x);
-        addProducts(dHalf, halves, h, x);
-        return folded(dHalf, halves, left - half, h + half, x + half);
-    };
-    if constexpr (vectors > 1) {
-        hn::Vec<D> halves[vectors / 2];
-        for (std::size_t v = 0; v < vectors / 2; ++v) halves[v] = hn::Add(sums[v], sums[v + vectors / 2]);
-        return next(d, halves);
-    } else if constexpr (half >= leastPiece) {
-        const hn::Half<D> dHalf;
-        hn::Vec<decltype(dHalf)> halves[] = {
-            hn::Add(hn::LowerHalf(dHalf, sums[0]), hn::UpperHalf(dHalf, sums[0]))};
-        return next(dHalf, halves);
-    } else {
+    constexpr std::size_t step = hn::MaxLanes(D()), lanes = vectors * step;
+    for (; left >= lanes; left -= lanes, h += lanes, x += lanes) {
+#pragma GCC unroll 16
+        for (std::size_t v = 0; v < vectors; ++v)
+            sums[v] = hn::Add(sums[v], hn::Mul(hn::LoadU(d, h + v * step), loadAs(d, x + v * step)));
+    }
+    if constexpr (lanes == leastPiece) {
         return hn::GetLane(sumEverywhere(d, sums[0]));
+    } else if constexpr (vectors > 1) {
+        hn::Vec<D> halves[vectors / 2];
+#pragma GCC unroll 8
+        for (std::size_t v = 0; v < vectors / 2; ++v) halves[v] = hn::Add(sums[v], sums[v + vectors / 2]);
+        return folded(d, halves, left, h, x);
+    } else {
+        const hn::Half<D> dHalf;
+        hn::Vec<decltype(dHalf)> half[] = {hn::Add(hn::LowerHalf(dHalf, sums[0]), hn::UpperHalf(dHalf, sums[0]))};
+        return folded(dHalf, half, left, h, x);
     }
 }
 
 template <class X>
 HWY_INLINE Orb32f tapsBySamples(std::size_t count, const Orb32f* h, const X* x) {
-    constexpr std::size_t lanes = 32;
+    constexpr std::size_t lanes = 64;
     const hn::CappedTag<Orb32f, lanes> d;
-    hn::Vec<decltype(d)> sums[lanes / hn::MaxLanes(d)];
-    for (auto& sum : sums) sum = hn::Zero(d);
+    constexpr std::size_t vectors = lanes / hn::MaxLanes(d);
     const std::size_t end = inPieces(count);
+    hn::Vec<decltype(d)> sums[vectors];
+#pragma GCC unroll 16
+    for (std::size_t v = 0; v < vectors; ++v) sums[v] = hn::Zero(d);
     Orb32f rest = 0;
     for (std::size_t k = end; k < count; ++k) rest += h[k] * static_cast<Orb32f>(x[k]);
-    std::size_t n = 0;
-    for (; n + lanes <= end; n += lanes) addProducts(d, sums, h + n, x + n);
-    return folded(d, sums, end - n, h + n, x + n) + rest;
+    return folded(d, sums, end, h, x) + rest;
 }
 
 struct Plain {
