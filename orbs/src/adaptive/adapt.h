@@ -28,22 +28,31 @@ struct LmsRows {
     std::size_t placeOf(std::size_t k) const { return k < inFirst ? k : k + lanes - inFirst; }
 };
 
-// The sum of all lanes, in every lane: upper half upon the lower one, down to one lane.
+// The sum of all lanes, in every lane. An error waits for it, so shuffles go side by side, not one behind the other.
 template <class D>
 HWY_INLINE hn::Vec<D> sumEverywhere(D d, hn::Vec<D> v) {
     constexpr std::size_t size = hn::MaxLanes(d) * sizeof(hn::TFromD<D>);
-    if constexpr (size == 64) v = hn::Add(v, hn::ConcatLowerUpper(d, v, v));
-    if constexpr (size >= 32) v = hn::Add(v, hn::SwapAdjacentBlocks(v));
-    v = hn::Add(v, hn::Shuffle1032(v));
-    return hn::Add(v, hn::Shuffle2301(v));
+    if constexpr (size == 64) {
+        const auto odd = hn::Add(hn::SwapAdjacentBlocks(v), hn::ReverseBlocks(d, v));
+        v = hn::Add(hn::Add(v, hn::ConcatLowerUpper(d, v, v)), odd);
+    }
+    if constexpr (size == 32) v = hn::Add(v, hn::SwapAdjacentBlocks(v));
+    return hn::Add(hn::Add(v, hn::Shuffle1032(v)), hn::Add(hn::Shuffle2301(v), hn::Shuffle0123(v)));
+}
+
+// Lanes of a vector for so many rows in registers. Within and across blocks of 16 bytes sums are added up slowest, so
+// few taps, whose time is that of one error waiting for the other, go in short vectors.
+constexpr std::size_t lmsVector(std::size_t held) {
+    return held == 1 ? 4 : held == 2 ? 8 : LmsRows::mostLanes;
 }
 
 // `held` rows stay in registers, or, if it is 0, none do. `whole`: the first row is full.
 template <std::size_t lanes, std::size_t held, bool whole>
 class LmsFilter {
-    static constexpr hn::CappedTag<Orb32f, lanes> d{};
+    using D = hn::CappedTag<Orb32f, std::min(lanes, lmsVector(held))>;
+    using V = hn::Vec<D>;
+    static constexpr D d{};
     static constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
-    using V = hn::Vec<hn::CappedTag<Orb32f, lanes>>;
 
     // What the samples in a vector of the first row give, without those that have no tap.
     static HWY_INLINE V ofTaps(std::size_t v, std::size_t inFirst, V products) {
@@ -155,7 +164,7 @@ private:
 // The rows of mostLanes that registers have room for beside the sums.
 constexpr std::size_t rowsInRegisters() {
     constexpr std::size_t size = hn::MaxLanes(hn::ScalableTag<Orb32f>()) * sizeof(Orb32f);
-    return HWY_ARCH_X86_32 || size == 16 ? 0 : size == 32 ? 2 : 8;
+    return HWY_ARCH_X86_32 ? 0 : size == 16 ? 1 : size == 32 ? 2 : 8;
 }
 
 using LmsKernel = void (*)(Orb32f*, LmsRows, const Orb32f*, const Orb32f*, Orb32f*, std::size_t, Orb32f);
