@@ -152,7 +152,7 @@ void design(Orb64f f, const Shape& shape, int order, Orb64f* pTaps, Band band) {
 
 OrbStatus iirGen(Orb64f f, Orb64f passbandDb, int order, Orb64f* pTaps, int filterType, Band band) {
     if (anyNull(pTaps)) return orbStsNullPtrErr;
-    if (!(f > 0 && f < 0.5)) return orbStsIIRGenFreqErr;
+    if (f <= 0 || f >= 0.5) return orbStsIIRGenFreqErr; // a NaN is neither
     if (order < 1 || order > mostRows) return orbStsIIRGenOrderErr;
     if (filterType == orbButterworth) {
         design(f, {}, order, pTaps, band);
