@@ -127,7 +127,8 @@ TEST(SumWindow, RunsInSinglePrecision) {
         for (const std::size_t len : {1, 2, 3, 4, 5, 8, 19, 300}) {
             std::vector<Orb16s> x = samples(len + mask, 32767), falling(len + mask, -32768);
             std::vector<Orb8u> bytes(x.begin(), x.end()), fallingBytes(len + mask, 255);
-            for (std::size_t n = 0; n < len; n += 1 + n % 7 / 6) falling[n + mask] = 32766, fallingBytes[n + mask] = 0;
+            std::fill(falling.begin() + static_cast<std::ptrdiff_t>(mask), falling.end(), 32767);
+            std::fill(fallingBytes.begin() + static_cast<std::ptrdiff_t>(mask), fallingBytes.end(), 0);
             expectSums(orbsSumWindow_16s32f, x, len, mask);
             expectSums(orbsSumWindow_16s32f, falling, len, mask);
             expectSums(orbsSumWindow_8u32f, bytes, len, mask);
