@@ -17,7 +17,6 @@ using Roots = std::array<Complex, mostRows>;
 
 // 4 tan(pi f): the edge of the analog filter for the bilinear transform at a sampling rate of 2.
 Orb64f prewarped(Orb64f f) {
-    if (f > 0.25) return 16 / prewarped(0.5 - f);
     const auto [sine, cosine] = sinCos(pi * f);
     return 4 * (sine / cosine);
 }
