@@ -460,7 +460,7 @@ const NumberRule numberRules[] = {
     {{"FIRGen.*", "rHighFreq"}, oneOf<0.35, 0.31, 0.47>, noFrequency, orbStsSizeErr},
     {{"FIRGen.*", "winType"}, oneOf<0, 1, 2, 3, 4, -1>},
     {{"FIRGen.*", "doNormal"}, oneOf<1, 0, -4, 0, 0>},
-    {{"IIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.03, 0.4>, {NUMBER(0), NUMBER(0.5), NUMBER(NAN)}, orbStsIIRGenFreqErr},
+    {{"IIRGen.*", "rFreq"}, oneOf<0.1, 0.25, 0.03, 0.4>, {NUMBER(0), NUMBER(0.5)}, orbStsIIRGenFreqErr},
     {{"IIRGen.*", "order"},
      NUMBER(c.taps),
      {NUMBER(0), NUMBER(13), NUMBER(INT_MIN), NUMBER(INT_MAX)},
