@@ -1,4 +1,4 @@
-#include "elementary/ln_table.h"
+#include "elementary/ln.h"
 #include "support/unary_member.h"
 
 namespace {
