@@ -17,7 +17,7 @@ public:
     template <class D>
     HWY_INLINE hn::Vec<D> at(D d, std::size_t k) const {
         using T = hn::TFromD<D>;
-        const auto n = hn::Iota(d, static_cast<T>(first_ + k));
+        const auto n = hn::Set(d, static_cast<T>(first_ + k)) + hn::Iota(d, 0);
         return (n + n) / hn::Set(d, static_cast<T>(last_));
     }
 

@@ -17,50 +17,52 @@ using namespace orbs;
 // beta - x, which the exponential makes a relative error of, is small where weights are large. It is made of what does
 // not cancel: with c = (M - 2 n) / M, how far from the middle, x is beta sqrt(1 - c^2), and
 //   beta - x = beta c^2 / (1 + x / beta).
+template <class W>
 class Kaiser {
 public:
     static constexpr bool inSingle = true;
 
-    Kaiser(int len, Orb64f alpha) : last_(len - 1), quarter_(alpha * alpha / 4) {
+    Kaiser(int len, Orb64f alpha) : last_(len - 1), quarter_(static_cast<W>(alpha * alpha / 4)) {
         using Table = Bessel<Orb64f>;
         const hn::CappedTag<Orb64f, 2> d; // of which a table is read
-        const Orb64f beta = alpha * last_ / 2, farBeta = std::max(beta, Table::end);
+        const Orb64f beta = alpha * last_ / 2;
         const Orb64f power = hn::GetLane(Table::Exp().usual(d, hn::Set(d, beta)));
-        ofNear_ = beta < Table::end ? 1 / hn::GetLane(besselNear(d, hn::Set(d, beta * beta / 4)))
-                                    : 1 / (power * hn::GetLane(besselFar(d, hn::Set(d, 1 / beta))));
-        ofFar_ = power * ofNear_;
-        ofRoot_ = 1 / farBeta;
-        ofSquare_ = len > 1 ? alpha / 2 / last_ : 0;
+        const Orb64f r = beta < Table::end ? 1 / hn::GetLane(besselNear(d, hn::Set(d, beta * beta / 4)))
+                                           : 1 / (power * hn::GetLane(besselFar(d, hn::Set(d, 1 / beta))));
+        r_ = static_cast<W>(r);
+        s_ = static_cast<W>(power * r);
+        inverseBeta_ = static_cast<W>(1 / std::max(beta, Orb64f{Bessel<W>::end})); // where there are large x
+        perSquare_ = static_cast<W>(len > 1 ? alpha / 2 / last_ : 0);              // beta / M^2
     }
 
     void enter(std::size_t first) { first_ = static_cast<int>(first); }
     template <class D>
     HWY_INLINE hn::Vec<D> at(D d, std::size_t k) const {
-        using T = hn::TFromD<D>;
-        using Table = Bessel<T>;
-        const auto constant = [=](Orb64f value) HWY_ATTR { return hn::Set(d, static_cast<T>(value)); };
+        using Table = Bessel<W>;
         // Differences are made of integers, which are exact. A short vector ends within the lanes.
         const hn::Rebind<Orb32s, D> integers;
-        const auto n = hn::Iota(integers, first_ + static_cast<int>(k)), rest = hn::Set(integers, last_) - n;
-        const auto y = hn::Max(valuesIn(d, n) * valuesIn(d, rest) * constant(quarter_), hn::Zero(d));
+        const auto n = hn::Set(integers, first_ + static_cast<int>(k)) + hn::Iota(integers, 0);
+        const auto rest = hn::Set(integers, last_) - n;
+        const auto y = hn::Max(valuesIn(d, n) * valuesIn(d, rest) * hn::Set(d, quarter_), hn::Zero(d));
 
         const auto isFar = hn::Ge(y, hn::Set(d, Table::end * Table::end / 4));
-        const auto near = [=]() HWY_ATTR { return besselNear(d, y) * constant(ofNear_); };
+        const auto near = [&]() HWY_ATTR { return besselNear(d, y) * hn::Set(d, r_); };
         if (hn::AllFalse(d, isFar)) return near();
 
-        const auto root = hn::Sqrt(y);
-        const auto x = hn::Max(root + root, hn::Set(d, Table::end)), aboveOne = hn::Set(d, 1) + x * constant(ofRoot_);
-        const auto quotient = hn::Set(d, 1) / (x * aboveOne); // from which both come
+        const auto root = hn::Sqrt(y), one = hn::Set(d, 1);
+        const auto x = hn::Max(root + root, hn::Set(d, Table::end));
+        const auto aboveOne = one + x * hn::Set(d, inverseBeta_);
+        const auto quotient = one / (x * aboveOne); // from which both come
         const auto c = valuesIn(d, rest - n);
-        const auto exponent = hn::Min(c * c * constant(ofSquare_) * (x * quotient), hn::Set(d, Table::deepest));
+        const auto exponent = hn::Min(c * c * hn::Set(d, perSquare_) * (x * quotient), hn::Set(d, Table::deepest));
         const auto far = typename Table::Exp().usual(d, hn::Zero(d) - exponent) *
-                         (besselFar(d, aboveOne * quotient) * constant(ofFar_));
+                         (besselFar(d, aboveOne * quotient) * hn::Set(d, s_));
         return hn::AllTrue(d, isFar) ? far : hn::IfThenElse(isFar, far, near());
     }
 
 private:
     int last_, first_ = 0;
-    Orb64f quarter_, ofNear_, ofFar_, ofRoot_, ofSquare_;
+    W quarter_, r_, s_, inverseBeta_, perSquare_;
 };
 
 // The largest argument of I0 that members take.
@@ -73,7 +75,7 @@ OrbStatus kaiser(const T* pSrc, T* pDst, int len, Orb64f alpha) {
     const WindowControl<T> control;
     const Orb64f magnitude = std::abs(alpha);
     if (magnitude * (len - 1) * 0.5 > kaiserLimit<T>) return orbStsWinKaiserErr;
-    applyWindow(Kaiser(len, magnitude), len, pSrc, pDst);
+    applyWindow(Kaiser<WeightOf<T>>(len, magnitude), len, pSrc, pDst);
     return orbStsNoErr;
 }
 

@@ -31,10 +31,11 @@ HWY_INLINE hn::Vec<D> weightsAt(D d, const Window& window, std::size_t k) {
 
 // ---- Products ----
 
-struct Weighted {
-    template <class T>
-    using Weight = T;
+// Members of double precision have weights of theirs, all others those of single precision.
+template <class T>
+using WeightOf = std::conditional_t<std::is_same_v<PartOf<T>, Orb64f>, Orb64f, Orb32f>;
 
+struct Weighted {
     template <class D, class V, class T>
     HWY_INLINE void vector(D d, V w, const T* src, T* dst) const {
         hn::StoreU(hn::Mul(hn::LoadU(d, src), w), d, dst);
@@ -47,9 +48,6 @@ struct Weighted {
 
 // Of integers: in single precision, times `scale`, to the nearest integer.
 struct WeightedNearest {
-    template <class T>
-    using Weight = Orb32f;
-
     Orb32f scale = 1;
 
     template <class D, class V, class T>
@@ -92,7 +90,7 @@ HWY_NOINLINE void applyWindow(Window& window, Weigh weigh, std::size_t len, cons
     constexpr std::size_t parts = partsOf<T>;
     const auto* const src = partsAt(pSrc);
     auto* const dst = partsAt(pDst);
-    const hn::ScalableTag<typename Weigh::template Weight<PartOf<T>>> d;
+    const hn::ScalableTag<WeightOf<T>> d;
     constexpr std::size_t lanes = hn::MaxLanes(d);
     const std::size_t half = len / 2;
     for (std::size_t first = 0; first < half; first += weightBlock) {
