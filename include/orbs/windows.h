@@ -12,15 +12,15 @@ ORBS_DECLARATIONS_BEGIN
  *   WinBartlett   w(n) = 2 n / M up to the middle, and mirrored
  *   WinHann       w(n) = 0.5 - 0.5 cos(2 pi n / M)
  *   WinHamming    w(n) = 0.54 - 0.46 cos(2 pi n / M)
- * This holds for all windows here: the weights of n and M - n are the same to the bit, and the middle element of an odd
- * len keeps its value whatever it is. Both parts of a complex element have one weight. Weights are doubles in the _64f and
- * _64fc members and floats in all others, whose unit of rounding u is 2^-53 and 2^-24. While the caller rounds to nearest,
- * those of WinBartlett are the quotients rounded once, up to a len of 2^24; WinHann's and WinHamming's doubles are within
- * 20 u of themselves however small they are, and their floats are such doubles rounded once more. A weight of 0 makes a
- * zero with the sign of the element, and a NaN of an infinity; with len 3 the ends of WinBartlett and WinHann are positive
- * zeros whatever they were.
- * Floats: one product in the caller's rounding mode. Integers: the product in single precision, to the nearest integer,
- * ties to even, saturated, whatever the caller's rounding mode is, and no exception flag.
+ * This holds for all windows here: the weights of n and M - n are the same to the bit, and the middle element of an
+ * odd len keeps its value whatever it is. Both parts of a complex element have one weight. Weights are doubles in the
+ * _64f and _64fc members and floats in all others; u is the unit of their rounding, 2^-53 or 2^-24. While the caller
+ * rounds to nearest, those of WinBartlett are quotients rounded once, up to a len of 2^24; the doubles of WinHann and
+ * WinHamming are within 20 u of themselves however small they are, and the floats are such doubles rounded once more.
+ * A weight of 0 makes a zero with the sign of the element, and a NaN of an infinity; with len 3 the ends of
+ * WinBartlett and WinHann are positive zeros whatever they were.
+ * Floats: one product in the caller's rounding mode. Integers: the product in single precision, to the nearest
+ * integer, ties to even, saturated; the caller's rounding mode does not matter, and no exception flag is raised.
  * pDst may be pSrc; the vectors overlap in no other way.
  *
  * Statuses, in the order of the tests: orbStsNullPtrErr, orbStsSizeErr (len below 3).
@@ -124,9 +124,9 @@ OrbStatus orbsWinBlackmanQ15_16s_ISfs(Orb16s* pSrcDst, int len, int alphaQ15, in
  * Alignment: any.
  * As above with w(n) = I0(alpha sqrt(n (M - n))) / I0(alpha M / 2), where I0 is the modified Bessel function; alpha M / 2
  * is what is elsewhere called beta. The sign of alpha does not matter; alpha 0 makes every weight 1. While the caller
- * rounds to nearest, weights are within (32 - 14 ln w(n)) u of themselves, doubles and floats alike; those that meet
- * integers may be anything up to 2^-100 instead of what is less. A NaN alpha makes floats NaN, and integers 32767, but in
- * the middle. len 1 leaves the element as it is.
+ * rounds to nearest, weights are within (32 - 14 ln w(n)) u of themselves, doubles and floats alike; those of integers
+ * that are below 2^-120 may be anything below that. A NaN alpha makes floats NaN, and integers 32767, but in the
+ * middle. len 1 leaves the element as it is.
  * Q15: alpha = alphaQ15 2^-15.
  *
  * Statuses, in the order of the tests: orbStsNullPtrErr, orbStsSizeErr (len below 1), orbStsWinKaiserErr (|alpha| M / 2

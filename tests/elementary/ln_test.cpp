@@ -1,4 +1,4 @@
-#include "elementary/ln.h"
+#include "elementary/ln_table.h"
 #include "support/unary_member.h"
 
 namespace {
