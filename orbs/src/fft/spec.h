@@ -204,10 +204,10 @@ Spec<T>* layOut(Orb8u* base, int order, bool real) {
 
 template <class T>
 void fillTables(Spec<T>& spec, bool real, T* initMemory) {
-    const QuarterWave<T> wave = spec.order <= fixedBaseOrder
-                                    ? QuarterWave<T>{fixedQuarterWave<T>.data(), fixedBaseOrder}
+    const QuarterWave<T> wave = spec.order <= constantOrder
+                                    ? QuarterWave<T>{fixedQuarterWave<T>.data(), constantOrder}
                                     : QuarterWave<T>{initMemory, spec.order};
-    if (wave.table == initMemory) computeQuarterWave(initMemory, spec.order);
+    if (spec.order > constantOrder) computeQuarterWave(initMemory, spec.order);
     int m = real ? spec.order - 1 : spec.order;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n)
         fillLevel<T>(spec.levels[n], wave, m);

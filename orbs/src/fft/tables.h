@@ -12,7 +12,8 @@
 namespace orbs::fft {
 
 constexpr double twoPi = 6.283185307179586476925286766559;
-constexpr int fixedBaseOrder = 10; // transforms up to this order read the library's constant quarter wave
+constexpr int fixedBaseOrder = 10; // transforms up to this order need no memory for a quarter wave
+constexpr int constantOrder = 13;  // up to this order they read the library's constant one
 
 // sin(2 pi m / 2^order) for m = 0 to 2^order / 4. The argument is formed in double; past the eighth wave the cosine of
 // the complement is taken.
@@ -38,11 +39,12 @@ private:
 
 template <class T>
 constexpr auto makeFixedQuarterWave() {
-    constexpr int eighth = 1 << (fixedBaseOrder - 3);
+    constexpr int eighth = 1 << (constantOrder - 3);
     std::array<T, 2 * eighth + 1> table{};
     for (int m = 0; m <= 2 * eighth; ++m) {
         const double step = twoPi / (8 * eighth);
-        table[m] = static_cast<T>(m <= eighth ? __builtin_sin(m * step) : __builtin_cos((2 * eighth - m) * step));
+        const long double sine = m <= eighth ? __builtin_sinl(m * step) : __builtin_cosl((2 * eighth - m) * step);
+        table[m] = static_cast<T>(static_cast<double>(sine));
     }
     return table;
 }
@@ -84,7 +86,7 @@ struct Twiddles16 {
 };
 template <class T>
 inline constexpr Twiddles16<T> twiddles16 = [] {
-    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), fixedBaseOrder};
+    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), constantOrder};
     Twiddles16<T> w{};
     for (std::size_t power = 1; power < 4; ++power) {
         for (std::size_t column = 0; column < 4; ++column) {
