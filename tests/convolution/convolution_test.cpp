@@ -111,7 +111,7 @@ TYPED_TEST(Convolution, IsTheSumByEachMethod) {
         const auto direct = call<T>(M::direct, a, b), fourier = call<T>(M::fourier, a, b);
         expectSums(direct, want, size(std::min(aLen, bLen)));
         expectTransformed(fourier, want, a, b);
-        if (aLen != bLen) { ASSERT_TRUE(sameBits(call<T>(M::direct, b, a), direct)); }
+        ASSERT_TRUE(sameBits(call<T>(M::direct, b, a), direct));
         ASSERT_TRUE(sameBits(call<T>(M::fourier, b, a), fourier));
         const bool shorts = aLen + bLen - 1 < 512 || std::min(aLen, bLen) < 64;
         ASSERT_TRUE(sameBits(call<T>(M::fastest, a, b), shorts ? direct : fourier));
