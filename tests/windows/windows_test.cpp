@@ -33,7 +33,7 @@ struct Weight {
 };
 Weight bartlett(Real n, Real m) {
     const Real w = 2 * std::min(n, m - n) / m;
-    return {w, 20 * unit * w};
+    return {w, (unit + std::numeric_limits<Real>::epsilon()) * w}; // rounded once
 }
 // The formula itself loses what it subtracts.
 constexpr Real lost = 4 * std::numeric_limits<Real>::epsilon();
@@ -138,13 +138,13 @@ TEST(Windows, AreWhatTheFormulasSay) {
             const auto single = weightsOf(family.of32f, len);
             for (std::size_t n = 0; n < w.size(); ++n) {
                 const auto [value, tolerance, ofFloat] = family.weight(static_cast<Real>(n), len - 1);
-                ASSERT_NEAR(w[n], value, tolerance) << family.name << " len " << len << " n " << n;
+                ASSERT_LE(std::abs(w[n] - value), tolerance) << family.name << " len " << len << " n " << n;
                 ASSERT_EQ(w[n], w[w.size() - 1 - n]) << family.name << " len " << len << " n " << n;
                 ASSERT_EQ(single[n], single[w.size() - 1 - n]) << family.name << " len " << len << " n " << n;
                 if (ofFloat == 0) {
                     ASSERT_EQ(single[n], static_cast<Orb32f>(w[n])) << family.name << " len " << len << " n " << n;
                 } else {
-                    ASSERT_NEAR(single[n], value, ofFloat) << family.name << " len " << len << " n " << n;
+                    ASSERT_LE(std::abs(single[n] - value), ofFloat) << family.name << " len " << len << " n " << n;
                 }
             }
         }
@@ -274,7 +274,7 @@ TEST(Windows, KaiserHoldsUpToTheLargestArguments) {
     EXPECT_EQ(orbsWinKaiser_16s_I(scaled.data(), len, alpha), orbStsNoErr);
     for (std::size_t n = 0; n < w.size(); ++n) {
         const auto [value, tolerance, ofFloat] = kaiser(static_cast<Real>(n), len - 1, alpha);
-        ASSERT_NEAR(w[n], value, tolerance) << n;
+        ASSERT_LE(std::abs(w[n] - value), tolerance) << n;
         ASSERT_NEAR(scaled[n], 32767 * value, 0.5 + 32767 * (ofFloat + 0x1p-24)) << n;
     }
 }

@@ -9,9 +9,8 @@
 
 namespace orbs {
 
-// Up to `end` I0(x) = 1 + y near(y) with y = x^2 / 4, and from there on I0(x) = exp(x) / sqrt(x) far(1 / x), both
-// minimax: within a quarter of a unit in single precision, and a unit in double precision. exp is taken down to
-// -`deepest` only.
+// Up to `end` I0(x) = 1 + y near(y) with y = x^2 / 4, and from there on I0(x) = exp(x) / sqrt(x) far(1 / x); both are
+// minimax in the relative error of I0. exp is taken down to -`deepest` only.
 template <class T>
 struct Bessel;
 template <>
