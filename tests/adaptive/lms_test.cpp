@@ -88,6 +88,17 @@ TEST(Lms, FiltersAndThenAdapts) {
     }
 }
 
+// An infinite error makes all taps infinite, not NaN; a sample that is still to come meets none.
+TEST(Lms, LooksAtNothingBesideItsTaps) {
+    for (const int tapsLen : tapCounts) {
+        const auto size = static_cast<std::size_t>(tapsLen);
+        Filter<float> filter(std::vector<float>(size), std::vector<float>(size, 1), 0);
+        const auto y = filter.run({1, 1, INFINITY}, {INFINITY, 0, 0}, 1);
+        EXPECT_EQ(y[0], 0) << tapsLen;
+        EXPECT_EQ(y[1], INFINITY) << tapsLen;
+    }
+}
+
 // Blocks of samples, and of outputs, however they are cut and wherever outputs go.
 template <class X>
 void expectOneStream(int tapsLen, float mu) {

@@ -54,10 +54,11 @@ class LmsFilter {
     static constexpr D d{};
     static constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
 
-    // What the samples in a vector of the first row give, without those that have no tap.
-    static HWY_INLINE V ofTaps(std::size_t v, std::size_t inFirst, V products) {
-        if constexpr (whole) return products;
-        return hn::IfThenElseZero(hn::FirstN(d, inFirst - std::min(inFirst, v * step)), products);
+    // A vector of the first row, without what has no tap. Samples there are 0, and so is what adapts to them, even to
+    // an error that is infinite: places behind the taps keep their zeros.
+    static HWY_INLINE V ofTaps(std::size_t v, std::size_t inFirst, V samplesOrSteps) {
+        if constexpr (whole) return samplesOrSteps;
+        return hn::IfThenElseZero(hn::FirstN(d, inFirst - std::min(inFirst, v * step)), samplesOrSteps);
     }
     static HWY_INLINE V folded(V (&sums)[vectors]) {
 #pragma GCC unroll 8
@@ -90,11 +91,12 @@ private:
         for (std::size_t k = 0; k < held * vectors; ++k) h[k] = hn::LoadU(d, rows + k * step);
         for (std::size_t n = 0; n < count; ++n) {
             const auto samples = [=](std::size_t k) HWY_ATTR {
-                return hn::LoadU(d, x + n + (k < vectors ? k * step : inFirst + (k - vectors) * step));
+                if (k < vectors) return ofTaps(k, inFirst, hn::LoadU(d, x + n + k * step));
+                return hn::LoadU(d, x + n + inFirst + (k - vectors) * step);
             };
             V sums[vectors];
 #pragma GCC unroll 8
-            for (std::size_t v = 0; v < vectors; ++v) sums[v] = ofTaps(v, inFirst, hn::Mul(h[v], samples(v)));
+            for (std::size_t v = 0; v < vectors; ++v) sums[v] = hn::Mul(h[v], samples(v));
 #pragma GCC unroll 32
             for (std::size_t k = vectors; k < held * vectors; ++k)
                 sums[k % vectors] = hn::Add(sums[k % vectors], hn::Mul(h[k], samples(k)));
@@ -117,17 +119,17 @@ private:
         V sums[vectors], e = hn::Zero(d);
         const auto vector = [&](auto pass, auto isFirst, std::size_t v, Orb32f* taps, const Orb32f* samples) HWY_ATTR {
             constexpr bool adapts = pass() != Pass::filter, filters = pass() != Pass::adapt;
-            const auto kept = [&](V products) HWY_ATTR {
-                if constexpr (isFirst()) return ofTaps(v, told.inFirst, products);
-                return products;
+            const auto kept = [&](V samplesOrSteps) HWY_ATTR {
+                if constexpr (isFirst()) return ofTaps(v, told.inFirst, samplesOrSteps);
+                return samplesOrSteps;
             };
             V h = hn::LoadU(d, taps + v * step);
             if constexpr (adapts) {
-                h = hn::Add(h, kept(hn::Mul(hn::LoadU(d, samples + v * step), e)));
+                h = hn::Add(h, kept(hn::Mul(kept(hn::LoadU(d, samples + v * step)), e)));
                 hn::StoreU(h, d, taps + v * step);
             }
             if constexpr (filters) {
-                const V product = kept(hn::Mul(h, hn::LoadU(d, samples + adapts + v * step)));
+                const V product = hn::Mul(h, kept(hn::LoadU(d, samples + adapts + v * step)));
                 if constexpr (isFirst()) {
                     sums[v] = product;
                 } else {
