@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fft/columns.h"
+#include "fft/sines.h"
 #include "foundation/control.h"
 #include "orbdefs.h"
 
@@ -42,7 +43,7 @@ constexpr auto makeFixedQuarterWave() {
     std::array<T, 2 * eighth + 1> table{};
     for (int m = 0; m <= 2 * eighth; ++m) {
         const double step = twoPi / (8 * eighth);
-        table[m] = static_cast<T>(m <= eighth ? __builtin_sin(m * step) : __builtin_cos((2 * eighth - m) * step));
+        table[m] = static_cast<T>(m <= eighth ? constantSine(m * step) : constantCosine((2 * eighth - m) * step));
     }
     return table;
 }
