@@ -55,43 +55,47 @@ def types(text):
     return "".join(re.findall(r"_?(?:(?:1|8|16|24|32|64)(?:sc|fc|u|s|f))+(?=_|$)", text))
 
 
+def is_vector(a):
+    return a.stars == 1 and not a.length and bool(VECTOR.match(a.name))
+
+
 class Form:
     """A function or method: what stands between its parentheses, and what it hands on to C."""
 
-    def __init__(self, arguments, blocks=False, lengths=None):
+    def __init__(self, arguments, blocks=False, lengths=(frozenset(), "true")):
+        exempt, condition = lengths
+        vectors = [a.name for a in arguments if blocks and is_vector(a) and a.name not in exempt]
+        self.tied = defaultdict(list)
+        for vector in vectors:
+            self.tied[length_of(vector, arguments)].append(vector)
         self.parameters, self.handed = [], []
-        exempt, condition = lengths or (set(), "true")
-        tied = defaultdict(list)
-        if blocks:
-            for a in arguments:
-                if a.stars == 1 and not a.length and VECTOR.match(a.name) and a.name not in exempt:
-                    tied[length_of(a.name, arguments)].append(a.name)
-        self.understood = bool(tied) and None not in tied
-        used = set()
         for a in arguments:
-            const, element = "const " * a.constant, a.type
-            pair = PAIR.match(element)
-            if a.name in tied:
-                first = condition if not used else "true"
-                used.add(a.name)
-                self.handed.append(f"length({first}, {', '.join(tied[a.name])})")
-            elif blocks and a.stars == 1 and not a.length and VECTOR.match(a.name):
-                self.parameters.append(f"Block<{const}{element}> {a.name}")
-                self.handed.append(f"{a.name}.data()")
+            if a.name in self.tied:
+                self.handed.append(f"length({condition}, {', '.join(self.tied[a.name])})")
+                condition = "true" # is looked at once
+            elif blocks and is_vector(a):
+                self.take(f"Block<{'const ' * a.constant}{a.type}>", a, f"{a.name}.data()")
             elif blocks and a.stars == 1 and not a.length and not a.constant and a.name != "pBuffer":
-                self.parameters.append(f"Reference<{element}> {a.name}" if pair else f"{element}& {a.name}")
-                self.handed.append(f"&{a.name}")
+                self.take(f"Reference<{a.type}>" if PAIR.match(a.type) else f"{a.type}&", a, f"&{a.name}")
+            elif PAIR.match(a.type) and a.stars == 1 and not a.length:
+                self.take(f"Pointer<{'const ' * a.constant}{a.type}>", a)
+            elif PAIR.match(a.type) and not a.stars:
+                self.take(f"Value<{a.type}>", a)
             else:
-                if a.stars == 1 and not a.length and pair:
-                    self.parameters.append(f"Pointer<{const}{element}> {a.name}")
-                elif not a.stars and pair:
-                    self.parameters.append(f"Value<{element}> {a.name}")
-                else:
-                    self.parameters.append(str(a))
+                self.parameters.append(str(a))
                 self.handed.append(a.name)
         last = arguments[-1] if arguments else None
-        if last and (last.name == "pBuffer" or last.name == "pDlyLine" and last.constant): # null has a meaning
+        if last and (last.name == "pBuffer" or last.name == "pDlyLine" and last.constant):  # null has a meaning
             self.parameters[-1] += " = nullptr"
+
+    def take(self, kind, argument, handed=None):
+        self.parameters.append(f"{kind} {argument.name}")
+        self.handed.append(handed or argument.name)
+
+    @property
+    def understood(self):
+        """All vectors have a length that an argument tells."""
+        return bool(self.tied) and None not in self.tied
 
     @property
     def signature(self):
@@ -110,8 +114,8 @@ def forms(member, arguments, changes_rate=False):
     """Those that a member has: with pointers, and with blocks where its lengths are understood."""
     found = [Form(arguments)]
     if member.family.header.room in WITH_BLOCKS and not WITHOUT_BLOCKS.match(member.short) and not changes_rate:
-        lengths = next((rule[1:] for rule in LENGTHS if re.match(rule[0], member.short)), None)
-        blocks = Form(arguments, True, lengths)
+        rules = [rule[1:] for rule in LENGTHS if re.match(rule[0], member.short)]
+        blocks = Form(arguments, True, *rules)
         if blocks.understood:
             found.append(blocks)
     return found
@@ -215,10 +219,10 @@ class Object:
                          f"{{ return {self.init.name}({arguments}); }}")
 
     def text(self, sizes):
-        lines = [f"class {self.name}_Calls : public Access<{self.kind}> {{", "public:",
-                 *self.methods(), "", "protected:", *self.cycle(sizes), "};"]
         owner = "Owned" if self.alloc else "Placed"
-        return [lines[0], lines[1], *(f"    {line}" if line and not line.endswith(":") else line for line in lines[2:-1]),
+        return [f"class {self.name}_Calls : public Access<{self.kind}> {{",
+                "public:", *(f"    {line}" for line in self.methods()),
+                "", "protected:", *(f"    {line}" for line in self.cycle(sizes)),
                 "};", f"using {self.name} = {owner}<{self.name}_Calls>;"]
 
 
