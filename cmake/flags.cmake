@@ -1,11 +1,13 @@
 # What every target of the project is compiled with. The numeric options are part of the contract: no fused
-# multiply-add and no re-association, so that every tier and ABI computes the same bits.
+# multiply-add and no re-association, so that every tier and ABI computes the same bits. What clang makes of round() is
+# right only where the caller rounds to nearest.
 add_library(orbs_flags INTERFACE)
 target_compile_options(orbs_flags INTERFACE
     -Wall -Wextra -Wshadow -Wpointer-arith -Wundef
     -ffp-contract=off
     $<$<COMPILE_LANGUAGE:C>:-Wstrict-prototypes>
-    $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations>)
+    $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations>
+    $<$<COMPILE_LANG_AND_ID:CXX,Clang>:-fno-builtin-round>)
 if(ORBS_SANITIZE)
     # -g1 tells file and line of a finding. More debug information, and more optimisation of code that is full of
     # checks, multiplies the time that compiling takes.
