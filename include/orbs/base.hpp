@@ -55,8 +55,8 @@ private:
     throw Error(status);
 }
 
-// How a call reports, its first template argument: Add(a, b, sum) throws an Error and returns the status otherwise, which
-// is a warning or success; Add<Return>(a, b, sum) throws nothing and returns a Result.
+// How a call reports, its first template argument: Add(a, b, sum) throws an Error and returns the status otherwise,
+// which is a warning or success; Add<Return>(a, b, sum) throws nothing and returns a Result.
 struct Throw {
     using Report = Status;
     static Report report(OrbStatus status) {
@@ -143,19 +143,17 @@ template <class T>
 class Block {
     template <class Range>
     using Element = std::remove_pointer_t<decltype(std::data(std::declval<Range&>()))>;
-    template <class E>
-    static constexpr bool isElement = std::is_same_v<std::remove_const_t<E>, std::remove_const_t<T>> &&
-                                      std::is_convertible_v<E*, T*>;
-    template <class E>
-    static constexpr bool isTwin = !std::is_void_v<TwinOf<T>> &&
-                                   std::is_same_v<std::remove_const_t<E>, std::remove_const_t<TwinOf<T>>> &&
-                                   std::is_convertible_v<E*, TwinOf<T>*>;
+    // E is Wanted, and const where that is.
+    template <class E, class Wanted>
+    static constexpr bool is = std::conjunction_v<std::negation<std::is_void<Wanted>>,
+                                                  std::is_same<std::remove_const_t<E>, std::remove_const_t<Wanted>>,
+                                                  std::is_convertible<E*, Wanted*>>;
 
 public:
     constexpr Block(T* data, std::size_t size) noexcept : data_(data), size_(size) {}
-    template <class Range, class E = Element<Range>, std::enable_if_t<isElement<E>, int> = 0>
+    template <class Range, class E = Element<Range>, std::enable_if_t<is<E, T>, int> = 0>
     constexpr Block(Range&& range) : data_(std::data(range)), size_(std::size(range)) {}
-    template <class Range, class E = Element<Range>, std::enable_if_t<isTwin<E>, long> = 0>
+    template <class Range, class E = Element<Range>, std::enable_if_t<is<E, TwinOf<T>>, long> = 0>
     Block(Range&& range) : data_(reinterpret_cast<T*>(std::data(range))), size_(std::size(range)) {}
     constexpr T* data() const noexcept { return data_; }
     constexpr std::size_t size() const noexcept { return size_; }
@@ -165,8 +163,8 @@ private:
     std::size_t size_;
 };
 
-// The length of vectors as a call takes it: 0, which every member refuses with orbStsSizeErr, where they are not of one
-// length, or of one that an int cannot tell, or where `also` does not hold.
+// The length of vectors as a call takes it: 0 where they are not of one length, or of one that an int cannot tell, or
+// where `also` does not hold. Every member refuses that, with orbStsSizeErr or, of taps, orbStsFIRLenErr.
 template <class First, class... Others>
 constexpr int length(bool also, const First& first, const Others&... others) noexcept {
     const std::size_t size = first.size();
@@ -175,8 +173,8 @@ constexpr int length(bool also, const First& first, const Others&... others) noe
 }
 
 // ---- Objects ---------------------------------------------------------------------------------------------------
-// Where the calls of an object find it. For members that orbs.hpp has not got: get(). An object that there is none of is a
-// null pointer, which calls refuse with orbStsNullPtrErr.
+// Where the calls of an object find it. For members that orbs.hpp has not got: get(). An object that there is none of
+// is a null pointer, which calls refuse with orbStsNullPtrErr.
 template <class T>
 class Access {
 public:
@@ -303,8 +301,8 @@ private:
     Memory memory_;
 };
 
-// Copyable<IIR_32f> is an IIR_32f that can be copied, in the middle of its stream, too. Only a FIR filter is slower for it:
-// it filters directly, without the FFT that long ones have else.
+// Copyable<IIR_32f> is an IIR_32f that can be copied, in the middle of its stream, too. Only a FIR filter is slower for
+// it: it filters directly, without the FFT that long ones have else.
 template <class Object>
 using Copyable = Placed<typename Object::WithCalls>;
 

@@ -1,5 +1,5 @@
-// The library through orbs.hpp: what it gives must be what C gives, errors must arrive, objects must live and die as C++
-// has it. Exits 0 if all of it is so.
+// The library through orbs.hpp: what it gives must be what C gives, errors must arrive, objects must live and die as
+// C++ has it. Exits 0 if all of it is so.
 #include <orbs.hpp>
 
 #include <array>
@@ -7,24 +7,18 @@
 #include <string>
 #include <vector>
 #if __cplusplus >= 202002L
-#include <span>
+#    include <span>
 #endif
 
 namespace {
 
 int failures = 0;
 
-void expect(bool holds, const char* what, int line) {
+void expect(bool holds, const char* what, int line = __builtin_LINE()) {
     if (holds) return;
-    std::fprintf(stderr, "use.cpp:%d: %s\n", line, what);
+    std::fprintf(stderr, "use.cpp:%d: not so: %s\n", line, what);
     ++failures;
 }
-// Not a macro: a test of a header without macros has none.
-struct Here {
-    int line;
-    constexpr Here(int l = __builtin_LINE()) : line(l) {}
-};
-void same(bool holds, const char* what, Here here = {}) { expect(holds, what, here.line); }
 
 template <class T>
 std::vector<T> ramp(std::size_t count, double slope) {
@@ -38,7 +32,8 @@ OrbStatus thrownBy(Call call) {
     try {
         call();
     } catch (const orbs::Error& error) {
-        same(std::string(error.what()) == orbGetStatusString(error.status().code()), "an error tells the status's text");
+        expect(std::string(error.what()) == orbGetStatusString(error.status().code()),
+               "an error tells the status's text");
         return error.status().code();
     }
     return orbStsNoErr;
@@ -47,16 +42,17 @@ OrbStatus thrownBy(Call call) {
 void statuses() {
     std::vector<float> a(4, -1.0f), b(4), shorter(3), none;
     const float* const nothing = nullptr;
-    same(thrownBy([&] { orbs::Add(nothing, b.data(), 4); }) == orbStsNullPtrErr, "a null pointer is thrown");
-    same(thrownBy([&] { orbs::Add(a, shorter); }) == orbStsSizeErr, "lengths that differ are thrown");
-    same(orbs::Add<orbs::Return>(a, shorter, b).code() == orbStsSizeErr, "lengths that differ are returned");
-    same(orbs::Add<orbs::Return>(none, none).isError(), "nothing to work on is refused");
-    same(!orbs::Add<orbs::Return>(nothing, b.data(), 4), "an error is false");
+    expect(thrownBy([&] { orbs::Add(nothing, b.data(), 4); }) == orbStsNullPtrErr, "a null pointer is thrown");
+    expect(thrownBy([&] { orbs::Add(a, shorter); }) == orbStsSizeErr, "lengths that differ are thrown");
+    expect(orbs::Add<orbs::Return>(a, shorter, b).code() == orbStsSizeErr, "lengths that differ are returned");
+    expect(orbs::Add<orbs::Return>(none, none).isError(), "nothing to work on is refused");
+    expect(!orbs::Add<orbs::Return>(nothing, b.data(), 4), "an error is false");
     const orbs::Status warning = orbs::Sqrt(a, b);
-    same(warning.isWarning() && warning == orbStsSqrtNegArg, "a warning is returned, not thrown");
+    expect(warning.isWarning() && warning == orbStsSqrtNegArg, "a warning is returned, not thrown");
     const orbs::Block<const float> endless(a.data(), std::size_t{1} << 31);
     float sum = 0;
-    same(orbs::Sum<orbs::Return>(endless, sum, orbAlgHintNone).code() == orbStsSizeErr, "lengths above an int are refused");
+    expect(orbs::Sum<orbs::Return>(endless, sum, orbAlgHintNone).code() == orbStsSizeErr,
+           "lengths above an int are refused");
 }
 
 // One name for four element types, in and out of place, against the members by name.
@@ -68,20 +64,20 @@ void overloads() {
     orbs::Sub(x, y, got);
     orbsSub_32f(x.data(), y.data(), want.data(), 100);
     orbs::Sub(x, inPlace);
-    same(got == want && inPlace == want, "Sub of floats");
+    expect(got == want && inPlace == want, "Sub of floats");
     std::vector<double> gotd(100), wantd(100);
     orbs::Sub(xd, yd, gotd);
     orbsSub_64f(xd.data(), yd.data(), wantd.data(), 100);
-    same(gotd == wantd, "Sub of doubles");
+    expect(gotd == wantd, "Sub of doubles");
     std::vector<Orb16s> gots(100), wants(100), inPlaces = ys;
     orbs::Add(xs, ys, gots, 2);
     orbsAdd_16s_Sfs(xs.data(), ys.data(), wants.data(), 100, 2);
     orbs::Add(xs, inPlaces, 2);
-    same(gots == wants && inPlaces == wants, "Add of integers with a scale");
+    expect(gots == wants && inPlaces == wants, "Add of integers with a scale");
     Orb32f mean = 0, wanted = 0;
     orbs::Mean(x, mean, orbAlgHintAccurate);
     orbsMean_32f(x.data(), 100, &wanted, orbAlgHintAccurate);
-    same(mean == wanted, "a result by reference");
+    expect(mean == wanted, "a result by reference");
 }
 
 void complexNumbers() {
@@ -90,17 +86,17 @@ void complexNumbers() {
     std::vector<std::complex<float>> twins(10);
     orbs::AddC(z, std::complex<float>(1, -1), twins);
     orbs::AddC(z, Orb32fc{1, -1}, pairs);
-    same(twins[9] == std::complex<float>(4, 3) && pairs[9].re == 4 && pairs[9].im == 3, "a value of either type");
+    expect(twins[9] == std::complex<float>(4, 3) && pairs[9].re == 4 && pairs[9].im == 3, "a value of either type");
     std::vector<float> magnitudes(10);
     orbs::Magnitude(z.data(), magnitudes.data(), 10);
-    same(magnitudes[9] == 5, "a pointer to complex elements");
+    expect(magnitudes[9] == 5, "a pointer to complex elements");
     std::complex<double> dot;
     orbs::DotProd(z, z, dot);
-    same(dot == std::complex<double>(-70, 240), "a complex result of another width");
+    expect(dot == std::complex<double>(-70, 240), "a complex result of another width");
     const std::vector<std::complex<Orb16s>> whole(4, {1, 2});
     std::vector<Orb16sc> conjugates(4);
     orbs::Conj(whole, conjugates);
-    same(conjugates[3].re == 1 && conjugates[3].im == -2, "pairs of integers");
+    expect(conjugates[3].re == 1 && conjugates[3].im == -2, "pairs of integers");
 }
 
 void blocks() {
@@ -108,15 +104,15 @@ void blocks() {
     std::array<float, 2> taps{1, -1};
     std::vector<float> y(5), low(2), high(2);
     orbs::Conv(x, taps, y);
-    same(y == std::vector<float>({1, 1, 1, 1, -4}), "a convolution of an array and a std::array");
-    same(!orbs::Conv<orbs::Return>(x, x, y), "a convolution into too little room is refused");
-    same(!orbs::WTHaarFwd<orbs::Return>(x, low, orbs::Block<float>(high.data(), 1)), "and a wavelet step");
+    expect(y == std::vector<float>({1, 1, 1, 1, -4}), "a convolution of an array and a std::array");
+    expect(!orbs::Conv<orbs::Return>(x, x, y), "a convolution into too little room is refused");
+    expect(!orbs::WTHaarFwd<orbs::Return>(x, low, orbs::Block<float>(high.data(), 1)), "and a wavelet step");
     orbs::WTHaarFwd(x, low, high);
-    same(low[1] == 3.5f && high[1] == 0.5f, "a wavelet step");
+    expect(low[1] == 3.5f && high[1] == 0.5f, "a wavelet step");
 #if __cplusplus >= 202002L
     const std::span<const float> middle = std::span(x).subspan(1, 2);
     orbs::Copy(middle, std::span(low));
-    same(low[0] == 2 && low[1] == 3, "spans");
+    expect(low[0] == 2 && low[1] == 3, "spans");
 #endif
 }
 
@@ -135,7 +131,7 @@ void copiesInMidStream(const std::vector<T>& x, Make make, const char* what, Sca
     Object moved = std::move(third);
     first = Object();
     moved.Run(x.data() + half, again.data(), half, scale...);
-    same(cut == straight && std::vector<T>(cut.begin() + half, cut.end()) == again, what);
+    expect(cut == straight && std::vector<T>(cut.begin() + half, cut.end()) == again, what);
 }
 
 void objects() {
@@ -149,20 +145,20 @@ void objects() {
     orbsFIR_32f(x.data(), want.data(), 400, state);
     orbsFIRFree_32f(state);
     filter.Run(x, got);
-    same(got == want, "a FIR filter");
-    same(other.Run<orbs::Return>(x, got).code() == orbStsNullPtrErr, "an object that there is none of is refused");
-    same(!filter.InitAlloc<orbs::Return>(taps.data(), 0) && filter, "what cannot be made leaves what was there");
-    same(thrownBy([&] { orbs::FIR_32f(taps.data(), 0); }) == orbStsFIRLenErr, "a constructor throws");
+    expect(got == want, "a FIR filter");
+    expect(other.Run<orbs::Return>(x, got).code() == orbStsNullPtrErr, "an object that there is none of is refused");
+    expect(!filter.InitAlloc<orbs::Return>(taps.data(), 0) && filter, "what cannot be made leaves what was there");
+    expect(thrownBy([&] { orbs::FIR_32f(taps.data(), 0); }) == orbStsFIRLenErr, "a constructor throws");
     OrbsFIRState_32f* const address = filter.get();
     other = std::move(filter);
     orbs::FIR_32f third(std::move(other));
-    same(third.get() == address && !other, "moving moves the object"); // NOLINT: looked at after the move
+    expect(third.get() == address && !other, "moving moves the object"); // NOLINT: looked at after the move
     third.InitAlloc(taps);
     third.Run(x, got);
-    same(got == want, "a filter made anew");
+    expect(got == want, "a filter made anew");
 
-    copiesInMidStream<orbs::Copyable<orbs::FIR_32f>>(x, [&] { return orbs::Copyable<orbs::FIR_32f>(taps); },
-                                                     "copies of FIR filters");
+    copiesInMidStream<orbs::Copyable<orbs::FIR_32f>>(
+        x, [&] { return orbs::Copyable<orbs::FIR_32f>(taps); }, "copies of FIR filters");
     const std::array<double, 6> section{0.2, 0.3, 0.2, 1, -0.5, 0.25};
     copiesInMidStream<orbs::Copyable<orbs::IIR64f_BiQuad_16s>>(
         ramp<Orb16s>(300, 40), [&] { return orbs::Copyable<orbs::IIR64f_BiQuad_16s>(section.data(), 1); },
@@ -179,13 +175,13 @@ void objects() {
     auto twin = noise;
     noise.Run(a);
     twin.Run(b);
-    same(a == b, "copies of generators");
+    expect(a == b, "copies of generators");
 
     // Twice the rate, with every factor told.
     const float hold[2] = {1, 1};
     orbs::FIRMR_32f doubled(hold, 2, 2, 0, 1, 0);
     doubled.Run(x.data(), got.data(), 200);
-    same(got[0] == x[0] && got[1] == x[0] && got[398] == x[199], "a filter that changes the rate");
+    expect(got[0] == x[0] && got[1] == x[0] && got[398] == x[199], "a filter that changes the rate");
 }
 
 void transforms() {
@@ -196,13 +192,14 @@ void transforms() {
     for (std::size_t n = 0; n < 256; ++n) x[n] = {static_cast<float>(n % 7), static_cast<float>(n % 11)};
     spec.Fwd_CToC(x.data(), spectrum.data());
     copy.Fwd_CToC(x.data(), other.data());
-    same(spectrum == other, "a copy of a transform gives the same bits");
+    expect(spectrum == other, "a copy of a transform gives the same bits");
     spec.Inv_CToC(spectrum.data(), back.data());
     float error = 0;
     for (std::size_t n = 0; n < 256; ++n) error = std::max(error, std::abs(back[n] - x[n]));
-    same(error < 1e-5f, "forth and back");
-    same(thrownBy([] { orbs::FFT_R_64f(31, ORB_FFT_SCALE_INV, orbAlgHintNone); }) == orbStsFftOrderErr, "a wrong order");
-    same(thrownBy([] { orbs::Copyable<orbs::FFT_R_64f>(8, 3, orbAlgHintNone); }) == orbStsFftFlagErr, "a wrong flag");
+    expect(error < 1e-5f, "forth and back");
+    expect(thrownBy([] { orbs::FFT_R_64f(31, ORB_FFT_SCALE_INV, orbAlgHintNone); }) == orbStsFftOrderErr,
+           "a wrong order");
+    expect(thrownBy([] { orbs::Copyable<orbs::FFT_R_64f>(8, 3, orbAlgHintNone); }) == orbStsFftFlagErr, "a wrong flag");
 }
 
 } // namespace
