@@ -2,8 +2,8 @@
 #pragma once
 
 #include "fft/columns.h"
-#include "fft/sines.h"
 #include "foundation/control.h"
+#include "foundation/sines.h"
 #include "orbdefs.h"
 
 #include <array>

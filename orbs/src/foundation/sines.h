@@ -1,7 +1,7 @@
 // Sine and cosine of constants, for tables that the compiler computes: the same bits by every compiler.
 #pragma once
 
-namespace orbs::fft {
+namespace orbs {
 
 // The terms of a Taylor series behind its first one: of the cosine of x, and with `odd` 1 of the sine over x. Up to
 // half a turn the 20 of them reach beyond extended precision.
@@ -17,4 +17,4 @@ constexpr double constantCosine(long double x) {
     return static_cast<double>(1 + sineSeries(x * x, 0));
 }
 
-} // namespace orbs::fft
+} // namespace orbs
