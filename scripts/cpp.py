@@ -287,9 +287,9 @@ PROLOGUE = '''\
 // orbs.hpp: orbs for C++17 and later, made from the C headers, which tell what each function does.
 //
 //     std::vector<float> noisy(4096), smooth(4096);
-//     orbs::Add(noisy, smooth);                            // orbsAdd_32f_I: smooth[n] += noisy[n]
 //     orbs::FIR_32f filter(std::array{0.25f, 0.5f, 0.25f});   // frees itself
-//     filter.Run(noisy, smooth);                           // orbsFIR_32f
+//     filter.Run(noisy, smooth);                              // orbsFIR_32f
+//     orbs::Add(noisy, smooth);                               // orbsAdd_32f_I: smooth[n] += noisy[n]
 //
 // A function has the name of its members without the prefix, the types, I and Sfs: arguments tell which is called. It
 // takes what the member takes, pointers and lengths; in most families also blocks - arrays, vectors, spans - which know
@@ -299,8 +299,9 @@ PROLOGUE = '''\
 // An error is thrown as an orbs::Error, and a warning returned; orbs::Add<orbs::Return>(...) returns either.
 //
 // An object is a class of the name of what makes it, without the prefix and InitAlloc: IIR_BiQuad_32f, FFT_R_64f. It is
-// constructed from the arguments of that function, moves, and frees itself; Copyable<IIR_BiQuad_32f> copies, too. Methods
-// are what is left of a member's name: SetTaps, Fwd_RToCCS, and Run for orbsIIR_32f itself.
+// constructed from the arguments of that function, moves, and frees itself; Copyable<IIR_BiQuad_32f> copies, too, as do
+// all that C has an Init for. Methods are what is left of a member's name: SetTaps, Fwd_RToCCS, and Run for orbsIIR_32f
+// itself.
 #pragma once
 
 #include "orbs/base.hpp"
