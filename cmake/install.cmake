@@ -20,7 +20,8 @@ foreach(tier IN LISTS orbs_other_tiers)
             DESTINATION ${CMAKE_INSTALL_LIBDIR}/glibc-hwcaps/x86-64-${tier})
 endforeach()
 
-install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
+install(FILES ${orbs_made_include}/orbs.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 file(RELATIVE_PATH orbs_pc_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 file(RELATIVE_PATH orbs_pc_libdir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})

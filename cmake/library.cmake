@@ -8,6 +8,15 @@ target_link_options(orbcore PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/c
 set_target_properties(orbcore PROPERTIES VERSION 5.2 SOVERSION 5.2
     LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/orbcore.map)
 
+# The C++ header is made from those of C.
+file(GLOB orbs_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/orbs/*.h)
+set(orbs_made_include ${CMAKE_BINARY_DIR}/include)
+file(MAKE_DIRECTORY ${orbs_made_include})
+add_custom_command(OUTPUT ${orbs_made_include}/orbs.hpp
+    COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/scripts/cpp.py ${orbs_made_include}/orbs.hpp
+    DEPENDS scripts/cpp.py scripts/headers.py ${orbs_headers} VERBATIM)
+add_custom_target(orbs_hpp ALL DEPENDS ${orbs_made_include}/orbs.hpp)
+
 file(GLOB orbs_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/orbs/src/*/*.cpp)
 
 if(ORBS_SANITIZE)
@@ -48,4 +57,6 @@ orbs_add_tier(orbs ${orbs_first_tier} lib)
 foreach(tier IN LISTS orbs_other_tiers)
     orbs_add_tier(orbs_${tier} ${tier} lib/glibc-hwcaps/x86-64-${tier})
 endforeach()
+add_dependencies(orbs orbs_hpp)
+target_include_directories(orbs INTERFACE $<BUILD_INTERFACE:${orbs_made_include}>)
 add_library(orbs::orbs ALIAS orbs)

@@ -2,8 +2,8 @@
 # Installs what building and testing need and this machine lacks, from Debian's packages. Says nothing when nothing
 # is missing. With the argument "bench" also the libraries that the benchmarks compare with, and what draws their page.
 set -euo pipefail
-packages=(g++ g++-multilib lib32gomp1 cmake ninja-build pkg-config googletest libhwy-dev libsndfile1-dev
-          libcairo2-dev python3)
+packages=(g++ g++-multilib lib32gomp1 clang-16 libomp-16-dev cmake ninja-build pkg-config googletest libhwy-dev
+          libsndfile1-dev libcairo2-dev python3)
 [ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsamplerate0-dev
                                 libsoxr-dev libsleef-dev libeigen3-dev python3-matplotlib)
 

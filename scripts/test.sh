@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
 # The whole suite: the rules of the source, every test in every tier and as 32-bit code, the same bits everywhere,
-# programs built against an installed copy, and the tests under the sanitizers. Logs go to build/logs. At the end a
-# table tells what each step took; the last line is "N passed, N failed", and the exit status is 0 only if nothing
-# failed.
-# usage: scripts/test.sh [PART]...     parts: source release i386 asan tsan dev; without any, all of them but dev
+# programs built against an installed copy, the C++ header, the tests under the sanitizers, and those of a build by clang.
+# Logs go to build/logs. At the end a table tells what each step took; the last line is "N passed, N failed", and the exit
+# status is 0 only if nothing failed.
+# usage: scripts/test.sh [PART]...     parts: source release i386 asan tsan clang dev; without any, all of them but dev
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
-known=(source release i386 asan tsan dev)
+known=(source release i386 asan tsan clang dev)
 for part in "$@"; do
     [[ " ${known[*]} " == *" $part "* ]] || { echo "test.sh: no part \"$part\"; there are: ${known[*]}" >&2; exit 2; }
 done
-[ $# -gt 0 ] || set -- source release i386 asan tsan
+[ $# -gt 0 ] || set -- source release i386 asan tsan clang
 logs=$PWD/build/logs
 rm -rf "$logs"
 mkdir -p "$logs"
@@ -107,6 +107,7 @@ release_part() {
     check "exports release" scripts/check-exports build/release
     check "fused release" scripts/check-fused build/release
     check "packaging" tests/packaging/check build/release
+    check "c++" tests/cpp/check build/release
 }
 i386_part() {
     check "build i386" configure_and_build i386 || return
@@ -120,6 +121,11 @@ tsan_part() {
     if setarch -R true 2>/dev/null; then launcher=(setarch -R); fi
     check "build tsan" configure_and_build tsan "${one_tier[@]}" && suite tsan
     launcher=()
+}
+clang_part() { # one tier: three would take a quarter of an hour
+    check "build clang" configure_and_build clang "${one_tier[@]:--DORBS_TIERS=v3}" || return
+    suite clang
+    check "fused clang" scripts/check-fused build/clang
 }
 dev_part() { check "build dev" configure_and_build dev "${one_tier[@]}" && suite dev; }
 

@@ -125,8 +125,8 @@ void expectComplex(int order, int flag, OrbHintAlgorithm hint, int s) {
     const auto len = static_cast<int>(count);
     const auto asPoints = [](auto& v) { return reinterpret_cast<typename K::Points*>(v.data()); };
     auto x = randomVector<T>(count);
-    const auto spec = make(K::initC, K::freeC, order, flag, hint),
-               planeSpec = make(K::initP, K::freeP, order, flag, hint);
+    const auto spec = make(K::initC, K::freeC, order, flag, hint);
+    const auto planeSpec = make(K::initP, K::freeP, order, flag, hint);
     const auto floatSpec = make(K::initFloatC, K::freeFloatC, order, flag, orbAlgHintNone);
     for (const int inverse : {0, 1}) {
         SCOPED_TRACE(callOf(K::complex[inverse], order, flag, s));

@@ -23,7 +23,8 @@ using support::sameBits;
         using Tap = Orb##t;                                                                                            \
         using Sample = Orb##x;                                                                                         \
         using State = OrbsFIRState##pair;                                                                              \
-        static constexpr auto getStateSize = orbsFIRMRGetStateSize##pair, singleRateSize = orbsFIRGetStateSize##pair;  \
+        static constexpr auto getStateSize = orbsFIRMRGetStateSize##pair;                                              \
+        static constexpr auto singleRateSize = orbsFIRGetStateSize##pair;                                              \
         static constexpr auto singleRateInit = orbsFIRInit##pair;                                                      \
         static constexpr auto init = orbsFIRMRInit##pair;                                                              \
         static constexpr auto initAlloc = orbsFIRMRInitAlloc##pair;                                                    \

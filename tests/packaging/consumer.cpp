@@ -1,8 +1,9 @@
-// The same from C++, with memory and the thread count of the library.
-#include <orbs.h>
+// The same from C++, with memory and the thread count of the library, and what C++ adds to it.
+#include <orbs.hpp>
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 int main() {
     const std::unique_ptr<Orb16u, decltype(&orbsFree)> block(orbsMalloc_16u(20000), orbsFree);
@@ -16,4 +17,8 @@ int main() {
             return 1;
         }
     }
+    const std::vector<float> impulse{1, 0, 0}, taps{3, 2, 1};
+    std::vector<float> response(3);
+    orbs::FIR_32f(taps).Run(impulse, response);
+    return response != taps;
 }

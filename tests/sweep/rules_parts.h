@@ -13,12 +13,11 @@ namespace sweep {
 #define COUNT(expression)                                                                                              \
     [](const Case& c [[maybe_unused]]) -> std::size_t { return static_cast<std::size_t>(expression); }
 #define NUMBER(expression) [](const Case& c [[maybe_unused]]) -> double { return expression; }
-
-template <auto... choices>
-double oneOf(const Case& c) {
-    static constexpr double values[] = {choices...};
-    return values[static_cast<std::size_t>(c.turn) % std::size(values)];
-}
+#define ONE_OF(...)                                                                                                    \
+    [](const Case& c) -> double {                                                                                      \
+        constexpr double values[] = {__VA_ARGS__};                                                                     \
+        return values[static_cast<std::size_t>(c.turn) % std::size(values)];                                           \
+    }
 
 template <int... factors>
 int factorOf(int turn) {

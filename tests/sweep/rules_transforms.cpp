@@ -72,8 +72,8 @@ const VectorRule vectorRules[] = {
     {{"WTInv_.*", "pDst"}, COUNT(2 * c.n)},
     {{".*", "p(Src|Dst)(Low|High)"}, COUNT(c.n)},
     {{"GoertzTwo.*", "pVal"}, COUNT(2)},
-    {{"GoertzTwoQ15_.*", "rFreqQ15"}, COUNT(2), {}, oneOf<3277, 0, 32767, 17, 16384>},
-    {{"GoertzTwo_.*", "rFreq"}, COUNT(2), {}, oneOf<0.1, 0, 0.75, 0.0073, 0.25, 0.9999>},
+    {{"GoertzTwoQ15_.*", "rFreqQ15"}, COUNT(2), {}, ONE_OF(3277, 0, 32767, 17, 16384)},
+    {{"GoertzTwo_.*", "rFreq"}, COUNT(2), {}, ONE_OF(0.1, 0, 0.75, 0.0073, 0.25, 0.9999)},
     {{"Goertz.*", "pVal"}, COUNT(1)},
 };
 
@@ -89,12 +89,12 @@ const NumberRule numberRules[] = {
      orbStsFftOrderErr},
     {{"DFT.*", "length"}, NUMBER(c.n), belowOne, orbStsSizeErr},
     {{"[FD]FT.*", "flag"},
-     oneOf<ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE>,
+     ONE_OF(ORB_FFT_SCALE_FWD, ORB_FFT_SCALE_INV, ORB_FFT_SCALE_SQRT, ORB_FFT_SCALE_NONE),
      {NUMBER(0), NUMBER(3), NUMBER(16), NUMBER(-1)},
      orbStsFftFlagErr},
-    {{"Goertz.*Q15_.*", "rFreqQ15"}, oneOf<3277, 0, 32767, 17, 16384>, {NUMBER(-1), NUMBER(-32768)}, orbStsRelFreqErr},
+    {{"Goertz.*Q15_.*", "rFreqQ15"}, ONE_OF(3277, 0, 32767, 17, 16384), {NUMBER(-1), NUMBER(-32768)}, orbStsRelFreqErr},
     {{"Goertz_.*", "rFreq"},
-     oneOf<0.1, 0, 0.75, 0.0073, 0.25, 0.9999>,
+     ONE_OF(0.1, 0, 0.75, 0.0073, 0.25, 0.9999),
      {NUMBER(1), NUMBER(-1e-9), NUMBER(NAN)},
      orbStsRelFreqErr},
 };

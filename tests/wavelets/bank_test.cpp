@@ -37,8 +37,8 @@ struct InverseOf;
         using State = OrbsWTFwdState_##forwardType;                                                                    \
         static constexpr auto initAlloc = orbsWTFwdInitAlloc_##forwardType;                                            \
         static constexpr auto run = orbsWTFwd_##forwardType;                                                           \
-        static constexpr auto set = orbsWTFwdSetDlyLine_##forwardType;                                                 \
-        static constexpr auto get = orbsWTFwdGetDlyLine_##forwardType;                                                 \
+        [[maybe_unused]] static constexpr auto set = orbsWTFwdSetDlyLine_##forwardType;                                \
+        [[maybe_unused]] static constexpr auto get = orbsWTFwdGetDlyLine_##forwardType;                                \
         static constexpr auto free = orbsWTFwdFree_##forwardType;                                                      \
     };                                                                                                                 \
     template <>                                                                                                        \
@@ -46,8 +46,8 @@ struct InverseOf;
         using State = OrbsWTInvState_##inverseType;                                                                    \
         static constexpr auto initAlloc = orbsWTInvInitAlloc_##inverseType;                                            \
         static constexpr auto run = orbsWTInv_##inverseType;                                                           \
-        static constexpr auto set = orbsWTInvSetDlyLine_##inverseType;                                                 \
-        static constexpr auto get = orbsWTInvGetDlyLine_##inverseType;                                                 \
+        [[maybe_unused]] static constexpr auto set = orbsWTInvSetDlyLine_##inverseType;                                \
+        [[maybe_unused]] static constexpr auto get = orbsWTInvGetDlyLine_##inverseType;                                \
         static constexpr auto free = orbsWTInvFree_##inverseType;                                                      \
     };
 MEMBERS(32f, 32f, 32f)

@@ -6,6 +6,7 @@
 #include "dft/radices.h"
 #include "dft/twiddles.h"
 #include "fft/arithmetic.h"
+#include "foundation/sines.h"
 
 #include <array>
 #include <type_traits>
@@ -157,8 +158,8 @@ inline constexpr auto rootsOf = [] {
     std::array<T, 2 * p> roots{};
     roots[0] = 1;
     for (int j = 1; j <= p / 2; ++j) {
-        roots[j] = roots[p - j] = static_cast<T>(static_cast<double>(__builtin_cosl(j * step)));
-        roots[2 * p - j] = static_cast<T>(static_cast<double>(__builtin_sinl(j * step)));
+        roots[j] = roots[p - j] = static_cast<T>(constantCosine(j * step));
+        roots[2 * p - j] = static_cast<T>(constantSine(j * step));
         roots[p + j] = -roots[2 * p - j];
     }
     return roots;

@@ -118,6 +118,8 @@ struct Rungs {
         return hn::ShiftRightSame(below - passed, shift);
     }
 };
+template <std::size_t size>
+Rungs(const Ladder<size>&, int) -> Rungs<size>;
 
 // ---- The logarithm in single precision, times a factor, rounded to nearest and saturated ----
 

@@ -3,6 +3,7 @@
 
 #include "fft/columns.h"
 #include "foundation/control.h"
+#include "foundation/sines.h"
 #include "orbdefs.h"
 
 #include <array>
@@ -65,8 +66,7 @@ constexpr auto makeFixedQuarterWave() {
     std::array<T, 2 * eighth + 1> table{};
     for (int m = 0; m <= 2 * eighth; ++m) {
         const double step = twoPi / (8 * eighth);
-        const long double sine = m <= eighth ? __builtin_sinl(m * step) : __builtin_cosl((2 * eighth - m) * step);
-        table[m] = static_cast<T>(static_cast<double>(sine));
+        table[m] = static_cast<T>(m <= eighth ? constantSine(m * step) : constantCosine((2 * eighth - m) * step));
     }
     return table;
 }

@@ -65,6 +65,8 @@ struct CallerLine {
         }
     }
 };
+template <class Sample>
+CallerLine(Sample*, int, int*) -> CallerLine<Sample>;
 
 // A copy of the samples of a call in place whose outputs must not meet them.
 template <class Sample>

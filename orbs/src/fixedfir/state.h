@@ -168,6 +168,8 @@ struct GivenTaps {
         }
     }
 };
+template <class Tap>
+GivenTaps(const Tap*, Orb32s, bool) -> GivenTaps<Tap>;
 
 // A caller's line is newest sample first. Null clears.
 template <class State>

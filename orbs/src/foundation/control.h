@@ -1,6 +1,7 @@
 // Guards of the floating-point control registers: save, change, restore on every path. The empty asm statements keep
 // the compiler from moving loads and stores across a change, and with them the arithmetic in between. What is computed
-// from arguments in registers alone, or returned in one, is not held by them: load inside, store inside.
+// from arguments in registers alone, or returned in one, is not held by them: load inside, store inside. A local array
+// may be in registers, too, unless keepInMemory makes it memory behind the change and before the next one.
 #pragma once
 
 #include "orbcore.h"
@@ -11,6 +12,11 @@ namespace orbs {
 
 inline void keepArithmeticInPlace() {
     asm volatile("" ::: "memory");
+}
+
+template <class T>
+inline void keepInMemory(T& local) {
+    asm volatile("" : "+m"(local));
 }
 
 inline void raiseFlags(Orb32u flags) {

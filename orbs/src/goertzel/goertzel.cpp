@@ -50,13 +50,16 @@ OrbStatus single(const S* pSrc, int len, Orb32fc* pVal, const std::array<Orb32f,
 // of the normal ones, with which every sum of integers is 0 or saturates.
 Orb16sc scaledToIntegers(Orb32fc x, int scaleFactor) {
     constexpr hn::FixedTag<Orb32f, 4> d;
-    const Orb32f factor = powerOfTwo<Orb32f>(-std::clamp(scaleFactor, -127, 126)), parts[4] = {x.re, x.im};
+    const Orb32f factor = powerOfTwo<Orb32f>(-std::clamp(scaleFactor, -127, 126));
+    Orb32f parts[4] = {x.re, x.im};
     Orb32s integers[4];
     {
         const SseRounding rounding(SseRounding::nearest);
+        keepInMemory(parts);
         const auto v = hn::LoadU(d, parts) * hn::Set(d, factor);
         const auto limited = hn::Max(hn::Min(v, hn::Set(d, 32767.0f)), hn::Set(d, -32768.0f)); // of a NaN, 32767
         hn::StoreU(nearestInt32(limited), hn::Rebind<Orb32s, decltype(d)>(), integers);
+        keepInMemory(integers);
     }
     return {static_cast<Orb16s>(integers[0]), static_cast<Orb16s>(integers[1])};
 }

@@ -67,6 +67,8 @@ struct Interleaved {
         Interleaved source() const { return {elements.data()}; }
     };
 };
+template <class C>
+Interleaved(const C*) -> Interleaved<C>;
 
 template <class T>
 struct InParts {
@@ -112,6 +114,8 @@ struct InParts {
         InParts source() const { return {re.data(), im.data()}; }
     };
 };
+template <class T>
+InParts(const T*, const T*) -> InParts<T>;
 
 // 2^31 as the next lower integer, which has the same root and the same scaled values in 16 bits.
 template <class V>

@@ -33,7 +33,7 @@ private:
     template <class D, class V>
     auto atLevel(D d, V v) const {
         if constexpr (std::is_floating_point_v<T>) {
-            const auto by = [this](auto dd, auto square) HWY_ATTR { return factor(dd, square); };
+            const auto by = [this](auto dd, auto square) HWY_ATTR { return this->factor(dd, square); };
             return hn::IfThenElse(isZero(d, v), inAllElements(d, level, T{0}), scaled(d, v, by));
         } else {
             const auto pairs = elementsOf(d, v);

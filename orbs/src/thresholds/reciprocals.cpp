@@ -42,7 +42,7 @@ private:
             return hn::Div(conjugate, divisor(d, squaresOf(d, z)));
         } else {
             return scaled(d, conjugate, [this](auto dd, auto square) HWY_ATTR {
-                return hn::Div(hn::Set(dd, 1), divisor(dd, square));
+                return hn::Div(hn::Set(dd, 1), this->divisor(dd, square));
             });
         }
     }

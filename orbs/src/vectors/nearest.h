@@ -79,6 +79,8 @@ template <class V>
 struct Planes {
     V re, im;
 };
+template <class V>
+Planes(V, V) -> Planes<V>;
 
 // Parts of 16 bits in lanes of 32, and both of them in one.
 template <class V>

@@ -33,6 +33,8 @@ template <class V, bool room = true>
 struct Pair {
     V lower, upper;
 };
+template <class V>
+Pair(V, V) -> Pair<V>;
 
 template <class D>
 using Wide = hn::RepartitionToWide<D>;
