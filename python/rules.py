@@ -17,7 +17,7 @@ SIZES = [
     (r"Join.*", r"pDst", "nChannels * chanLen", ""),
     (r"Split.*", r"pSrc", "nChannels * chanLen", ""),
     # Packed spectra.
-    (r"ConjCcs_\d+f?s?c", r"pSrc", "len // 2 + 1", ""),
+    (r"ConjCcs_\d+f?s?c", r"pSrc", "lenDst // 2 + 1", ""),
     (r"[FD]FTFwd_RToCCS_.*", r"pDst|pSrcDst", "2 * (state.points // 2 + 1)", ""),
     (r"[FD]FTInv_CCSToR_.*", r"pSrc|pSrcDst", "2 * (state.points // 2 + 1)", ""),
     # Sampling.

@@ -36,8 +36,10 @@ class Role:
     place: int = 0       # among the arguments, and of its type among the types
 
     @property
-    def complex(self):
-        return bool(re.fullmatch(r"Orb\d+f?s?c", self.argument.type))
+    def pair(self):
+        """What makes a complex number two parts."""
+        kind = re.fullmatch(r"Orb\d+([fs])c", self.argument.type)
+        return kind and {"f": "pair", "s": "whole_pair"}[kind[1]]
 
 
 def roles(member):
@@ -124,11 +126,12 @@ class Writer:
         return [r for r in self.roles if r.kind in kinds]
 
     def python(self, expression, size=""):
-        """An expression of the rules with the names of Python."""
+        """An expression of the rules with the names of Python. A name that is none of the member's is a KeyError."""
         expression = re.sub(r"\bstate\.(\w+)", r"state._\1", expression)
-        expression = re.sub(r"\bsize\b", size, re.sub(r"\.size\b", ".SIZE", expression))
-        expression = re.sub(r"(?<![.\w])[A-Za-z]\w*\b(?!\()", lambda m: self.names.get(m[0], m[0]), expression)
-        return expression.replace(".SIZE", ".size")
+        expression = re.sub(r"(?<![.\w])size\b", "@", expression)
+        known = {**self.names, **{word: word for word in ("if", "else", "state", "None")}}
+        expression = re.sub(r"(?<![.\w])[A-Za-z]\w*\b(?![\w(])", lambda m: known[m[0]], expression)
+        return expression.replace("@", size)
 
     def line(self, text, depth=2):
         self.lines.append("    " * depth + text)
@@ -289,13 +292,13 @@ class Writer:
             elif r.kind == "memory":
                 words.append(pointer if not STATES.fullmatch(r.argument.type) else f"cast(T{r.place}, {name}.ctypes.data)")
             elif r.kind == "work":
-                words.append(f"work_buffer({name}, state, name)")
+                words.append(f"work_buffer({name}, state)")
             elif r.kind in ("sources", "destinations"):
                 words.append(f"pointers(T{r.place}, {name})")
             elif r.argument.stars:
                 words.append(pointer)
             else:
-                words.append(f"pair({name})" if r.complex else name)
+                words.append(f"{r.pair}({name})" if r.pair else name)
         return f"c({', '.join(words)})"
 
     def finish(self, call):

@@ -13,7 +13,7 @@ from ._abi import ffi
 __all__ = ["NULL", "allocated", "bits_as_bytes", "buffer_of", "cast", "destination", "empty", "keep", "kept", "last",
            "member_of", "memory", "ndarray", "new", "object_made", "one", "packed_bytes", "pair", "pointers",
            "rate_line", "report", "room_for", "several", "size_of", "source", "told", "trellis_states", "unknown",
-           "work_buffer", "written", "wrong_object", "wrong_size", "zeros"]
+           "whole_pair", "work_buffer", "written", "wrong_object", "wrong_size", "zeros"]
 
 NULL, cast, new, buffer_of = ffi.NULL, ffi.cast, ffi.new, ffi.from_buffer
 BYTES = ffi.typeof("Orb8u[]")
@@ -85,7 +85,7 @@ def source(value, dtype, name):
 def _from_list(values, dtype, name):
     try:
         if dtype.fields:
-            return numpy.array([v if isinstance(v, tuple) else pair(v) for v in values], dtype)
+            return numpy.array([whole_pair(v) for v in values], dtype)
         array = numpy.array(values)
         if array.size == 0:
             return array.astype(dtype)
@@ -154,23 +154,18 @@ def keep(value):
 
 def pair(value):
     """A complex number as its two parts."""
-    if isinstance(value, tuple):
-        return value
+    return (value.real, value.imag)
+
+
+def whole_pair(value):
+    """A complex number of integers as its two parts: orbs.int16c and the like, a tuple, or a number of whole parts."""
     if isinstance(value, numpy.void):
-        return value["re"].item(), value["im"].item()
-    re_, im = value.real, value.imag
-    if re_ == int(re_) and im == int(im) if isinstance(value, complex) and abs(value) < 1e18 else False:
-        return _Whole(re_), _Whole(im)
-    return re_, im
-
-
-class _Whole(float):
-    """A whole number that goes where C takes a float, and where it takes an integer."""
-
-    def __index__(self):
-        return int(self)
-
-    __int__ = __index__
+        value = value.item()
+    if not isinstance(value, tuple):
+        value = value.real, value.imag
+    if any(part != int(part) for part in value):
+        raise TypeError(f"{value} has no whole parts")
+    return int(value[0]), int(value[1])
 
 
 def one(value, dtype, name):
@@ -182,7 +177,7 @@ def one(value, dtype, name):
         if not limits.min <= value <= limits.max:
             raise ValueError(f"{name} is {value}, beyond {limits.min} to {limits.max}")
     elif dtype.fields:
-        value = tuple(operator.index(part) for part in pair(value))
+        value = whole_pair(value)
     held[0] = value
     return held
 
@@ -238,12 +233,9 @@ def memory(given, size, name):
     return given
 
 
-def work_buffer(given, state, name):
-    if given is None:
-        return NULL
-    teller = re.sub(r"(?<=[a-z])(Fwd|Inv)_(\w+?)_|^((?:FFT|DFTOutOrd|DFT))(Fwd|Inv)_(\w+?)_", "", name)
-    del teller
-    return buffer_of(BYTES, memory(given, state.buf_size, "buffer"))
+def work_buffer(given, state):
+    """Memory that a transform works in; without it the call takes its own."""
+    return NULL if given is None else buffer_of(BYTES, memory(given, state.buf_size, "buffer"))
 
 
 def member_of(name, pattern, template):
