@@ -27,7 +27,7 @@ SIZES = [
     (r"SumWindow_.*", r"pSrc", "len + maskSize", "len = size - maskSize"),
     # Trellis decoding.
     (r"GetVarPointDV_.*", r"pSrc|pDstPoint", "1", ""),
-    (r"GetVarPointDV_.*", r"pVariance", "4 if state == 16 else 8", ""),
+    (r"GetVarPointDV_.*", r"pVariance", "(4 if state == 16 else 8)", ""),
     (r"GetVarPointDV_.*", r"pLabel", "16", ""),
     (r"BuildSymblTableDV4D_.*", r"pVariance", "16", ""),
     (r"BuildSymblTableDV4D_.*", r"pDst", "trellis_states(state)", ""),
@@ -186,6 +186,9 @@ REMEMBERED = [
     (r"RandGauss\w*_32f", {"block": "68"}),
     (r"RandGauss.*", {"block": "60"}),
 ]
+
+# Members that may leave elements of their results as they were: new ones are zeros.
+PARTIAL = [(r"Copy_1u|SortIndex.*|GetVarPointDV.*|IIRGen.*|FIRLMSOne_DirectQ15.*",)]
 
 # Members that return this status whatever they have done.
 ALWAYS = [(r"IIRSetTaps32sc?_16sc?|IIRSetTaps32sc_16sc32fc", -17)]

@@ -201,7 +201,7 @@ class Writer:
                 told = self.python(first.gives.split(" = ")[1], f"{first.name}.size")
                 if first.nullable:
                     other = definers[1].name
-                    self.line(f"{name} = ({other} if {first.name} is None else {first.name}).size")
+                    self.line(f"{name} = size_of({other} if {first.name} is None else {first.name}, \"both {first.name} and {other}\")")
                 else:
                     self.line(f"{name} = {told}")
                 continue
@@ -255,7 +255,7 @@ class Writer:
         outs = self.of("destination")
         if len(outs) > 1:
             self.line(f"{', '.join(r.name for r in outs)} = several(out, {len(outs)})")
-        fresh = "zeros" if re.match(r"Copy_1u|SortIndex", self.member.short) else "empty"
+        fresh = "zeros" if rules.find(rules.PARTIAL, self.member.short)[0] else "empty"
         for r in outs:
             size = self.python(self.given_values(r.size), "0")
             self.line(f"if {r.name} is None: {r.name} = {fresh}({size}, D{r.place})")
@@ -266,7 +266,7 @@ class Writer:
             self.line("elif len(out) != n_channels: raise ValueError(f\"out has {len(out)} arrays, {n_channels} are needed\")")
             self.line(f"for one_of in out: destination(one_of, D{r.place}, n, \"out\")")
         for r in self.of("result", "untold"):
-            self.line(f"{r.name} = empty(1, D{r.place})")
+            self.line(f"{r.name} = {fresh}(1, D{r.place})")
         for r in self.of("memory"):
             row, found = rules.find(rules.MEMORY, self.member.short, r.argument.name)
             numbers = row[3] if row[3] != "..." else ", ".join(

@@ -35,6 +35,10 @@ class Object:
             return _moved, (type(self).__name__, block, start % 64, self._block)
         return _made_again, (self._maker, self._now(), self._past())
 
+    def free(self):
+        """Gives the object back before its time."""
+        self._forget()
+
     def _now(self):
         """The arguments that make this object as it is."""
         if type(self).__name__.startswith("FirLms"):     # their taps move

@@ -64,7 +64,7 @@ def dtype_name(dtype):
 
 
 def _described(value):
-    return f"an array of {dtype_name(value.dtype)}" if isinstance(value, ndarray) else f"a {type(value).__name__}"
+    return f"an array of {dtype_name(value.dtype)}" if isinstance(value, ndarray) else "None" if value is None else f"a {type(value).__name__}"
 
 
 def _vector(value, dtype, name):
@@ -122,10 +122,10 @@ def wrong_size(value, size, name):
     return ValueError(f"{name} has {value.size} elements, {size} {'is' if size == 1 else 'are'} needed")
 
 
-def size_of(out):
-    if not isinstance(out, ndarray):
-        raise TypeError(f"out is {_described(out)}; an array is needed")
-    return out.size
+def size_of(array, name="out"):
+    if not isinstance(array, ndarray):
+        raise TypeError(f"{name} is {_described(array)}; an array is needed")
+    return array.size
 
 
 def several(out, count):
