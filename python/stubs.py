@@ -135,8 +135,10 @@ def text(described, objects, constants):
         lines.append("    def __init__" + re.sub(r" -> .*: \.\.\.$", " -> None: ...", made) + "\n")
         for method, called in methods.items():
             member, writer, shape = by_name[called]
-            ignore = "  # type: ignore[override]" if base else ""
-            lines.append(f"    def {method}{signature(member, writer, shape, owner_in(member), True)}{ignore}\n")
+            inherited = objects[base][3].get(method) if base else None
+            if inherited != called:
+                ignore = "  # type: ignore[override]" if inherited else ""
+                lines.append(f"    def {method}{signature(member, writer, shape, owner_in(member), True)}{ignore}\n")
         for word in dict.fromkeys(m[4:] for m in methods if m.startswith(("get_", "set_")) and m != "get_dly_val"):
             lines.append(f"    {word}: Any\n")
     return "".join(lines)
