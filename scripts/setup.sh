@@ -3,7 +3,8 @@
 # is missing. With the argument "bench" also the libraries that the benchmarks compare with, and what draws their page.
 set -euo pipefail
 packages=(g++ g++-multilib lib32gomp1 clang-16 libomp-16-dev cmake ninja-build pkg-config googletest libhwy-dev
-          libsndfile1-dev libcairo2-dev python3)
+          libsndfile1-dev libcairo2-dev python3 python3-cffi python3-hypothesis python3-numpy python3-pip python3-pytest
+          python3-scipy python3-setuptools python3-venv python3-wheel mypy)
 [ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsamplerate0-dev
                                 libsoxr-dev libsleef-dev libeigen3-dev python3-matplotlib)
 
