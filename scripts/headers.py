@@ -65,6 +65,7 @@ class Family:
     alignment: str   # "any", "of the elements" or ""
     header: "Header" = dataclasses.field(repr=False)
     members: list = dataclasses.field(default_factory=list)
+    types: list = dataclasses.field(default_factory=list)
 
     @property
     def key(self):
@@ -132,6 +133,8 @@ def read(path):
             elif TYPE.match(statement):
                 name = re.search(r"(\w+);$", statement) if statement.startswith("typedef") else None
                 header.types.append(Type(name[1] if name else "", statement, comment))
+                if family:
+                    family.types.append(header.types[-1])
             elif not statement.startswith("extern "):
                 header.strays.append(f"{header.path.name}: {statement}")
         elif token["stray"]:
