@@ -8,7 +8,7 @@ project = "orbs"
 release = version = "5.2"
 html_title = "orbs"
 extensions = ["myst_parser", "links"]
-exclude_patterns = ["_ext", "pictures"]
+exclude_patterns = ["_ext", "pictures", "examples"]
 root_doc = "index"
 
 primary_domain = "c"

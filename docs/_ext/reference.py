@@ -100,9 +100,9 @@ def first_sentence(text):
     return prose.inline(re.split(r"(?<=[.:])\s", text.replace("\n", " ") + " ", maxsplit=1)[0].rstrip(":") or "")
 
 
-def picture_lines(name, caption, up):
+def picture_lines(name, caption):
     return [line for scheme in ("light", "dark")
-            for line in (f".. figure:: {up}/pictures/{name}-{scheme}.svg", f"   :class: only-{scheme}",
+            for line in (f".. figure:: /pictures/{name}-{scheme}.svg", f"   :class: only-{scheme}",
                          f"   :figclass: only-{scheme}", f"   :alt: {caption}", "", f"   {caption}", "")]
 
 
@@ -136,7 +136,7 @@ def family_page(library, family):
     if ALIGNMENT[family.alignment]:
         out += [ALIGNMENT[family.alignment], ""]
     for name, caption in library.pictures[id(family)]:
-        out += picture_lines(name, caption, "/reference")
+        out += picture_lines(name, caption)
     if id(family) in library.examples:
         out += title("Example", "-") + example_lines(library.examples[id(family)])
     out += title("Declarations", "-") + [".. code-block:: c", "", f"   #include <{include}>   // or <orbs.h>", ""]
@@ -159,10 +159,18 @@ def sentence(header):
     return header.title.partition(": ")[2].rstrip(".")
 
 
+def constants(kind):
+    """The values of an enumeration that belongs to a whole room."""
+    return prose.rst(kind.text) + [line for name, value in re.findall(r"(\w+) = (-?\d+)", kind.declaration)
+                                   for line in (f".. c:enumerator:: {name} = {value}", "")]
+
+
 def room_page(header):
     words = sentence(header)
     out = title(words[0].upper() + words[1:]) + prose.rst(header.text)
     out += [".. toctree::", "   :hidden:", "", *(f"   {family.key}" for family in header.families), ""]
+    of_families = [kind for family in header.families for kind in family.types]
+    out += [line for kind in header.types if kind not in of_families for line in constants(kind)]
     out += [line for family in header.families
             for line in (f":doc:`{prose._escape(family.heading)} <{family.key}>` ({len(family.members)})",
                          "   " + (first_sentence(family.text) or "\\ "), "")]
@@ -193,7 +201,7 @@ def types_page(header):
             plain = re.fullmatch(r"typedef ([\w ]+) (\w+);", kind.declaration)
             out += [f".. c:type:: {plain[1]} {plain[2]}" if plain and word != "struct" else f".. c:struct:: {kind.name}", ""]
             if not plain:
-                fields = re.findall(r"\s*([^;{}]+);", kind.declaration.partition("{")[2])
+                fields = re.findall(r"\s*([^;{}]+);", kind.declaration.partition("{")[2].rpartition("}")[0])
                 out += [line for field in fields for line in (f"   .. c:member:: {field}", "")]
     return out
 
