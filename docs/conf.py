@@ -7,7 +7,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent / "_ext"))
 project = "orbs"
 release = version = "5.2"
 html_title = "orbs"
-extensions = ["myst_parser", "links"]
+extensions = ["myst_parser", "links", "furo_whole"]
 exclude_patterns = ["_ext", "pictures", "examples"]
 root_doc = "index"
 

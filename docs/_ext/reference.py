@@ -107,12 +107,15 @@ def picture_lines(name, caption):
 
 
 def example_lines(path):
-    source = path.read_text()
-    code, _, printed = source.rpartition("/*")
-    first, _, code = code.partition("\n")
-    return [first.strip("/* ").rstrip(".") + ". It prints:" if printed.strip() != "*/" else first.strip("/* "), "",
-            ".. code-block:: c", "", *("   " + line if line else "" for line in code.strip().split("\n")), "",
-            ".. code-block:: text", "", *("   " + line.rstrip() for line in printed.strip().removesuffix("*/").strip("\n").split("\n")), ""]
+    code, _, printed = path.read_text().rpartition("/*")
+    words, _, code = code.partition("*/")
+    return [prose.inline(" ".join(words.replace("*", " ").strip("/ ").split())), "",
+            ".. code-block:: c", "", *indented(code.strip()), "", "It prints:", "",
+            ".. code-block:: text", "", *indented(printed.strip().removesuffix("*/").strip("\n")), ""]
+
+
+def indented(text):
+    return ["   " + line if line else "" for line in text.split("\n")]
 
 
 def related(library, family):

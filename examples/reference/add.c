@@ -1,4 +1,5 @@
-/* Two vectors added, and 16 bits with a scale factor of 1: half of the sum, to nearest, ties to even. */
+/* Two vectors added, and 16 bits with a scale factor of 1: half of the sum, to nearest,
+ * ties to even. */
 #include <orbs.h>
 #include <stdio.h>
 

@@ -9,7 +9,8 @@ int main(void) {
     orbsLinToMuLaw_16s8u(speech, code, 4);
     orbsMuLawToLin_8u16s(code, back, 4);
     orbsMuLawToALaw_8u(code, other, 4);
-    for (int n = 0; n < 4; ++n) printf("%6d  %02x  %6d  %02x\n", speech[n], code[n], back[n], other[n]);
+    for (int n = 0; n < 4; ++n)
+        printf("%6d  %02x  %6d  %02x\n", speech[n], code[n], back[n], other[n]);
     return 0;
 }
 

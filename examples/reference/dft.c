@@ -7,7 +7,8 @@ int main(void) {
     Orb32fc spectrum[3];
     Orb32f back[5];
     OrbsDFTSpec_R_32f* dft;
-    if (orbsDFTInitAlloc_R_32f(&dft, 5, ORB_FFT_SCALE_INV, orbAlgHintNone) != orbStsNoErr) return 1;
+    if (orbsDFTInitAlloc_R_32f(&dft, 5, ORB_FFT_SCALE_INV, orbAlgHintNone) != orbStsNoErr)
+        return 1;
     orbsDFTFwd_RToCCS_32f(x, (Orb32f*)spectrum, dft, NULL);
     orbsDFTInv_CCSToR_32f((Orb32f*)spectrum, back, dft, NULL);
     for (int k = 0; k < 3; ++k) printf("%.3f %+.3fi\n", spectrum[k].re, spectrum[k].im);

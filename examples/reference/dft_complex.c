@@ -6,7 +6,8 @@ int main(void) {
     OrbsDFTSpec_C_32fc* dft;
     Orb32fc x[6];
     Orb32f size[6], phase = 0;
-    if (orbsDFTInitAlloc_C_32fc(&dft, 6, ORB_FFT_SCALE_FWD, orbAlgHintNone) != orbStsNoErr) return 1;
+    if (orbsDFTInitAlloc_C_32fc(&dft, 6, ORB_FFT_SCALE_FWD, orbAlgHintNone) != orbStsNoErr)
+        return 1;
     orbsTone_Direct_32fc(x, 6, 1, 3.0f / 6, &phase, orbAlgHintAccurate);
     orbsDFTFwd_CToC_32fc(x, x, dft, NULL);
     orbsMagnitude_32fc(x, size, 6);

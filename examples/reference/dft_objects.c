@@ -5,11 +5,14 @@
 int main(void) {
     OrbsDFTSpec_C_32fc* dft;
     int size;
-    if (orbsDFTInitAlloc_C_32fc(&dft, 7, ORB_FFT_SCALE_NONE, orbAlgHintNone) != orbStsNoErr) return 1;
+    if (orbsDFTInitAlloc_C_32fc(&dft, 7, ORB_FFT_SCALE_NONE, orbAlgHintNone) != orbStsNoErr)
+        return 1;
     OrbStatus status = orbsDFTGetBufSize_C_32fc(dft, &size);
-    printf("%s, %s\n", orbGetStatusString(status), size > 0 ? "a buffer spares an allocation" : "no buffer");
+    printf("%s, %s\n", orbGetStatusString(status),
+           size > 0 ? "a buffer spares an allocation" : "no buffer");
     orbsDFTFree_C_32fc(dft);
-    printf("%s\n", orbGetStatusString(orbsDFTInitAlloc_C_32fc(&dft, 0, ORB_FFT_SCALE_NONE, orbAlgHintNone)));
+    printf("%s\n", orbGetStatusString(orbsDFTInitAlloc_C_32fc(&dft, 0, ORB_FFT_SCALE_NONE,
+                                                              orbAlgHintNone)));
     return 0;
 }
 

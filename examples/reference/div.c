@@ -1,4 +1,5 @@
-/* The first vector is the divisor; a division by zero is a warning, and all results are written. */
+/* The first vector is the divisor; a division by zero is a warning, and all results are
+ * written. */
 #include <orbs.h>
 #include <stdio.h>
 

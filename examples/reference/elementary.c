@@ -9,7 +9,8 @@ int main(void) {
     orbsLn_32f(e, back, 3);
     orbsArctan_32f(x, angle, 3);
     orbsCubrt_32f(x, root, 3);
-    for (int n = 0; n < 3; ++n) printf("%.4f %g %.4f %.4f\n", e[n], back[n], angle[n], root[n]);
+    for (int n = 0; n < 3; ++n)
+        printf("%.4f %g %.4f %.4f\n", e[n], back[n], angle[n], root[n]);
     return 0;
 }
 

@@ -7,10 +7,12 @@ int main(void) {
     Orb32fc bins[5];
     Orb32f back[8];
     OrbsFFTSpec_R_32f* fft;
-    if (orbsFFTInitAlloc_R_32f(&fft, 3, ORB_FFT_SCALE_INV, orbAlgHintNone) != orbStsNoErr) return 1;
+    if (orbsFFTInitAlloc_R_32f(&fft, 3, ORB_FFT_SCALE_INV, orbAlgHintNone) != orbStsNoErr)
+        return 1;
     orbsFFTFwd_RToCCS_32f(x, (Orb32f*)bins, fft, NULL);
     orbsFFTInv_CCSToR_32f((Orb32f*)bins, back, fft, NULL);
-    for (int k = 0; k < 5; ++k) printf("%g%+gi%c", bins[k].re, bins[k].im, k < 4 ? ' ' : '\n');
+    for (int k = 0; k < 5; ++k)
+        printf("%g%+gi%c", bins[k].re, bins[k].im, k < 4 ? ' ' : '\n');
     for (int n = 0; n < 8; ++n) printf("%g%c", back[n], n < 7 ? ' ' : '\n');
     orbsFFTFree_R_32f(fft);
     return 0;

@@ -7,7 +7,8 @@ int main(void) {
     Orb16u nearest[3];
     Orb32s entry[3];
     orbsFindNearest_16u(values, nearest, entry, 3, table, 4);
-    for (int n = 0; n < 3; ++n) printf("%d: entry %d, %d\n", values[n], entry[n], nearest[n]);
+    for (int n = 0; n < 3; ++n)
+        printf("%d: entry %d, %d\n", values[n], entry[n], nearest[n]);
     return 0;
 }
 

@@ -1,4 +1,5 @@
-/* A filter over a stream in two blocks: the object remembers what the second needs of the first. */
+/* A filter over a stream in two blocks: the object remembers what the second needs of the
+ * first. */
 #include <orbs.h>
 #include <stdio.h>
 

@@ -1,4 +1,5 @@
-/* Without an object: taps, a line of twice their number and a position belong to the caller. */
+/* Without an object: taps, a line of twice their number and a position belong to the
+ * caller. */
 #include <orbs.h>
 #include <stdio.h>
 

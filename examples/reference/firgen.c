@@ -1,4 +1,5 @@
-/* A low pass of 7 taps at a quarter of the sampling rate, with a gain of 1 at frequency 0. */
+/* A low pass of 7 taps at a quarter of the sampling rate, with a gain of 1 at frequency 0.
+ */
 #include <orbs.h>
 #include <stdio.h>
 

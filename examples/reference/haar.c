@@ -7,7 +7,8 @@ int main(void) {
     Orb32f low[3], high[3], back[6];
     orbsWTHaarFwd_32f(x, 6, low, high);
     orbsWTHaarInv_32f(low, high, back, 6);
-    for (int n = 0; n < 3; ++n) printf("%g %g: %g %g\n", low[n], high[n], back[2 * n], back[2 * n + 1]);
+    for (int n = 0; n < 3; ++n)
+        printf("%g %g: %g %g\n", low[n], high[n], back[2 * n], back[2 * n + 1]);
     return 0;
 }
 

@@ -1,4 +1,5 @@
-/* The same without an object: taps of 14 fraction bits, the exponent in the place of a[0]. */
+/* The same without an object: taps of 14 fraction bits, the exponent in the place of a[0].
+ */
 #include <orbs.h>
 #include <stdio.h>
 

@@ -3,7 +3,8 @@
 #include <stdio.h>
 
 int main(void) {
-    const Orb32f taps[2] = {0.5f, 0.5f}, x[3] = {1, 2, 3}, reference[3] = {0.5f, 1.5f, 2.5f};
+    const Orb32f taps[2] = {0.5f, 0.5f}, x[3] = {1, 2, 3},
+                 reference[3] = {0.5f, 1.5f, 2.5f};
     Orb32f y[3], line[2];
     int oldest;
     OrbsFIRLMSState_32f* filter;

@@ -11,8 +11,8 @@ int main(void) {
     orbsMulC_32f_I(2, samples, 3);
     orbsMul_32fc(&i, &z, &product, 1);
     orbsMul_16s_Sfs(a, b, scaled, 2, 15);
-    printf("%g %g %g\n%g%+gi\n%d %d\n", samples[0], samples[1], samples[2], product.re, product.im, scaled[0],
-           scaled[1]);
+    printf("%g %g %g\n%g%+gi\n%d %d\n", samples[0], samples[1], samples[2], product.re,
+           product.im, scaled[0], scaled[1]);
     return 0;
 }
 

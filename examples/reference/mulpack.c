@@ -5,7 +5,8 @@
 int main(void) {
     Orb32f x[8] = {1, 2, 3, 4, 5, 6, 7, 8}, h[8] = {0, 1};
     OrbsFFTSpec_R_32f* fft;
-    if (orbsFFTInitAlloc_R_32f(&fft, 3, ORB_FFT_SCALE_INV, orbAlgHintNone) != orbStsNoErr) return 1;
+    if (orbsFFTInitAlloc_R_32f(&fft, 3, ORB_FFT_SCALE_INV, orbAlgHintNone) != orbStsNoErr)
+        return 1;
     orbsFFTFwd_RToPerm_32f_I(x, fft, NULL);
     orbsFFTFwd_RToPerm_32f_I(h, fft, NULL);
     orbsMulPerm_32f_I(h, x, 8);

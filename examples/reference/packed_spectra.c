@@ -6,7 +6,8 @@ int main(void) {
     const Orb32f perm[4] = {10, 2, -2, 1};
     Orb32fc bins[4];
     orbsConjPerm_32fc(perm, bins, 4);
-    for (int k = 0; k < 4; ++k) printf("%g%+gi%c", bins[k].re, bins[k].im, k < 3 ? ' ' : '\n');
+    for (int k = 0; k < 4; ++k)
+        printf("%g%+gi%c", bins[k].re, bins[k].im, k < 3 ? ' ' : '\n');
     return 0;
 }
 

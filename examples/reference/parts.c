@@ -9,7 +9,8 @@ int main(void) {
     orbsConj_32fc(z, conjugate, 2);
     orbsCplxToReal_32fc(conjugate, re, im, 2);
     orbsRealToCplx_32f(re, im, again, 2);
-    for (int n = 0; n < 2; ++n) printf("%g %g, %g%+gi\n", re[n], im[n], again[n].re, again[n].im);
+    for (int n = 0; n < 2; ++n)
+        printf("%g %g, %g%+gi\n", re[n], im[n], again[n].re, again[n].im);
     return 0;
 }
 

@@ -8,7 +8,9 @@ int main(void) {
     Orb32fc back[2];
     orbsCartToPolar_32fc(z, magnitude, phase, 2);
     orbsPolarToCart_32fc(magnitude, phase, back, 2);
-    for (int n = 0; n < 2; ++n) printf("%g, %.4f rad: %.3f %+.3fi\n", magnitude[n], phase[n], back[n].re, back[n].im);
+    for (int n = 0; n < 2; ++n)
+        printf("%g, %.4f rad: %.3f %+.3fi\n", magnitude[n], phase[n], back[n].re,
+               back[n].im);
     return 0;
 }
 

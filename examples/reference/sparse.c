@@ -9,8 +9,10 @@ int main(void) {
     OrbsFIRSparseState_32f* once;
     OrbsIIRSparseState_32f* forever;
     Orb8u firMemory[1024], iirMemory[1024];
-    if (orbsFIRSparseInit_32f(&once, echo, echoAt, 2, NULL, firMemory) != orbStsNoErr) return 1;
-    if (orbsIIRSparseInit_32f(&forever, echo, echoAt, 1, 1, NULL, iirMemory) != orbStsNoErr) return 1;
+    if (orbsFIRSparseInit_32f(&once, echo, echoAt, 2, NULL, firMemory) != orbStsNoErr)
+        return 1;
+    if (orbsIIRSparseInit_32f(&forever, echo, echoAt, 1, 1, NULL, iirMemory) != orbStsNoErr)
+        return 1;
     orbsFIRSparse_32f(x, y, 8, once);
     orbsIIRSparse_32f(x, z, 8, forever);
     for (int n = 0; n < 8; ++n) printf("%g %g\n", y[n], z[n]);

@@ -9,7 +9,8 @@ int main(void) {
     Orb16s magnitudes[2];
     orbsSqr_32f(x, squares, 3);
     orbsAbs_16s(low, magnitudes, 2);
-    printf("%g %g %g\n%d %d\n", squares[0], squares[1], squares[2], magnitudes[0], magnitudes[1]);
+    printf("%g %g %g\n%d %d\n", squares[0], squares[1], squares[2], magnitudes[0],
+           magnitudes[1]);
     return 0;
 }
 

@@ -9,7 +9,8 @@ int main(void) {
     Orb32f real[3];
     orbsThreshold_LTInv_32fc(z, inverse, 3, 0.5f);
     orbsThreshold_LTInv_32f(x, real, 3, 0.5f);
-    for (int n = 0; n < 3; ++n) printf("%g%+gi  %g\n", inverse[n].re, inverse[n].im, real[n]);
+    for (int n = 0; n < 3; ++n)
+        printf("%g%+gi  %g\n", inverse[n].re, inverse[n].im, real[n]);
     return 0;
 }
 

@@ -10,7 +10,8 @@ int main(void) {
     orbsGetVarPointDV_16sc(&point, &lattice, variance, labels, 16);
     printf("below it: %d %d\n", lattice.re, lattice.im);
     for (int label = 0; label < 4; ++label)
-        printf("%d: %u by code %u\n", label, variance[label] & 0xffff, variance[label] >> 16);
+        printf("%d: %u by code %u\n", label, variance[label] & 0xffff,
+               variance[label] >> 16);
     return 0;
 }
 
