@@ -15,6 +15,7 @@ primary_domain = "c"
 highlight_language = "c"
 toc_object_entries = False
 smartquotes = False
+myst_enable_extensions = ["deflist"]
 myst_heading_anchors = 3
 
 html_theme = "furo"

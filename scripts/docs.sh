@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the reference into build/docs/html: pages made from the public headers, guides, and pictures that the library
-# draws itself. A warning is an error. Names on the last line the page to open.
+# draws itself. A warning is an error. Its last line is the address of the first page.
 # usage: scripts/docs.sh [BUILD_FOLDER]     a built library to use; without it build/dev is built and used
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -14,7 +14,10 @@ mkdir -p "$out"
 run() { # NAME COMMAND...: its output in a log, which is shown if it fails
     local log=$out/$1.log
     shift
-    "$@" >"$log" 2>&1 </dev/null || { tail -n 40 "$log" >&2; echo "docs.sh: $1 failed; the log is $log" >&2; exit 1; }
+    "$@" >"$log" 2>&1 </dev/null && return
+    tail -n 40 "$log" >&2
+    echo "docs.sh: the end of ${log#"$root"/} stands above" >&2
+    exit 1
 }
 
 build=${1-}
@@ -29,9 +32,10 @@ fi
 ORBS_LIBRARY_DIR=$(cd "$build/lib" && pwd)
 export ORBS_LIBRARY_DIR
 
+run python "$python" python/build.py "$out/python"
 cp -R docs "$out/source"
 cp -R examples/reference "$out/source/examples" # guides show some of them
-run pictures "$python" docs/pictures/draw.py "$out/source/pictures"
+run pictures env PYTHONPATH="$out/python" ORBS_LIBRARY="$ORBS_LIBRARY_DIR" "$python" docs/pictures/draw.py "$out/source/pictures"
 run reference "$python" docs/_ext/reference.py "$out/source/reference"
-run sphinx "$python" -m sphinx -W --keep-going -q -j auto -b html -d "$out/doctrees" "$out/source" "$out/html"
+run sphinx "$python" -m sphinx -W --keep-going -q -j 2 -b html -d "$out/doctrees" "$out/source" "$out/html"
 echo "file://$out/html/index.html"

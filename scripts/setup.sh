@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and this machine lacks, from Debian's packages. Says nothing when nothing
-# is missing. With the argument "bench" also the libraries that the benchmarks compare with, and what draws their page.
+# is missing. With the argument "bench" also the libraries that the benchmarks compare with, and what draws their page;
+# with "docs" what builds the reference.
 set -euo pipefail
 packages=(g++ g++-multilib lib32gomp1 cmake ninja-build pkg-config googletest libhwy-dev libsndfile1-dev
           libcairo2-dev python3)
 [ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsamplerate0-dev
                                 libsoxr-dev libsleef-dev libeigen3-dev python3-matplotlib)
+[ "${1-}" = docs ] && packages+=(python3-sphinx furo python3-myst-parser python3-matplotlib python3-cffi)
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     echo "setup.sh: not a Debian system, nothing installed. Needed, by their Debian names: ${packages[*]}" >&2

@@ -3,14 +3,14 @@
 # programs built against an installed copy, and the tests under the sanitizers. Logs go to build/logs. At the end a
 # table tells what each step took; the last line is "N passed, N failed", and the exit status is 0 only if nothing
 # failed.
-# usage: scripts/test.sh [PART]...     parts: source release i386 asan tsan dev; without any, all of them but dev
+# usage: scripts/test.sh [PART]...     parts: source release docs i386 asan tsan dev; without any, all of them but dev
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
-known=(source release i386 asan tsan dev)
+known=(source release docs i386 asan tsan dev)
 for part in "$@"; do
     [[ " ${known[*]} " == *" $part "* ]] || { echo "test.sh: no part \"$part\"; there are: ${known[*]}" >&2; exit 2; }
 done
-[ $# -gt 0 ] || set -- source release i386 asan tsan
+[ $# -gt 0 ] || set -- source release docs i386 asan tsan
 logs=$PWD/build/logs
 rm -rf "$logs"
 mkdir -p "$logs"
@@ -107,6 +107,11 @@ release_part() {
     check "exports release" scripts/check-exports build/release
     check "fused release" scripts/check-fused build/release
     check "packaging" tests/packaging/check build/release
+}
+docs_part() {
+    local built=()
+    [ ! -e build/release/lib/liborbsv8.so.5.2 ] || built=(build/release)
+    check "docs" scripts/docs.sh "${built[@]}" && check "reference" tests/docs/check.py build/docs/html
 }
 i386_part() {
     check "build i386" configure_and_build i386 || return

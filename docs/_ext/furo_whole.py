@@ -24,7 +24,7 @@ def add_dark(static):
     dark = DARK.search(text)
     if dark and "prefers-color-scheme" not in text:
         rules = dark[1].replace('[data-theme="dark"]', ':not([data-theme="light"])')
-        sheet.write_text(f"{text}\n@media not print and (prefers-color-scheme: dark) {{{rules}\n")
+        sheet.write_text(f"{text}\n@media screen and (prefers-color-scheme: dark) {{{rules}\n")
 
 
 def complete(app, failure):

@@ -21,13 +21,13 @@ CODE = re.compile(r"""
     )""", re.X)
 STATUS = re.compile(r"orbSts\w+")
 STATUS_LIST = re.compile(r"(?:^|(?<=\. ))(Statuses[^:.]*|Tests|Tested in this order|Order of the tests[^:]*):\s*")
-TERM = re.compile(r"(?P<term>[^.:;=]{1,48}): (?P<text>.+)", re.S)
+TERM = re.compile(r"(?P<term>[^.:;=(]{1,48}): (?P<text>.+)", re.S)
 NO_TERM = re.compile(r"(?:As|In|With|The|An?|So|Any|All|To|It|Refused|If|Where)\b|[a-z]\w* ")
 
 
 def inline(text):
-    """One paragraph: code marked as such, all else escaped."""
-    parts, end = [], 0
+    """One paragraph: code marked as such, all else escaped; a first word that would number a list, too."""
+    parts, end = ["\\" if re.match(r"\(?\w+[.)]\s|[-+*]\s", text) else ""], 0
     for code in CODE.finditer(text):
         parts.append(_escape(text[end:code.start()]))
         parts.append(f"\\ ``{code[0].strip('`')}``\\ ")
@@ -49,7 +49,7 @@ def status_items(text):
     if re.search(r";", head):
         items = head.split(";")
     else:
-        items = re.split(r"(?:(?<=\))|(?<=Err)|(?<=Zero)|(?<=Arg)),\s+(?:then\s+)?", head)
+        items = re.split(r"(?:(?<=\))|(?<=Err)|(?<=Zero)|(?<=Arg)),\s+", head)
     return [item.strip() for item in items if item.strip()], rest
 
 
