@@ -22,7 +22,9 @@ CODE = re.compile(r"""
 STATUS = re.compile(r"orbSts\w+")
 STATUS_LIST = re.compile(r"(?:^|(?<=\. ))(Statuses[^:.]*|Tests|Tested in this order|Order of the tests[^:]*):\s*")
 TERM = re.compile(r"(?P<term>[^.:;=(]{1,48}): (?P<text>.+)", re.S)
-NO_TERM = re.compile(r"(?:As|In|With|The|An?|So|Any|All|To|It|Refused|If|Where)\b|[a-z]\w* ")
+NO_TERM = re.compile(r"(?:As|In|With|The|This|These|An?|So|Any|All|To|It|Refused|If|Where)\b|[a-z]\w* ")
+# Behind a sentence of such a paragraph: the next term.
+NEXT_TERM = re.compile(r"(?<=\.)\s+(?=(?!Statuses|Tests)[A-Z_][\w.]*: )")
 
 
 def inline(text):
@@ -147,7 +149,8 @@ def _paragraph(text):
     if not found:
         term = TERM.fullmatch(text)
         if term and not NO_TERM.match(text) and len(term["term"].split()) <= 6:
-            return [inline(term["term"]), "   " + inline(term["text"]), ""]
+            return [line for part in NEXT_TERM.split(text) for name, _, words in [part.partition(": ")]
+                    for line in (inline(name), "   " + inline(words), "")]
         return [inline(text), ""]
     out = [inline(text[:found.start()].strip()), ""] if found.start() else []
     out += [f".. rubric:: {_escape(found[1])}", ""]

@@ -60,7 +60,7 @@ class Library:
                 continue
             have, want, call = cells
             for family in {id(member.family): member.family for member in self._named_strictly(call, "choosing.md")}.values():
-                self.tasks[id(family)].append(f"{have}: {want}")
+                self.tasks[id(family)].append((have, want))
 
     def _read_examples(self):
         best = {}
@@ -118,6 +118,12 @@ def indented(text):
     return ["   " + line if line else "" for line in text.split("\n")]
 
 
+def subjects(want):
+    """What the index has for a task: the phrases of "the envelope of a signal (Hilbert transform), and back"."""
+    phrases = [phrase.strip() for phrase in re.split(r"[,;:()]", want)]
+    return [phrase for phrase in phrases if len(phrase) > 5 and not re.match(r"(and|or|with|of|in|as)\b", phrase)]
+
+
 def related(library, family):
     """The other families of the room, then those that the block names."""
     named = [member.family for member in library.named(family.text)]
@@ -134,7 +140,8 @@ def family_page(library, family):
     out = title(family.heading)
     tasks = library.tasks[id(family)]
     if tasks:
-        out += [".. container:: orbs-tasks", "", *(f"   - {prose.inline(task)}" for task in tasks), ""]
+        out += [".. container:: orbs-tasks", "", *(f"   - {prose.inline(have)}: {prose.inline(want)}" for have, want in tasks), ""]
+        out += [f".. index:: {subject}" for have, want in tasks for subject in subjects(want)] + [""]
     out += prose.rst(family.text) if family.text else []
     if ALIGNMENT[family.alignment]:
         out += [ALIGNMENT[family.alignment], ""]
@@ -192,7 +199,7 @@ def types_page(header):
     out = title("Types, statuses, flags") + prose.rst(header.text)
     text_of, told = status_text(), ""
     for kind in header.types:
-        if kind.text != told and kind.text != header.title + "\n\n" + header.text:
+        if kind.text != told and kind.text not in header.text:
             out += prose.rst(kind.text)
         told = kind.text
         values = re.findall(r"(\w+) = (-?\d+)", kind.declaration)

@@ -29,4 +29,4 @@ def draw(figure):
         spectra.plot(bins, 10 * np.log10(np.maximum(power / power[0], 1e-12)), linewidth=1.1)
     weights.set(title="weights", xlabel="sample")
     spectra.set(title="leakage", xlabel="distance from the tone in bins", ylabel="dB", xlim=(0, 12), ylim=(-110, 3))
-    weights.legend(loc="lower center")
+    spectra.legend(*weights.get_legend_handles_labels(), loc="upper right", ncols=2)
