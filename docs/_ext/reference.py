@@ -96,8 +96,9 @@ def page(family):
     return f"{family.header.room}/{family.key}"
 
 
-def first_sentence(text):
-    return prose.inline(re.split(r"(?<=[.:])\s", text.replace("\n", " ") + " ", maxsplit=1)[0].rstrip(":") or "")
+def purpose(library, family):
+    """What a family is for, in a line."""
+    return "; ".join(prose.inline(want) for _, want in library.tasks[id(family)])
 
 
 def picture_lines(name, caption):
@@ -160,7 +161,7 @@ def family_page(library, family):
     others = related(library, family)
     if others:
         out += title("Related", "-")
-        out += [f"- :doc:`{prose._escape(other.heading)} </reference/{page(other)}>`: {first_sentence(other.text)}"
+        out += [f"- :doc:`{prose._escape(other.heading)} </reference/{page(other)}>`: {purpose(library, other)}"
                 for other in others] + [""]
     return out
 
@@ -175,7 +176,7 @@ def constants(kind):
                                    for line in (f".. c:enumerator:: {name} = {value}", "")]
 
 
-def room_page(header):
+def room_page(library, header):
     words = sentence(header)
     out = title(words[0].upper() + words[1:]) + prose.rst(header.text)
     out += [".. toctree::", "   :hidden:", "", *(f"   {family.key}" for family in header.families), ""]
@@ -183,7 +184,7 @@ def room_page(header):
     out += [line for kind in header.types if kind not in of_families for line in constants(kind)]
     out += [line for family in header.families
             for line in (f":doc:`{prose._escape(family.heading)} <{family.key}>` ({len(family.members)})",
-                         "   " + (first_sentence(family.text) or "\\ "), "")]
+                         "   " + purpose(library, family), "")]
     return out
 
 
@@ -244,7 +245,7 @@ def main(folder):
     folder = pathlib.Path(folder)
     for header in library.headers:
         if header.families:
-            write(folder / header.room / "index.rst", room_page(header))
+            write(folder / header.room / "index.rst", room_page(library, header))
         for family in header.families:
             write(folder / f"{page(family)}.rst", family_page(library, family))
     write(folder / "types.rst", types_page(library.headers[0]))
