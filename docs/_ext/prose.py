@@ -9,7 +9,7 @@ import re
 CODE = re.compile(r"""
     (?<![\w`*])(?:
       `[^`]+`
-    | (?:\*\s?)?pp?[A-Z]\w*(?:\[[^\]]*\])?       # arguments that are pointers, and their elements
+    | \*?pp?[A-Z]\w*(?:\[[^\]]*\])?       # arguments that are pointers, and their elements
     | orbs?_?[A-Z0-9_]\w* | Orbs?\d\w* | OrbsS?\w+ | ORB_\w+ | threads_omp_of_n_orb
     | orbs/\w+\.h | docs/\w+\.md | orb(?:s|core|defs)\.h
     | (?:[A-Za-z]\w*)?_(?:\d+[a-z]+\d*\w*|I|Sfs|ISfs|A\d\d)\b   # names of members, and their endings
@@ -22,7 +22,10 @@ CODE = re.compile(r"""
 STATUS = re.compile(r"orbSts\w+")
 STATUS_LIST = re.compile(r"(?:^|(?<=\. ))(Statuses[^:.]*|Tests|Tested in this order|Order of the tests[^:]*):\s*")
 TERM = re.compile(r"(?P<term>[^.:;=(]{1,48}): (?P<text>.+)", re.S)
-NO_TERM = re.compile(r"(?:As|In|With|The|This|These|An?|So|Any|All|To|It|Refused|If|Where)\b|[a-z]\w* ")
+# What such a term is: a word, or words in a row, or one of the kinds that the headers speak of.
+IS_TERM = re.compile(r"[\w.\[\]]+(?:(?:,| and) [\w.\[\] ]+)*|(?:Integers of|Scale factor|Encoding of|Through|16-bit) .*")
+# A line that begins with one begins a paragraph.
+STARTS = re.compile(r"\s*[A-Z_\d][\w.]*(?:, [\w.]+)*: ")
 # Behind a sentence of such a paragraph: the next term.
 NEXT_TERM = re.compile(r"(?<=\.)\s+(?=(?!Statuses|Tests)[A-Z_][\w.]*: )")
 
@@ -52,6 +55,9 @@ def status_items(text):
         items = head.split(";")
     else:
         items = re.split(r"(?:(?<=\))|(?<=Err)|(?<=Zero)|(?<=Arg)),\s+", head)
+    if len(items) == 1 and ", then " in head:
+        first, _, last = head.rpartition(", then ")
+        items = [*first.split(", "), f"then {last}"]
     return [item.strip() for item in items if item.strip()], rest
 
 
@@ -71,8 +77,9 @@ def _wrapped(lines, width):
     paragraphs, current = [], ""
     for number, line in enumerate(lines):
         current = f"{current} {line.strip()}".strip()
-        following = lines[number + 1].split() if number + 1 < len(lines) else None
-        if not following or (current[-1] == "." and len(line) + 1 + len(following[0]) <= width):
+        following = lines[number + 1] if number + 1 < len(lines) else None
+        fits = following and len(line) + 1 + len(following.split()[0]) <= width
+        if not following or (current[-1] == "." and (fits or STARTS.match(following))):
             paragraphs.append(current)
             current = ""
     return paragraphs
@@ -120,7 +127,9 @@ def _indented(lines, width, statuses):
     """A group of indented lines."""
     rows = _columns(lines)
     tabular = sum(bool(re.search(r"\S {3,}\S.*\S {3,}\S", line)) for line in lines)
-    if tabular * 2 >= len(lines) or (rows and sum(bool(re.search(r"\S {3,}\S", text)) for _, text in rows) * 2 > len(rows)):
+    formulas = sum(" = " in term or bool(re.search(r"\S {3,}\S", text)) for term, text in rows or [])
+    numbers = sum(bool(re.fullmatch(r"[-\d ]+", text)) for _, text in rows or [])
+    if tabular * 2 >= len(lines) or (rows and max(formulas, numbers) * 2 > len(rows)):
         return _literal(lines)
     if rows:
         return _definitions(rows, statuses)
@@ -148,7 +157,7 @@ def _paragraph(text):
     found = STATUS_LIST.search(text)
     if not found:
         term = TERM.fullmatch(text)
-        if term and not NO_TERM.match(text) and len(term["term"].split()) <= 6:
+        if term and IS_TERM.fullmatch(term["term"]):
             return [line for part in NEXT_TERM.split(text) for name, _, words in [part.partition(": ")]
                     for line in (inline(name), "   " + inline(words), "")]
         return [inline(text), ""]

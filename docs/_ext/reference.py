@@ -122,7 +122,7 @@ def indented(text):
 def subjects(want):
     """What the index has for a task: the phrases of "the envelope of a signal (Hilbert transform), and back"."""
     phrases = [phrase.strip() for phrase in re.split(r"[,;:()]", want)]
-    return [phrase for phrase in phrases if len(phrase) > 5 and not re.match(r"(and|or|with|of|in|as)\b", phrase)]
+    return [phrase for phrase in phrases if len(phrase) > 5 and not re.match(r"(and|or|with|of|in|as|its|made)\b", phrase)]
 
 
 def related(library, family):
