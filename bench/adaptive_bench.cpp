@@ -90,7 +90,7 @@ void liquid(benchmark::State& run, int tapsLen) {
         const std::string name = member + "(" + std::to_string(tapsLen) + ")/" + who + "/" + std::to_string(length);
         benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& run) { body(run, tapsLen); });
     };
-    for (const int tapsLen : {8, 32, 100, 256, 1000}) {
+    for (const int tapsLen : {8, 20, 32, 100, 256, 1000}) {
         add("FIRLMS_32f", "orbs", orbs, tapsLen);
         add("FIRLMS_32f", "loop", loop, tapsLen);
         add("FIRLMS_32f", "liquid", liquid, tapsLen);

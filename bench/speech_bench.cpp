@@ -19,9 +19,10 @@ template <class Real, class Update, class Value>
 void addUpdate(const Row& row, Update update, OrbHintAlgorithm hint, Value value) {
     const Orb16s* const src = vectors::buffer<Orb16s>(0);
     Orb32s* const running = vectors::buffer<Orb32s>(1);
-    constexpr Orb16s alpha = -1;
+    static volatile Orb16s alpha = -1; // not known to the compiler, as it is not to the member
     vectors::add(row, "orbs", [=](int len) { update(src, len, running, 3, alpha, hint); });
-    vectors::add(row, "loop", [=](int len) { *running = recursion(src, len, *running, Real{alpha}, value); });
+    vectors::add(row, "loop",
+                 [=](int len) { *running = recursion(src, len, *running, static_cast<Real>(alpha), value); });
 }
 
 // In place over and over: with so small a constant, numbers change little.

@@ -32,8 +32,8 @@ void updateLoop(Orb16u* metrics, Orb16u* least, Orb8u* state, Orb16u* path, int 
 // Metrics of symbols that differ from call to call, as a decoder meets them.
 struct Trellis {
     static constexpr int symbols = 256;
-    Orb16u path[64], metrics[64];
-    Orb8u next[3][16 * 64]; // of 16, 32 and 64 states
+    Orb16u path[64], metrics[64], lessPath[64]; // those of states; those of states made small again
+    Orb8u next[3][16 * 64];                     // of 16, 32 and 64 states
     Orb16s branch[symbols][64];
     Orb32u history[64];
     Orb16u least;
@@ -64,14 +64,14 @@ struct Trellis {
             nextSymbol();
             orbsCalcStatesDV_16sc(t.path, t.next[n / 32], t.metrics, t.branch[symbol], t.history, n, 0);
         },
-        [](int n) { orbsUpdatePathMetricsDV_16u(t.metrics, &t.least, &t.best, t.path, n); });
+        [](int n) { orbsUpdatePathMetricsDV_16u(t.metrics, &t.least, &t.best, t.lessPath, n); });
     addStep(
         "loop",
         [=](int n) {
             nextSymbol();
             calcLoop(t.path, t.next[n / 32], t.metrics, t.branch[symbol], t.history, n);
         },
-        [](int n) { updateLoop(t.metrics, &t.least, &t.best, t.path, n); });
+        [](int n) { updateLoop(t.metrics, &t.least, &t.best, t.lessPath, n); });
     return true;
 }();
 

@@ -12,9 +12,9 @@ NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 # The others by their names in the benchmarks; those without a name for readers stand in the full tables only.
 PEERS = {"volk": "VOLK", "fftw": "FFTW", "eigen": "Eigen", "sleef": "SLEEF", "highway": "Highway",
          "liquid": "liquid-dsp", "samplerate": "libsamplerate", "soxr": "soxr", "std": "C++ library",
-         "lower_bound": "C++ library", "loop": "plain loop",
-         "rint": "plain loop", "table": "plain loop", "tile": "tile", "hand": "by hand", "fastmath": "fast-math loop",
-         "fastmath-single": "fast-math loop"}
+         "std::cos": "C++ library", "lower_bound": "C++ library", "loop": "plain loop", "rint": "plain loop",
+         "table": "plain loop", "loop_by_taps": "plain loop", "tile": "tile", "hand": "by hand",
+         "fastmath": "fast-math loop", "fastmath-single": "fast-math loop"}
 
 
 class Row:

@@ -23,8 +23,7 @@ ORBS_DECLARATIONS_BEGIN
  *               are taken and given back in the call.
  *
  * With transforms and L above 4096 blocks are spread over the threads of orbSetNumThreads; results do not depend on how
- * many these are. Exchanged operands give the same bits, except of direct sums of two vectors of one length, which are
- * then added up the other way round.
+ * many these are. Exchanged operands give the same bits.
  *
  * Conv_16s_Sfs: the samples are converted to single precision, in which everything is computed, by the methods of Conv;
  * outputs times 2^-scaleFactor are rounded to nearest, ties to even, and saturated, as orbsConvert_32f16s_Sfs does it.

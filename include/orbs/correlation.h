@@ -25,7 +25,7 @@ ORBS_DECLARATIONS_BEGIN
  *
  *   CrossCorr        through transforms if c S / L, in single precision, cut to an integer, exceeds 383 (_32f,
  *                    _16s_Sfs), 511 (_64f, _64fc) or 255 (_32fc); else direct
- *   CrossCorrDirect  the sums themselves. Nothing but the float and double members, which take no memory.
+ *   CrossCorrDirect  the sums themselves, whatever they cost. No memory is taken.
  *   CrossCorrFFT     transforms of 2^k points. L < 3 S: one block of the first power of two from L + S - 1 on; else blocks
  *                    of two to four times 2 S points.
  *

@@ -60,9 +60,10 @@ OrbStatus orbsFIRGenBandstop_64f(Orb64f rLowFreq, Orb64f rHighFreq, Orb64f* pTap
  * powers of 1/z: of high orders with an edge near 0 or 0.5 they tell little of the poles in double precision. Such designs
  * are made without a word; cascades of short filters serve better.
  *
- * Statuses, in the order of the tests: null pTaps: orbStsNullPtrErr; rFreq not in (0, 0.5): orbStsIIRGenFreqErr; order not
- * in 1 to 12: orbStsIIRGenOrderErr; another filterType than those above: orbStsNoErr, and pTaps is left as it was;
- * rPassbandDb of a Chebyshev filter not in (0, 29]: orbStsIIRGenPassbandErr. A NaN is in no range. */
+ * Statuses, in the order of the tests: null pTaps: orbStsNullPtrErr; rFreq 0 or below, 0.5 or above: orbStsIIRGenFreqErr;
+ * order not in 1 to 12: orbStsIIRGenOrderErr; another filterType than those above: orbStsNoErr, and pTaps is left as it
+ * was; rPassbandDb of a Chebyshev filter not in (0, 29]: orbStsIIRGenPassbandErr. A NaN is no such rPassbandDb, but as
+ * rFreq it is no fault: all of the taps but a[0] are NaN then. */
 OrbStatus orbsIIRGenLowpass_64f(Orb64f rFreq, Orb64f rPassbandDb, int order, Orb64f* pTaps, int filterType);
 OrbStatus orbsIIRGenHighpass_64f(Orb64f rFreq, Orb64f rPassbandDb, int order, Orb64f* pTaps, int filterType);
 

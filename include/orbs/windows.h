@@ -12,13 +12,15 @@ ORBS_DECLARATIONS_BEGIN
  *   WinBartlett   w(n) = 2 n / M up to the middle, and mirrored
  *   WinHann       w(n) = 0.5 - 0.5 cos(2 pi n / M)
  *   WinHamming    w(n) = 0.54 - 0.46 cos(2 pi n / M)
- * This holds for all windows here: the weights of n and M - n are the same to the bit, and the middle element of an odd
- * len keeps its value whatever it is. Weights are made in double precision, within 20 2^-53 of themselves however small
- * they are, and rounded to single precision for all data but that of 64 bits. Both parts of a complex element have one
- * weight. A weight of 0 makes a zero with the sign of the element, and a NaN of an infinity; with len
- * 3 the ends of WinBartlett and WinHann are positive zeros whatever they were.
- * Floats: one product in the caller's rounding mode. Integers: the product in single precision, to the nearest integer,
- * ties to even, whatever the caller's rounding mode is, saturated.
+ * This holds for all windows here: the weights of n and M - n are the same to the bit, and the middle element of an
+ * odd len keeps its value whatever it is. Both parts of a complex element have one weight. Weights are doubles in the
+ * _64f and _64fc members and floats in all others; u is the unit of their rounding, 2^-53 or 2^-24. While the caller
+ * rounds to nearest, those of WinBartlett are quotients rounded once, up to a len of 2^24; the doubles of WinHann and
+ * WinHamming are within 20 u of themselves however small they are, and the floats are such doubles rounded once more.
+ * A weight of 0 makes a zero with the sign of the element, and a NaN of an infinity; with len 3 the ends of
+ * WinBartlett and WinHann are positive zeros whatever they were.
+ * Floats: one product in the caller's rounding mode. Integers: the product in single precision, to the nearest
+ * integer, ties to even, saturated; the caller's rounding mode does not matter, and no exception flag is raised.
  * pDst may be pSrc; the vectors overlap in no other way.
  *
  * Statuses, in the order of the tests: orbStsNullPtrErr, orbStsSizeErr (len below 3).
@@ -63,8 +65,8 @@ OrbStatus orbsWinHamming_64fc_I(Orb64fc* pSrcDst, int len);
 /* ---- WinBlackman, WinBlackmanStd, WinBlackmanOpt, WinBlackmanQ15 ---------------------------------------------
  * Alignment: any.
  * As above with w(n) = (alpha + 1) / 2 - 0.5 cos(2 pi n / M) - (alpha / 2) cos(4 pi n / M). Both ends become positive
- * zeros whatever they were. With q = 0.5 - 0.5 cos(2 pi n / M) weights are within 40 2^-53 q (1 + 4 |alpha|) of the
- * formula, which is q (1 + 4 alpha (1 - q)). A NaN alpha makes floats NaN, and integers 32767.
+ * zeros whatever they were. With q = 0.5 - 0.5 cos(2 pi n / M) weights are q (1 + 4 alpha (1 - q)), and doubles within
+ * 40 u q (1 + 4 |alpha|) of that. A NaN alpha makes floats NaN, and integers 32767, but at the ends and in the middle.
  *
  * Std: alpha = -0.16 in single precision. Opt: alpha = -(0.5 / cos(pi / M))^2 rounded to single precision, of which the
  * second weight is 0 up to that rounding. Both hold for the members of double precision too.
@@ -121,9 +123,10 @@ OrbStatus orbsWinBlackmanQ15_16s_ISfs(Orb16s* pSrcDst, int len, int alphaQ15, in
 /* ---- WinKaiser, WinKaiserQ15 ---------------------------------------------------------------------------------
  * Alignment: any.
  * As above with w(n) = I0(alpha sqrt(n (M - n))) / I0(alpha M / 2), where I0 is the modified Bessel function; alpha M / 2
- * is what is elsewhere called beta. The sign of alpha does not matter; alpha 0 makes every weight 1. Weights are within
- * (12 + 3 |alpha| M) 2^-53 of themselves before they are rounded to single precision. A NaN alpha makes floats NaN, and
- * integers 32767. len 1 leaves the element as it is.
+ * is what is elsewhere called beta. The sign of alpha does not matter; alpha 0 makes every weight 1. While the caller
+ * rounds to nearest, weights are within (32 - 14 ln w(n)) u of themselves, doubles and floats alike; those of integers
+ * that are below 2^-120 may be anything below that. A NaN alpha makes floats NaN, and integers 32767, but in the
+ * middle. len 1 leaves the element as it is.
  * Q15: alpha = alphaQ15 2^-15.
  *
  * Statuses, in the order of the tests: orbStsNullPtrErr, orbStsSizeErr (len below 1), orbStsWinKaiserErr (|alpha| M / 2

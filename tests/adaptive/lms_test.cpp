@@ -7,26 +7,19 @@ using namespace adaptive;
 
 template <class X>
 struct Members;
-template <>
-struct Members<Orb32f> {
-    using State = OrbsFIRLMSState_32f;
-    static constexpr auto initAlloc = orbsFIRLMSInitAlloc_32f;
-    static constexpr auto free = orbsFIRLMSFree_32f;
-    static constexpr auto getTaps = orbsFIRLMSGetTaps_32f;
-    static constexpr auto getDlyLine = orbsFIRLMSGetDlyLine_32f;
-    static constexpr auto setDlyLine = orbsFIRLMSSetDlyLine_32f;
-    static constexpr auto filter = orbsFIRLMS_32f;
-};
-template <>
-struct Members<Orb16s> {
-    using State = OrbsFIRLMSState32f_16s;
-    static constexpr auto initAlloc = orbsFIRLMSInitAlloc32f_16s;
-    static constexpr auto free = orbsFIRLMSFree32f_16s;
-    static constexpr auto getTaps = orbsFIRLMSGetTaps32f_16s;
-    static constexpr auto getDlyLine = orbsFIRLMSGetDlyLine32f_16s;
-    static constexpr auto setDlyLine = orbsFIRLMSSetDlyLine32f_16s;
-    static constexpr auto filter = orbsFIRLMS32f_16s;
-};
+#define LMS_MEMBERS(X, suffix)                                                                                         \
+    template <>                                                                                                        \
+    struct Members<X> {                                                                                                \
+        using State = OrbsFIRLMSState##suffix;                                                                         \
+        static constexpr auto initAlloc = orbsFIRLMSInitAlloc##suffix;                                                 \
+        static constexpr auto free = orbsFIRLMSFree##suffix;                                                           \
+        static constexpr auto getTaps = orbsFIRLMSGetTaps##suffix;                                                     \
+        static constexpr auto getDlyLine = orbsFIRLMSGetDlyLine##suffix;                                               \
+        static constexpr auto setDlyLine = orbsFIRLMSSetDlyLine##suffix;                                               \
+        static constexpr auto filter = orbsFIRLMS##suffix;                                                             \
+    }
+LMS_MEMBERS(Orb32f, _32f);
+LMS_MEMBERS(Orb16s, 32f_16s);
 
 template <class X>
 class Filter {
@@ -92,6 +85,17 @@ TEST(Lms, FiltersAndThenAdapts) {
             ASSERT_NEAR(y, sum, magnitude * (tapsLen + 1) * 0x1p-24) << tapsLen << " taps, sample " << n;
             ASSERT_EQ(filter.taps(), after) << tapsLen << " taps, sample " << n;
         }
+    }
+}
+
+// An infinite error makes all taps infinite, not NaN; a sample that is still to come meets none.
+TEST(Lms, LooksAtNothingBesideItsTaps) {
+    for (const int tapsLen : tapCounts) {
+        const auto size = static_cast<std::size_t>(tapsLen);
+        Filter<float> filter(std::vector<float>(size), std::vector<float>(size, 1), 0);
+        const auto y = filter.run({1, 1, INFINITY}, {INFINITY, 0, 0}, 1);
+        EXPECT_EQ(y[0], 0) << tapsLen;
+        EXPECT_EQ(y[1], INFINITY) << tapsLen;
     }
 }
 
@@ -182,17 +186,12 @@ TEST(Lms, MoreTapsThanMemoryAreRefused) {
     EXPECT_EQ(state, nullptr);
 }
 
-template <class X>
-void expectIdentifies(int tapsLen, float mu) {
-    const Unknown<X> unknown(tapsLen, 20000);
-    Filter<X> filter(std::vector<float>(static_cast<std::size_t>(tapsLen)), {}, 0);
-    const std::vector<X> y = filter.run(unknown.x, unknown.ref, mu);
-    EXPECT_LT(unknown.errorAtEnd(y), 1e-6) << tapsLen;
-}
 TEST(Lms, IdentifiesAnUnknownFilter) {
-    for (const int tapsLen : {12, 32, 100, 300}) {
-        expectIdentifies<float>(tapsLen, 0.5f / static_cast<float>(tapsLen));
-        expectIdentifies<Orb16s>(tapsLen, 0.5f / (static_cast<float>(tapsLen) * 1e8f));
+    for (const int tapsLen : {12, 100}) {
+        const Unknown unknown(tapsLen, 20000);
+        Filter<Orb16s> filter(std::vector<float>(static_cast<std::size_t>(tapsLen)), {}, 0);
+        const float mu = 0.5f / (static_cast<float>(tapsLen) * 1e8f);
+        EXPECT_LT(unknown.errorAtEnd(filter.run(unknown.x, unknown.ref, mu)), 1e-6) << tapsLen;
     }
 }
 

@@ -16,7 +16,7 @@ struct Caller {
 };
 
 TEST(LmsOne, FiltersAndThenAdapts) {
-    for (const int tapsLen : {1, 2, 7, 8, 31, 64, 65, 130}) {
+    for (const int tapsLen : {1, 2, 5, 8, 31, 64, 65, 130}) {
         const auto size = static_cast<std::size_t>(tapsLen);
         Caller<float, float> wide{noise<float>(size, 1)};
         Caller<float, Orb16s> narrow{wide.taps};
@@ -50,16 +50,17 @@ TEST(LmsOne, FiltersAndThenAdapts) {
     }
 }
 
-// Sums that doubles hold exactly; the rest as the formula says.
+// Sums that doubles hold exactly; the rest as the formula says. A stream begins with silence.
 TEST(LmsOne, NormalisedIsThatOfDoubles) {
     for (const int tapsLen : {1, 3, 8, 15, 16, 17, 33, 60}) {
         Caller<Orb32s, Orb16s> caller{support::randomVector<Orb32s>(static_cast<std::size_t>(tapsLen))};
-        const auto x = support::randomVector<Orb16s>(200), ref = support::randomVector<Orb16s>(200, 2);
+        auto x = support::randomVector<Orb16s>(200), ref = support::randomVector<Orb16s>(200, 2);
+        x[0] = x[1] = 0;
         const int steps[] = {0, 1000, -20000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
         for (std::size_t n = 0; n < x.size(); ++n) {
             auto taps = caller.taps;
             const int mu = steps[n % 5];
-            Orb16s y = 0;
+            Orb16s y = 1234;
             ASSERT_EQ(orbsFIRLMSOne_DirectQ15_16s(x[n], ref[n], &y, caller.taps.data(), tapsLen, mu, caller.line.data(),
                                                   &caller.index),
                       orbStsNoErr);
@@ -71,7 +72,7 @@ TEST(LmsOne, NormalisedIsThatOfDoubles) {
             }
             if (energy == 0) {
                 ASSERT_EQ(caller.taps, taps);
-                ASSERT_EQ(y, 0);
+                ASSERT_EQ(y, 1234);
                 continue;
             }
             const double exact = static_cast<double>(sum) / 32768;
@@ -85,29 +86,14 @@ TEST(LmsOne, NormalisedIsThatOfDoubles) {
     }
 }
 
-TEST(LmsOne, NormalisedPassesOverSilence) {
-    Caller<Orb32s, Orb16s> caller{{5, 6, 7}};
-    Orb16s y = 1234;
-    EXPECT_EQ(orbsFIRLMSOne_DirectQ15_16s(0, 99, &y, caller.taps.data(), 3, 1000, caller.line.data(), &caller.index),
-              orbStsNoErr);
-    EXPECT_EQ(y, 1234);
-    EXPECT_EQ(caller.index, 1);
-    EXPECT_EQ(caller.taps, (std::vector<Orb32s>{5, 6, 7}));
-}
-
-template <auto member, class Tap, class X>
-void expectIdentifies(auto mu) {
-    const Unknown<X> unknown(24, 10000);
-    Caller<Tap, X> caller{std::vector<Tap>(24)};
-    std::vector<X> y(unknown.x.size());
-    for (std::size_t n = 0; n < y.size(); ++n)
-        member(unknown.x[n], unknown.ref[n], &y[n], caller.taps.data(), 24, mu, caller.line.data(), &caller.index);
-    EXPECT_LT(unknown.errorAtEnd(y), 1e-6);
-}
 TEST(LmsOne, IdentifiesAnUnknownFilter) {
-    expectIdentifies<orbsFIRLMSOne_Direct_32f, Orb32f, Orb32f>(0.02f);
-    expectIdentifies<orbsFIRLMSOne_Direct32f_16s, Orb32f, Orb16s>(2e-10f);
-    expectIdentifies<orbsFIRLMSOne_DirectQ15_16s, Orb32s, Orb16s>(16384);
+    const Unknown unknown(24, 10000);
+    Caller<Orb32s, Orb16s> caller{std::vector<Orb32s>(24)};
+    std::vector<Orb16s> y(unknown.x.size());
+    for (std::size_t n = 0; n < y.size(); ++n)
+        orbsFIRLMSOne_DirectQ15_16s(unknown.x[n], unknown.ref[n], &y[n], caller.taps.data(), 24, 16384,
+                                    caller.line.data(), &caller.index);
+    EXPECT_LT(unknown.errorAtEnd(y), 1e-6);
 }
 
 } // namespace

@@ -44,7 +44,7 @@ Orb32s wrapped(std::int64_t v) {
     return static_cast<Orb32s>(static_cast<Orb32u>(static_cast<std::uint64_t>(v)));
 }
 
-// A number of two parts, of which a real one has the first.
+// Of two parts; a real number has the first.
 struct Wide {
     std::int64_t re, im;
 };
@@ -196,7 +196,7 @@ TYPED_TEST(LmsSteps, KeepTapsAndLinesAsGiven) {
 // Taps of 31 fraction bits, of which the filter takes 15; a step of a quarter of what would be found at once.
 TEST(LmsStepsOfNoise, IdentifyAnUnknownFilter) {
     constexpr int tapsLen = 16;
-    const Unknown<Orb16s> unknown(tapsLen, 20000, 3);
+    const Unknown unknown(tapsLen, 20000);
     OrbsFIRLMSMRState32s_16s* state = nullptr;
     orbsFIRLMSMRInitAlloc32s_16s(&state, nullptr, tapsLen, nullptr, 0, 1, 0, 32768);
     std::vector<Orb16s> y;
@@ -208,25 +208,6 @@ TEST(LmsStepsOfNoise, IdentifyAnUnknownFilter) {
     }
     orbsFIRLMSMRFree32s_16s(state);
     EXPECT_LT(unknown.errorAtEnd(y), 1e-6);
-}
-
-// The product of the update is plain, without a conjugate, which makes a gradient where the samples are real.
-TEST(LmsStepsOfNoise, IdentifyAComplexFilterOfARealStream) {
-    constexpr int tapsLen = 8;
-    const Unknown<Orb16s> re(tapsLen, 20000, 3), im(tapsLen, 20000, 4);
-    OrbsFIRLMSMRState32sc_16sc* state = nullptr;
-    orbsFIRLMSMRInitAlloc32sc_16sc(&state, nullptr, tapsLen, nullptr, 0, 1, 0, 65536);
-    std::vector<Orb16s> yRe, yIm;
-    for (std::size_t n = 0; n < re.x.size(); ++n) {
-        Orb32sc sum{};
-        orbsFIRLMSMROneVal32sc_16sc({re.x[n], 0}, &sum, state);
-        yRe.push_back(static_cast<Orb16s>((sum.re + 16384) >> 15));
-        yIm.push_back(static_cast<Orb16s>((sum.im + 16384) >> 15));
-        orbsFIRLMSMRUpdateTaps32sc_16sc(re.ref[n] - yRe[n], im.ref[n] - yIm[n], state);
-    }
-    orbsFIRLMSMRFree32sc_16sc(state);
-    EXPECT_LT(re.errorAtEnd(yRe), 1e-6);
-    EXPECT_LT(im.errorAtEnd(yIm), 1e-6);
 }
 
 } // namespace

@@ -23,26 +23,23 @@ std::vector<X> noise(std::size_t count, unsigned seed) {
     return v;
 }
 
-// Noise, the same for all, and what a filter makes of it that leaves a quarter of its power.
-template <class X>
+// Noise, and what a filter makes of it that leaves a quarter of its power.
 struct Unknown {
-    std::vector<double> h;
-    std::vector<X> x, ref;
+    std::vector<Orb16s> x, ref;
 
-    Unknown(int tapsLen, std::size_t count, unsigned seed = 2)
-        : h(noise<double>(static_cast<std::size_t>(tapsLen), seed)), x(noise<X>(count, 1)) {
+    Unknown(int tapsLen, std::size_t count) : x(noise<Orb16s>(count, 1)) {
+        auto h = noise<double>(static_cast<std::size_t>(tapsLen), 2);
         double energy = 0;
         for (const double t : h) energy += t * t;
         for (double& t : h) t *= 0.5 / std::sqrt(energy);
         for (std::size_t n = 0; n < count; ++n) {
             double y = 0;
             for (std::size_t k = 0; k < std::min(h.size(), n + 1); ++k) y += h[k] * x[n - k];
-            ref.push_back(static_cast<X>(std::is_integral_v<X> ? std::nearbyint(y) : y));
+            ref.push_back(static_cast<Orb16s>(std::nearbyint(y)));
         }
     }
     // Of the last thousand outputs, power of the error by that of the reference.
-    template <class Y>
-    double errorAtEnd(const std::vector<Y>& y) const {
+    double errorAtEnd(const std::vector<Orb16s>& y) const {
         double error = 0, power = 0;
         for (std::size_t n = x.size() - 1000; n < x.size(); ++n) {
             const double r = ref[n], e = r - y[n];

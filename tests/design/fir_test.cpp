@@ -129,7 +129,7 @@ TEST(FirGen, WindowsMultiply) {
 
 TEST(FirGen, GainBecomesOne) {
     for (const Kind kind : kinds) {
-        for (const int len : {5, 6, 30, 101, 600}) {
+        for (const int len : {5, 6, 7, 30, 101, 600}) {
             for (const int winType : {int{orbWinHamming}, noWindow}) {
                 const Design design{kind, 0.11, 0.34, len, winType};
                 const long double at = kind == highpass ? 0.5L : kind == bandpass ? (0.11 + 0.34) * 0.5L : 0;

@@ -205,15 +205,24 @@ TEST(IirGen, RespondsAsScipysFilters) {
             }
 }
 
-TEST(IirGen, AnotherKindIsNoFilterAndNoFault) {
+TEST(IirGen, LooksAtNoMoreThanItNeeds) {
     Orb64f taps[4] = {3, 4, 5, 6};
     for (const int kind : {2, -1}) {
         EXPECT_EQ((Design{false, kind, 0.1, NAN, 1}.make(taps)), orbStsNoErr);
         EXPECT_EQ((Design{true, kind, 0.1, 0, 13}.make(taps)), orbStsIIRGenOrderErr);
     }
-    for (int k = 0; k < 4; ++k) EXPECT_EQ(taps[k], k + 3);
-    EXPECT_EQ((Design{false, orbButterworth, 0.1, NAN, 1}.make(taps)), orbStsNoErr); // not looked at
     EXPECT_EQ((Design{false, orbChebyshev1, 0.1, std::nextafter(29.0, 30.0), 1}.make(taps)), orbStsIIRGenPassbandErr);
+    for (int k = 0; k < 4; ++k) EXPECT_EQ(taps[k], k + 3);
+    EXPECT_EQ((Design{false, orbButterworth, 0.1, NAN, 1}.make(taps)), orbStsNoErr);
+}
+
+TEST(IirGen, NoFrequencyIsNoFilterAndNoFault) {
+    forDesigns({NAN}, [](const Design& design) {
+        const Filter filter = made(design);
+        EXPECT_EQ(filter.a[0], 1);
+        for (int k = 0; k <= design.order; ++k)
+            EXPECT_TRUE(std::isnan(filter.b[k]) && (k == 0 || std::isnan(filter.a[k])));
+    });
 }
 
 } // namespace

@@ -29,11 +29,15 @@ std::set<const void*>& usedRules() {
     return used;
 }
 template <class Rule>
-const Rule* ruleFor(std::span<const Rule> rules, std::string_view member, std::string_view argument = {}) {
-    const auto rule = std::ranges::find_if(rules, [&](const Rule& r) { return matches(member, argument, r.pattern); });
-    if (rule == rules.end()) return nullptr;
-    usedRules().insert(&*rule);
-    return &*rule;
+const Rule* ruleFor(std::span<const Rule> Rules::*table, std::string_view member, std::string_view argument = {}) {
+    for (const Rules* book : books()) {
+        const auto rule =
+            std::ranges::find_if(book->*table, [&](const Rule& r) { return matches(member, argument, r.pattern); });
+        if (rule == (book->*table).end()) continue;
+        usedRules().insert(&*rule);
+        return &*rule;
+    }
+    return nullptr;
 }
 
 // What the query of a family tells of one area: by the numbers that Init takes, or of an object.
@@ -93,10 +97,10 @@ public:
         }
         for (const std::string& text : texts) findObject(text);
         for (std::size_t k = 0; k < texts.size(); ++k) add(texts[k], member.signature->types[k]);
-        if (const WarningRule* rule = ruleFor(rules().warnings, name_)) plan_.warnings = rule->warnings;
-        plan_.dependsOnPlace = ruleFor(rules().resultsDependOnPlace, name_);
-        if (ruleFor(rules().lackOfMemoryIsNull, name_)) plan_.lackOfMemory = orbStsNullPtrErr;
-        const CaseRule* cases = ruleFor(rules().cases, name_);
+        if (const WarningRule* rule = ruleFor(&Rules::warnings, name_)) plan_.warnings = rule->warnings;
+        plan_.dependsOnPlace = ruleFor(&Rules::resultsDependOnPlace, name_);
+        if (ruleFor(&Rules::lackOfMemoryIsNull, name_)) plan_.lackOfMemory = orbStsNullPtrErr;
+        const CaseRule* cases = ruleFor(&Rules::cases, name_);
         plan_.small = cases->small;
         plan_.large = cases->large;
         plan_.faulty = cases->faulty;
@@ -113,7 +117,7 @@ private:
         std::smatch match;
         if (!std::regex_search(argument, match, type)) return;
         const std::string name = match[1];
-        object_ = ruleFor(rules().objects, name);
+        object_ = ruleFor(&Rules::objects, name);
         if (!object_ || !std::regex_match(name, match, std::regex(object_->pattern.members))) return;
         plan_.family = {.verb = object_->verb,
                         .kind = match.format(object_->kind),
@@ -128,8 +132,8 @@ private:
     void add(const std::string& text, const Type& type) {
         Argument a{.name = nameIn(text), .type = type};
         const std::size_t k = plan_.arguments.size();
-        if (const NullRule* rule = ruleFor(rules().nulls, name_, a.name)) a.mayBeNull = rule->when;
-        a.refusalMayWrite = ruleFor(rules().refusalMayWrite, name_, a.name);
+        if (const NullRule* rule = ruleFor(&Rules::nulls, name_, a.name)) a.mayBeNull = rule->when;
+        a.refusalMayWrite = ruleFor(&Rules::refusalMayWrite, name_, a.name);
         switch (type.kind) {
         case Kind::element:
             addNumber(a, k);
@@ -143,13 +147,13 @@ private:
             addObject(a, k, text);
             break;
         }
-        if (type.kind != Kind::element && !ruleFor(rules().nullNotTested, name_, a.name))
+        if (type.kind != Kind::element && !ruleFor(&Rules::nullNotTested, name_, a.name))
             addFault({Fault::null, k, nullptr, {}, orbStsNullPtrErr, 0}, a.name);
         plan_.arguments.push_back(a);
     }
 
     void addNumber(Argument& a, std::size_t k) {
-        const NumberRule* rule = ruleFor(rules().numbers, name_, a.name);
+        const NumberRule* rule = ruleFor(&Rules::numbers, name_, a.name);
         if (!rule) return refuse("no rule for the number " + a.name);
         a.number = rule->number;
         for (Number bad : rule->faults) addFault({Fault::value, k, bad, {}, rule->status, 1}, a.name);
@@ -169,14 +173,14 @@ private:
 
     void addVector(Argument& a, std::size_t k) {
         if (addArea(a)) return;
-        const VectorRule* rule = ruleFor(rules().vectors, name_, a.name);
+        const VectorRule* rule = ruleFor(&Rules::vectors, name_, a.name);
         if (!rule) return refuse("no rule for the vector " + a.name);
         const Use byName = a.name.starts_with("pSrcDst") ? Use::update : Use::destination;
         a.use = rule->use.value_or(a.type.isConst ? Use::source : byName);
         a.count = rule->count;
         a.number = rule->holds;
         a.positive = rule->positive;
-        if (const PointeeRule* pointee = ruleFor(rules().pointees, name_, a.name))
+        if (const PointeeRule* pointee = ruleFor(&Rules::pointees, name_, a.name))
             for (Number bad : pointee->faults)
                 addFault({Fault::value, k, bad, pointee->at, pointee->status, 2}, a.name + ":value");
     }
@@ -190,13 +194,13 @@ private:
             return;
         }
         a.use = a.type.kind == Kind::objectSlot ? Use::destination : Use::update;
-        if (a.type.kind == Kind::object && !ruleFor(rules().tagNotTested, name_, a.name))
+        if (a.type.kind == Kind::object && !ruleFor(&Rules::tagNotTested, name_, a.name))
             for (Number foreign : foreignTags)
                 addFault({Fault::tag, k, foreign, {}, orbStsContextMatchErr, 3}, a.name + ":tag");
     }
 
     void addFault(Fault fault, const std::string& name) {
-        if (const OrderRule* rule = ruleFor(rules().orders, name_)) {
+        if (const OrderRule* rule = ruleFor(&Rules::orders, name_)) {
             const auto& order = rule->order;
             auto at = std::ranges::find(order, name);
             const bool named = at != order.end();
@@ -247,19 +251,11 @@ const Member& Family::function(const char* step, const Case& c) const {
 std::vector<std::string> idleRules() {
     for (const Member& member : members()) planOf(member);
     std::vector<std::string> idle;
-    appendIdle(idle, rules().objects);
-    appendIdle(idle, rules().vectors);
-    appendIdle(idle, rules().numbers);
-    appendIdle(idle, rules().pointees);
-    appendIdle(idle, rules().nulls);
-    appendIdle(idle, rules().nullNotTested);
-    appendIdle(idle, rules().resultsDependOnPlace);
-    appendIdle(idle, rules().refusalMayWrite);
-    appendIdle(idle, rules().lackOfMemoryIsNull);
-    appendIdle(idle, rules().tagNotTested);
-    appendIdle(idle, rules().warnings);
-    appendIdle(idle, rules().orders);
-    appendIdle(idle, rules().cases);
+    const auto append = [&](const auto&... tables) { (appendIdle(idle, tables), ...); };
+    for (const Rules* book : books())
+        append(book->objects, book->vectors, book->numbers, book->pointees, book->nulls, book->nullNotTested,
+               book->resultsDependOnPlace, book->refusalMayWrite, book->lackOfMemoryIsNull, book->tagNotTested,
+               book->warnings, book->orders, book->cases);
     return idle;
 }
 

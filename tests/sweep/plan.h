@@ -1,5 +1,5 @@
 // What the arguments of a member mean: how long its vectors are, what its numbers may be, which faults it must refuse
-// and with which status. Told by rules over names (rules.cpp), never member by member.
+// and with which status. Told by rules over names (rules.cpp and beside), never member by member.
 #pragma once
 
 #include "sweep/members.h"

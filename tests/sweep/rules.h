@@ -90,6 +90,10 @@ struct Rules {
     std::span<const OrderRule> orders;
     std::span<const CaseRule> cases;
 };
-const Rules& rules();
+// In this order: the first rule of the first book holds. Those of all members stand in the last one.
+std::span<const Rules* const> books();
+const Rules& filterRules();
+const Rules& transformRules();
+const Rules& generalRules();
 
 } // namespace sweep

@@ -28,27 +28,37 @@ struct LmsRows {
     std::size_t placeOf(std::size_t k) const { return k < inFirst ? k : k + lanes - inFirst; }
 };
 
-// The sum of all lanes, in every lane: upper half upon the lower one, down to one lane.
+// The sum of all lanes, in every lane. An error waits for it, so shuffles go side by side, not one behind the other.
 template <class D>
 HWY_INLINE hn::Vec<D> sumEverywhere(D d, hn::Vec<D> v) {
     constexpr std::size_t size = hn::MaxLanes(d) * sizeof(hn::TFromD<D>);
-    if constexpr (size == 64) v = hn::Add(v, hn::ConcatLowerUpper(d, v, v));
-    if constexpr (size >= 32) v = hn::Add(v, hn::SwapAdjacentBlocks(v));
-    v = hn::Add(v, hn::Shuffle1032(v));
-    return hn::Add(v, hn::Shuffle2301(v));
+    if constexpr (size == 64) {
+        const auto odd = hn::Add(hn::SwapAdjacentBlocks(v), hn::ReverseBlocks(d, v));
+        v = hn::Add(hn::Add(v, hn::ConcatLowerUpper(d, v, v)), odd);
+    }
+    if constexpr (size == 32) v = hn::Add(v, hn::SwapAdjacentBlocks(v));
+    return hn::Add(hn::Add(v, hn::Shuffle1032(v)), hn::Add(hn::Shuffle2301(v), hn::Shuffle0123(v)));
+}
+
+// Lanes of a vector for so many rows in registers. Within and across blocks of 16 bytes sums are added up slowest, so
+// few taps, whose time is that of one error waiting for the other, go in short vectors.
+constexpr std::size_t lmsVector(std::size_t held) {
+    return held == 1 ? 4 : held == 2 ? 8 : LmsRows::mostLanes;
 }
 
 // `held` rows stay in registers, or, if it is 0, none do. `whole`: the first row is full.
 template <std::size_t lanes, std::size_t held, bool whole>
 class LmsFilter {
-    static constexpr hn::CappedTag<Orb32f, lanes> d{};
+    using D = hn::CappedTag<Orb32f, std::min(lanes, lmsVector(held))>;
+    using V = hn::Vec<D>;
+    static constexpr D d{};
     static constexpr std::size_t step = hn::MaxLanes(d), vectors = lanes / step;
-    using V = hn::Vec<hn::CappedTag<Orb32f, lanes>>;
 
-    // What the samples in a vector of the first row give, without those that have no tap.
-    static HWY_INLINE V ofTaps(std::size_t v, std::size_t inFirst, V products) {
-        if constexpr (whole) return products;
-        return hn::IfThenElseZero(hn::FirstN(d, inFirst - std::min(inFirst, v * step)), products);
+    // A vector of the first row, without what has no tap. Samples there are 0, and so is what adapts to them, even to
+    // an error that is infinite: places behind the taps keep their zeros.
+    static HWY_INLINE V ofTaps(std::size_t v, std::size_t inFirst, V samplesOrSteps) {
+        if constexpr (whole) return samplesOrSteps;
+        return hn::IfThenElseZero(hn::FirstN(d, inFirst - std::min(inFirst, v * step)), samplesOrSteps);
     }
     static HWY_INLINE V folded(V (&sums)[vectors]) {
 #pragma GCC unroll 8
@@ -81,11 +91,12 @@ private:
         for (std::size_t k = 0; k < held * vectors; ++k) h[k] = hn::LoadU(d, rows + k * step);
         for (std::size_t n = 0; n < count; ++n) {
             const auto samples = [=](std::size_t k) HWY_ATTR {
-                return hn::LoadU(d, x + n + (k < vectors ? k * step : inFirst + (k - vectors) * step));
+                if (k < vectors) return ofTaps(k, inFirst, hn::LoadU(d, x + n + k * step));
+                return hn::LoadU(d, x + n + inFirst + (k - vectors) * step);
             };
             V sums[vectors];
 #pragma GCC unroll 8
-            for (std::size_t v = 0; v < vectors; ++v) sums[v] = ofTaps(v, inFirst, hn::Mul(h[v], samples(v)));
+            for (std::size_t v = 0; v < vectors; ++v) sums[v] = hn::Mul(h[v], samples(v));
 #pragma GCC unroll 32
             for (std::size_t k = vectors; k < held * vectors; ++k)
                 sums[k % vectors] = hn::Add(sums[k % vectors], hn::Mul(h[k], samples(k)));
@@ -108,17 +119,17 @@ private:
         V sums[vectors], e = hn::Zero(d);
         const auto vector = [&](auto pass, auto isFirst, std::size_t v, Orb32f* taps, const Orb32f* samples) HWY_ATTR {
             constexpr bool adapts = pass() != Pass::filter, filters = pass() != Pass::adapt;
-            const auto kept = [&](V products) HWY_ATTR {
-                if constexpr (isFirst()) return ofTaps(v, told.inFirst, products);
-                return products;
+            const auto kept = [&](V samplesOrSteps) HWY_ATTR {
+                if constexpr (isFirst()) return ofTaps(v, told.inFirst, samplesOrSteps);
+                return samplesOrSteps;
             };
             V h = hn::LoadU(d, taps + v * step);
             if constexpr (adapts) {
-                h = hn::Add(h, kept(hn::Mul(hn::LoadU(d, samples + v * step), e)));
+                h = hn::Add(h, kept(hn::Mul(kept(hn::LoadU(d, samples + v * step)), e)));
                 hn::StoreU(h, d, taps + v * step);
             }
             if constexpr (filters) {
-                const V product = kept(hn::Mul(h, hn::LoadU(d, samples + adapts + v * step)));
+                const V product = hn::Mul(h, kept(hn::LoadU(d, samples + adapts + v * step)));
                 if constexpr (isFirst()) {
                     sums[v] = product;
                 } else {
@@ -155,7 +166,7 @@ private:
 // The rows of mostLanes that registers have room for beside the sums.
 constexpr std::size_t rowsInRegisters() {
     constexpr std::size_t size = hn::MaxLanes(hn::ScalableTag<Orb32f>()) * sizeof(Orb32f);
-    return HWY_ARCH_X86_32 || size == 16 ? 0 : size == 32 ? 2 : 8;
+    return HWY_ARCH_X86_32 ? 0 : size == 16 ? 1 : size == 32 ? 2 : 8;
 }
 
 using LmsKernel = void (*)(Orb32f*, LmsRows, const Orb32f*, const Orb32f*, Orb32f*, std::size_t, Orb32f);

@@ -1,4 +1,5 @@
 // FIRLMSOne_Direct: one sample over the caller's taps and delay line.
+#include "adaptive/adapt.h"
 #include "filters/caller_line.h"
 #include "filters/samples.h"
 #include "foundation/control.h"
@@ -9,35 +10,90 @@ namespace {
 
 using namespace orbs;
 
-struct TapsBySamples : InFixedLanes<Orb32f> {
-    template <class D, class V, class X>
-    HWY_INLINE void add(D d, V (&sum)[1], const Orb32f* h, const X* x) const {
-        sum[0] = hn::Add(sum[0], hn::Mul(loadAs(d, h), loadAs(d, x)));
-    }
-};
+// ---- Taps in single precision ----
 
-// The same, and the energy of the samples.
-struct TapsAndEnergy : InFixedLanes<Orb64f, 2> {
-    template <class D, class V, class X>
-    HWY_INLINE void add(D d, V (&sum)[2], const Orb32s* h, const X* x) const {
-        const V samples = loadAs(d, x);
-        sum[0] = hn::Add(sum[0], hn::Mul(loadAs(d, h), samples));
-        sum[1] = hn::Add(sum[1], hn::Mul(samples, samples));
+// The newest sample, just stored, and a few more go one by one: a load of several elements waits until all stores to
+// them have left the processor's queue. For the same reason one call loads taps in the pieces in which the last one
+// stored them.
+constexpr std::size_t leastPiece = 4;
+
+constexpr std::size_t inPieces(std::size_t count) {
+    return (count - 1) / leastPiece * leastPiece;
+}
+
+template <class Body>
+HWY_INLINE void forEachPiece(std::size_t count, Body body) {
+    std::size_t n = 0;
+    const auto pieces = [&](auto d, std::size_t end) HWY_ATTR {
+        for (; n + hn::MaxLanes(d) <= end; n += hn::MaxLanes(d)) body(d, n);
+    };
+    pieces(hn::ScalableTag<Orb32f>(), inPieces(count));
+    pieces(hn::CappedTag<Orb32f, 2 * leastPiece>(), inPieces(count));
+    pieces(hn::CappedTag<Orb32f, leastPiece>(), inPieces(count));
+    pieces(hn::CappedTag<Orb32f, 1>(), count);
+}
+
+// The sum of all lanes and of the products that are left: in rows of so many lanes, and whenever the upper half of the
+// lanes has been added to the lower one, in a row of those.
+template <class D, std::size_t vectors, class X>
+HWY_INLINE Orb32f folded(D d, hn::Vec<D> (&sums)[vectors], std::size_t left, const Orb32f* h, const X* x) {
+    constexpr std::size_t step = hn::MaxLanes(D()), lanes = vectors * step;
+    for (; left >= lanes; left -= lanes, h += lanes, x += lanes) {
+#pragma GCC unroll 16
+        for (std::size_t v = 0; v < vectors; ++v)
+            sums[v] = hn::Add(sums[v], hn::Mul(hn::LoadU(d, h + v * step), loadAs(d, x + v * step)));
     }
-};
+    if constexpr (lanes == leastPiece) {
+        return hn::GetLane(sumEverywhere(d, sums[0]));
+    } else if constexpr (vectors > 1) {
+        hn::Vec<D> halves[vectors / 2];
+#pragma GCC unroll 8
+        for (std::size_t v = 0; v < vectors / 2; ++v) halves[v] = hn::Add(sums[v], sums[v + vectors / 2]);
+        return folded(d, halves, left, h, x);
+    } else {
+        const hn::Half<D> dHalf;
+        hn::Vec<decltype(dHalf)> half[] = {hn::Add(hn::LowerHalf(dHalf, sums[0]), hn::UpperHalf(dHalf, sums[0]))};
+        return folded(dHalf, half, left, h, x);
+    }
+}
+
+template <class X>
+HWY_INLINE Orb32f tapsBySamples(std::size_t count, const Orb32f* h, const X* x) {
+    constexpr std::size_t lanes = 64;
+    const hn::CappedTag<Orb32f, lanes> d;
+    constexpr std::size_t vectors = lanes / hn::MaxLanes(d);
+    const std::size_t end = inPieces(count);
+    hn::Vec<decltype(d)> sums[vectors];
+#pragma GCC unroll 16
+    for (std::size_t v = 0; v < vectors; ++v) sums[v] = hn::Zero(d);
+    Orb32f rest = 0;
+    for (std::size_t k = end; k < count; ++k) rest += h[k] * static_cast<Orb32f>(x[k]);
+    return folded(d, sums, end, h, x) + rest;
+}
 
 struct Plain {
     Orb32f refVal, mu;
 
     template <class X>
     void operator()(Orb32f* h, const X* x, std::size_t count, X* pDstVal) const {
-        const Orb32f y = reduced(TapsBySamples(), count, h, x)[0][0];
+        const Orb32f y = tapsBySamples(count, h, x);
         const Orb32f e = (refVal - y) * (mu + mu);
         *pDstVal = narrowOne<X>(y, 0);
-        forEachVector<Orb32f>(count, [=](auto d, std::size_t k) HWY_ATTR {
-            const auto step = hn::Mul(loadAs(d, x + k), hn::Set(d, e));
-            hn::StoreU(hn::Add(hn::LoadU(d, h + k), step), d, h + k);
+        forEachPiece(count, [=](auto d, std::size_t k) HWY_ATTR {
+            hn::StoreU(hn::Add(hn::LoadU(d, h + k), hn::Mul(loadAs(d, x + k), hn::Set(d, e))), d, h + k);
         });
+    }
+};
+
+// ---- Taps of 32 bits ----
+
+// Products, and the energy of the samples.
+struct TapsAndEnergy : InFixedLanes<Orb64f, 2> {
+    template <class D, class V, class X>
+    HWY_INLINE void add(D d, V (&sum)[2], const Orb32s* h, const X* x) const {
+        const V samples = loadAs(d, x);
+        sum[0] = hn::Add(sum[0], hn::Mul(loadAs(d, h), samples));
+        sum[1] = hn::Add(sum[1], hn::Mul(samples, samples));
     }
 };
 

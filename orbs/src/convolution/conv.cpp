@@ -3,7 +3,7 @@
 
 #include "convolution/direct.h"
 
-#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -17,12 +17,20 @@ constexpr int teamAbove = 4096;
 template <class T>
 using Precision = std::conditional_t<std::is_same_v<T, Orb16s>, Orb32f, T>;
 
+// Which of two vectors counts as the shorter one: of one length that whose bytes come first, so that the order of the
+// operands shows in no result.
+template <class T>
+bool isShorter(Signal<T> x, Signal<T> y) {
+    if (x.length != y.length) return x.length < y.length;
+    return std::memcmp(x.first, y.first, static_cast<std::size_t>(x.length) * sizeof(T)) < 0;
+}
+
 template <Method method, class T, class... ScaleFactor>
 OrbStatus conv(const T* pSrc1, int src1Len, const T* pSrc2, int src2Len, T* pDst, ScaleFactor... scaleFactor) {
     if (anyNull(pSrc1, pSrc2, pDst)) return orbStsNullPtrErr;
     if (src1Len < 1 || src2Len < 1) return orbStsSizeErr;
     Signal<T> shorter{pSrc2, src2Len}, longer{pSrc1, src1Len};
-    if (shorter.length > longer.length) std::swap(shorter, longer);
+    if (isShorter(longer, shorter)) std::swap(shorter, longer);
     const std::int64_t outputs = std::int64_t{longer.length} + shorter.length - 1,
                        first = 1 - std::int64_t{shorter.length};
     if (outputs > std::numeric_limits<int>::max()) return orbStsMemAllocErr;

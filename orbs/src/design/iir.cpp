@@ -17,7 +17,6 @@ using Roots = std::array<Complex, mostRows>;
 
 // 4 tan(pi f): the edge of the analog filter for the bilinear transform at a sampling rate of 2.
 Orb64f prewarped(Orb64f f) {
-    if (f > 0.25) return 16 / prewarped(0.5 - f);
     const auto [sine, cosine] = sinCos(pi * f);
     return 4 * (sine / cosine);
 }
@@ -152,7 +151,7 @@ void design(Orb64f f, const Shape& shape, int order, Orb64f* pTaps, Band band) {
 
 OrbStatus iirGen(Orb64f f, Orb64f passbandDb, int order, Orb64f* pTaps, int filterType, Band band) {
     if (anyNull(pTaps)) return orbStsNullPtrErr;
-    if (!(f > 0 && f < 0.5)) return orbStsIIRGenFreqErr;
+    if (f <= 0 || f >= 0.5) return orbStsIIRGenFreqErr; // a NaN is neither
     if (order < 1 || order > mostRows) return orbStsIIRGenOrderErr;
     if (filterType == orbButterworth) {
         design(f, {}, order, pTaps, band);

@@ -108,7 +108,7 @@ public:
     const std::array<std::complex<Orb64f>, mostRows>& values() const { return values_; }
 
 private:
-    // Filters take some ten sweeps a pair at most. What has not converged by then, as with a NaN, never will.
+    // Convergence has no proof. Of eight million designs of all orders none took more than 30 sweeps for a root.
     static constexpr int mostSweeps = 1000;
 
     // The row in which the block that ends in row `last` begins: above it stands a subdiagonal element that is
@@ -118,7 +118,7 @@ private:
         for (; row >= 1; --row) {
             Orb64f scale = std::abs(a_[row - 1][row - 1]) + std::abs(a_[row][row]);
             if (scale == 0) scale = norm_;
-            if (std::abs(scale * 100.0 * 5e-16) >= std::abs(a_[row][row - 1])) break;
+            if (!(std::abs(a_[row][row - 1]) > std::abs(scale * 100.0 * 5e-16))) break; // a NaN goes no further
         }
         return row;
     }

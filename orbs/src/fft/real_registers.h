@@ -11,7 +11,7 @@ namespace orbs::fft {
 // (p, t) in the inverse.
 template <bool Inverse, class T, int order>
 inline constexpr auto packedRecombination = [] {
-    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), fixedBaseOrder};
+    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), constantOrder};
     PackedColumns<T, (1 << order) / 4> table{};
     for (std::size_t lane = 0; lane < (2u << order) / 4; ++lane) {
         const RecombinationFactors<T> factors(wave, 1 + lane / 2, order);

@@ -18,7 +18,7 @@ struct alignas(64) PackedColumns {
 };
 template <bool Inverse, class T, int order, int columns, int powers, int copies = 1>
 inline constexpr auto packedColumns = [] {
-    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), fixedBaseOrder};
+    const QuarterWave<T> wave{fixedQuarterWave<T>.data(), constantOrder};
     std::array<PackedColumns<T, columns * copies>, powers> tables{};
     for (std::size_t power = 1; power <= powers; ++power) {
         for (std::size_t lane = 0; lane < 2 * columns * copies; ++lane) {

@@ -157,22 +157,29 @@ template <class T>
 struct RecombinationFactors {
     constexpr RecombinationFactors(const QuarterWave<T>& wave, std::size_t k, int order)
         : cosine(wave.cosine(k, order)), negativeSine(wave.negativeSine(k, order)), halfCosine(T(0.5) * cosine),
-          halfLess(static_cast<T>(0.5 + 0.5 * static_cast<double>(negativeSine))) {}
+          halfLess(T(0.5) + T(0.5) * negativeSine) {}
     T cosine, negativeSine, halfCosine, halfLess;
 };
+template <class D, class T>
+HWY_INLINE void fillRecombination(D d, T* forward, T* inverse, const QuarterWave<T>& wave, int order) {
+    const hn::RebindToSigned<D> di;
+    const std::size_t quarter = std::size_t{1} << (order - 2), group = std::min(columnGroup<T>, quarter);
+    const auto half = hn::Set(d, T(0.5));
+    for (std::size_t k = 0; k < quarter; k += hn::MaxLanes(d)) {
+        const auto angles = hn::ShiftLeftSame(hn::Iota(di, static_cast<hwy::MakeSigned<T>>(k + 1)), wave.order - order);
+        const auto cosines = wave.cosines(d, angles), negativeSines = wave.negativeSines(d, angles);
+        const std::size_t at = k / group * 2 * group + k % group;
+        hn::StoreU(hn::Mul(half, cosines), d, forward + at);
+        hn::StoreU(hn::Add(half, hn::Mul(half, negativeSines)), d, forward + at + group);
+        hn::StoreU(cosines, d, inverse + at);
+        hn::StoreU(negativeSines, d, inverse + at + group);
+    }
+}
 template <class T>
 void fillRecombination(T* forward, T* inverse, const QuarterWave<T>& wave, int order) {
-    const std::size_t quarter = std::size_t{1} << (order - 2);
-    const std::size_t group = std::min(columnGroup<T>, quarter);
-    for (std::size_t k = 1; k <= quarter; k += group) {
-        for (std::size_t i = 0; i < group; ++i) {
-            const RecombinationFactors<T> factors(wave, k + i, order);
-            forward[2 * (k - 1) + i] = factors.halfCosine;
-            forward[2 * (k - 1) + group + i] = factors.halfLess;
-            inverse[2 * (k - 1) + i] = factors.cosine;
-            inverse[2 * (k - 1) + group + i] = factors.negativeSine;
-        }
-    }
+    if (columnGroup < T >> std::size_t{1} << (order - 2))
+        return fillRecombination(hn::CappedTag<T, 4>(), forward, inverse, wave, order);
+    fillRecombination(GroupTag<T>(), forward, inverse, wave, order);
 }
 
 // ---- Object ----
@@ -204,10 +211,9 @@ Spec<T>* layOut(Orb8u* base, int order, bool real) {
 
 template <class T>
 void fillTables(Spec<T>& spec, bool real, T* initMemory) {
-    const QuarterWave<T> wave = spec.order <= fixedBaseOrder
-                                    ? QuarterWave<T>{fixedQuarterWave<T>.data(), fixedBaseOrder}
-                                    : QuarterWave<T>{initMemory, spec.order};
-    if (wave.table == initMemory) computeQuarterWave(initMemory, spec.order);
+    const QuarterWave<T> wave = spec.order <= constantOrder ? QuarterWave<T>{fixedQuarterWave<T>.data(), constantOrder}
+                                                            : QuarterWave<T>{initMemory, spec.order};
+    if (spec.order > constantOrder) computeQuarterWave(initMemory, spec.order);
     int m = real ? spec.order - 1 : spec.order;
     for (int n = 0; m > Plan<T>::directLimit; m = Plan<T>::level(m).subOrder(m), ++n)
         fillLevel<T>(spec.levels[n], wave, m);

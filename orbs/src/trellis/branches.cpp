@@ -38,8 +38,7 @@ constexpr Step positions[] = {{0, 0}, {1, 0},  {1, 1}, {0, 1},  {0, 2},  {1, 2},
 
 void getVarPoint(Orb16sc point, Orb16sc* pDstPoint, Orb32u* pVariance, const Orb8u* pLabel, int state) {
     const Coordinate x(point.re), y(point.im);
-    setElement(&pDstPoint->re, x.below);
-    setElement(&pDstPoint->im, y.below);
+    setElement(pDstPoint, Orb16sc{x.below, y.below});
 
     const bool isOfFour = state == 16;
     const auto entry = [&](Orb32u code) {

@@ -6,23 +6,30 @@ namespace {
 
 using namespace orbs;
 
+// A quotient: weights that are halves, thirds and so on are these to the last bit.
 class Bartlett {
 public:
-    explicit Bartlett(int len) : step_(2.0 / (len - 1)) {}
+    static constexpr bool inSingle = true;
 
-    void enter(std::size_t first) { first_ = static_cast<Orb64f>(first); }
+    explicit Bartlett(int len) : last_(len - 1) {}
+
+    void enter(std::size_t first) { first_ = first; }
     template <class D>
     HWY_INLINE hn::Vec<D> at(D d, std::size_t k) const {
-        return hn::Iota(d, first_ + static_cast<Orb64f>(k)) * hn::Set(d, step_);
+        using T = hn::TFromD<D>;
+        const auto n = hn::Set(d, static_cast<T>(first_ + k)) + hn::Iota(d, 0);
+        return (n + n) / hn::Set(d, static_cast<T>(last_));
     }
 
 private:
-    Orb64f step_, first_ = 0;
+    std::size_t first_ = 0;
+    int last_;
 };
 
 template <class T>
 OrbStatus bartlett(const T* pSrc, T* pDst, int len) {
     if (const OrbStatus status = checkWindow(3, len, pSrc, pDst)) return status;
+    const WindowControl<T> control;
     applyWindow(Bartlett(len), len, pSrc, pDst);
     if (len == 3) zeroEnds(len, pDst); // whatever stood there
     return orbStsNoErr;

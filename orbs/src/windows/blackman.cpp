@@ -21,6 +21,7 @@ struct Blackman {
 template <class T>
 OrbStatus blackman(const T* pSrc, T* pDst, int len, Orb64f alpha) {
     if (const OrbStatus status = checkWindow(3, len, pSrc, pDst)) return status;
+    const WindowControl<T> control;
     applyWindow(CosineWindow(len, Blackman{alpha}), len, pSrc, pDst);
     zeroEnds(len, pDst);
     return orbStsNoErr;
@@ -33,6 +34,7 @@ constexpr Orb32f standardAlpha = -0.16f;
 template <class T>
 OrbStatus optimal(const T* pSrc, T* pDst, int len) {
     if (len < 4) return orbStsSizeErr;
+    const WindowControl<T> control;
     const Orb64f root = 0.5 / sinCos(std::numbers::pi / (len - 1)).cos;
     return blackman(pSrc, pDst, len, static_cast<Orb32f>(-(root * root)));
 }
@@ -42,6 +44,7 @@ constexpr Orb64f fromQ15(int alphaQ15) {
 }
 template <class T>
 OrbStatus blackmanQ15(const T* pSrc, T* pDst, int len, int alphaQ15) {
+    const WindowControl<T> control;
     return blackman(pSrc, pDst, len, static_cast<Orb32f>(fromQ15(alphaQ15)));
 }
 
@@ -60,7 +63,7 @@ Orb16s scaledAway(Orb16s x, Orb32f scale) {
 
 OrbStatus blackmanScaled(Orb16s* pSrcDst, int len, int alphaQ15, int scaleFactor) {
     if (const OrbStatus status = checkWindow(3, len, pSrcDst, pSrcDst)) return status;
-    const SseQuiet guard(SseRounding::nearest);
+    const WindowControl<Orb16s> control;
     const Orb32f scale = scaleOf(scaleFactor);
     if (len == 3) {
         setElement(pSrcDst + 1, scaledAway(elementAt(pSrcDst + 1), scale));

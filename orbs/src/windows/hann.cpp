@@ -23,6 +23,7 @@ struct Hamming {
 template <class Polynomial, class T>
 OrbStatus raisedCosine(const T* pSrc, T* pDst, int len) {
     if (const OrbStatus status = checkWindow(3, len, pSrc, pDst)) return status;
+    const WindowControl<T> control;
     applyWindow(CosineWindow(len, Polynomial()), len, pSrc, pDst);
     if (std::is_same_v<Polynomial, Hann> && len == 3) zeroEnds(len, pDst); // whatever stood there
     return orbStsNoErr;

@@ -54,6 +54,8 @@ private:
 template <class Polynomial>
 class CosineWindow {
 public:
+    static constexpr bool inSingle = false;
+
     CosineWindow(int len, Polynomial polynomial) : sines_(len), polynomial_(polynomial) {}
 
     void enter(std::size_t first) { sines_.enter(first); }

@@ -1,66 +1,44 @@
-// The shape of every window: weights of the first half, made a block at a time, meet the elements at both ends.
+// The shape of every window: weights of the first half meet the elements at both ends.
 //
 //   struct Window {
-//       void enter(first)    the block of weights from `first` on follows
-//       at(d, k)             its weights from k on, in the lanes of d; k is a multiple of their number
+//       inSingle        whether at makes weights in lanes of single precision, too
+//       enter(first)    the block of weights from `first` on follows
+//       at(d, k)        its weights from k on, in the lanes of d; k is a multiple of their number
 //   };
-// Weights are made in double precision. What is asked for beyond the half is not used.
+// What is asked for beyond the half is not used.
 #pragma once
 
 #include "foundation/control.h"
 #include "vectors/elementwise.h"
 #include "vectors/nearest.h"
-#include "vectors/values.h"
 
 namespace orbs {
 
 constexpr std::size_t weightBlock = 256;
 
-// Weights from the front of the vector, and the same ones in the order in which the back has them. Both parts of a
-// complex element have a copy.
-template <class W, std::size_t parts>
-class Weights {
-public:
-    template <class Window>
-    HWY_NOINLINE void fill(Window& window, std::size_t first, std::size_t count) {
-        const hn::ScalableTag<Orb64f> d;
-        constexpr std::size_t lanes = hn::MaxLanes(d);
-        window.enter(first);
-        for (std::size_t k = 0; k < count; k += lanes) {
-            const auto w = window.at(d, k);
-            store(d, w, front_ + parts * k);
-            store(d, hn::Reverse(d, w), back_ + parts * (weightBlock - k - lanes));
-        }
+// Weights in lanes of single precision are made in double precision where a window does not do otherwise.
+template <class D, class Window>
+HWY_INLINE hn::Vec<D> weightsAt(D d, const Window& window, std::size_t k) {
+    if constexpr (Window::inSingle || std::is_same_v<hn::TFromD<D>, Orb64f>) {
+        return window.at(d, k);
+    } else {
+        const hn::Half<D> half;
+        const hn::Rebind<Orb64f, decltype(half)> wide;
+        const auto low = hn::DemoteTo(half, window.at(wide, k));
+        return hn::Combine(d, hn::DemoteTo(half, window.at(wide, k + hn::MaxLanes(half))), low);
     }
-    const W* front() const { return front_; }
-    const W* back(std::size_t count) const { return back_ + parts * (weightBlock - count); }
-
-private:
-    template <class D, class V>
-    static HWY_INLINE void store(D, V w, W* p) {
-        const hn::Rebind<W, D> to;
-        const auto narrow = valuesIn(to, w);
-        if constexpr (parts == 2) {
-            hn::StoreInterleaved2(narrow, narrow, to, p);
-        } else {
-            hn::StoreU(narrow, to, p);
-        }
-    }
-
-    alignas(64) W front_[parts * weightBlock];
-    alignas(64) W back_[parts * weightBlock];
-};
+}
 
 // ---- Products ----
 
-struct Weighted {
-    template <class T>
-    using Weight = T;
+// Members of double precision have weights of theirs, all others those of single precision.
+template <class T>
+using WeightOf = std::conditional_t<std::is_same_v<PartOf<T>, Orb64f>, Orb64f, Orb32f>;
 
-    template <class T>
-    HWY_NOINLINE void product(std::size_t count, const T* weights, const T* src, T* dst) const {
-        mapVectors<4>(
-            count, [](auto, auto x, auto w) HWY_ATTR { return hn::Mul(x, w); }, dst, src, weights);
+struct Weighted {
+    template <class D, class V, class T>
+    HWY_INLINE void vector(D d, V w, const T* src, T* dst) const {
+        hn::StoreU(hn::Mul(hn::LoadU(d, src), w), d, dst);
     }
     template <class T>
     void middle(std::size_t count, const T* src, T* dst) const {
@@ -70,29 +48,69 @@ struct Weighted {
 
 // Of integers: in single precision, times `scale`, to the nearest integer.
 struct WeightedNearest {
-    template <class T>
-    using Weight = Orb32f;
-
     Orb32f scale = 1;
 
-    template <class T>
-    HWY_NOINLINE void product(std::size_t count, const Orb32f* weights, const T* src, T* dst) const {
-        forEachVector<T>(count, [=, s = scale](auto d, std::size_t n) HWY_ATTR {
-            const auto wide = [=](auto words, std::size_t offset) HWY_ATTR {
-                const hn::Rebind<Orb32f, decltype(words)> floats;
-                const auto x = loadFloats(floats, src + n + offset);
-                const auto y = x * hn::LoadU(floats, weights + n + offset) * hn::Set(floats, s);
-                return nearestInt32(hn::Min(y, hn::Set(floats, Orb32f{std::numeric_limits<T>::max()})));
-            };
-            hn::StoreU(narrowed(d, wide), d, dst + n);
-        });
+    template <class D, class V, class T>
+    HWY_INLINE void vector(D d, V w, const T* src, T* dst) const {
+        storeNearest(d, loadFloats(d, src) * w * hn::Set(d, scale), dst);
     }
     template <class T>
     void middle(std::size_t count, const T* src, T* dst) const {
-        constexpr Orb32f one[] = {1, 1};
-        product(count, one, src, dst);
+        const hn::CappedTag<Orb32f, 1> d;
+        for (std::size_t n = 0; n < count; ++n) vector(d, hn::Set(d, 1.0f), src + n, dst + n);
     }
 };
+
+// What the weights of a vector meet: both parts of a complex element have one weight.
+template <std::size_t parts, class D, class V, class Weigh, class T>
+HWY_INLINE void weighVector(D d, V w, const Weigh& weigh, const T* src, T* dst) {
+    if constexpr (parts == 1) {
+        weigh.vector(d, w, src, dst);
+    } else {
+        constexpr std::size_t lanes = hn::MaxLanes(D());
+        alignas(64) hn::TFromD<D> pairs[2 * lanes];
+        hn::StoreInterleaved2(w, w, d, pairs);
+        weigh.vector(d, hn::Load(d, pairs), src, dst);
+        weigh.vector(d, hn::Load(d, pairs + lanes), src + lanes, dst + lanes);
+    }
+}
+// The same for `count` elements and the lanes from `first` on.
+template <std::size_t parts, class D, class V, class Weigh, class T>
+HWY_INLINE void weighSome(D d, V w, std::size_t first, std::size_t count, const Weigh& weigh, const T* src, T* dst) {
+    using W = hn::TFromD<D>;
+    alignas(64) W weights[hn::MaxLanes(D())];
+    hn::Store(w, d, weights);
+    const hn::CappedTag<W, 1> one;
+    for (std::size_t n = 0; n < parts * count; ++n)
+        weigh.vector(one, hn::Set(one, weights[first + n / parts]), src + n, dst + n);
+}
+
+template <class Window, class Weigh, class T>
+HWY_NOINLINE void applyWindow(Window& window, Weigh weigh, std::size_t len, const T* pSrc, T* pDst) {
+    constexpr std::size_t parts = partsOf<T>;
+    const auto* const src = partsAt(pSrc);
+    auto* const dst = partsAt(pDst);
+    const hn::ScalableTag<WeightOf<T>> d;
+    constexpr std::size_t lanes = hn::MaxLanes(d);
+    const std::size_t half = len / 2;
+    for (std::size_t first = 0; first < half; first += weightBlock) {
+        window.enter(first);
+        const std::size_t end = std::min(half, first + weightBlock);
+        std::size_t n = first;
+        for (; n + lanes <= end; n += lanes) {
+            const auto w = weightsAt(d, window, n - first);
+            const std::size_t front = parts * n, back = parts * (len - n - lanes);
+            weighVector<parts>(d, w, weigh, src + front, dst + front);
+            weighVector<parts>(d, hn::Reverse(d, w), weigh, src + back, dst + back);
+        }
+        if (n == end) continue;
+        const auto w = weightsAt(d, window, n - first);
+        const std::size_t count = end - n, front = parts * n, back = parts * (len - end);
+        weighSome<parts>(d, w, 0, count, weigh, src + front, dst + front);
+        weighSome<parts>(d, hn::Reverse(d, w), lanes - count, count, weigh, src + back, dst + back);
+    }
+    if (len % 2 != 0) weigh.middle(parts, src + parts * half, dst + parts * half);
+}
 
 // ---- Frames ----
 
@@ -101,33 +119,21 @@ inline OrbStatus checkWindow(int leastLen, int len, const void* pSrc, const void
     return len < leastLen ? orbStsSizeErr : orbStsNoErr;
 }
 
-template <class Window, class Weigh, class T>
-void applyWindow(Window& window, Weigh weigh, std::size_t len, const T* pSrc, T* pDst) {
-    constexpr std::size_t parts = partsOf<T>;
-    using Part = PartOf<T>;
-    const Part* const src = partsAt(pSrc);
-    Part* const dst = partsAt(pDst);
-    Weights<typename Weigh::template Weight<Part>, parts> weights;
-    const std::size_t half = len / 2;
-    for (std::size_t first = 0; first < half; first += weightBlock) {
-        const std::size_t count = std::min(weightBlock, half - first);
-        const std::size_t front = parts * first, back = parts * (len - first - count);
-        weights.fill(window, first, count);
-        weigh.product(parts * count, weights.front(), src + front, dst + front);
-        weigh.product(parts * count, weights.back(count), src + back, dst + back);
-    }
-    if (len % 2 != 0) weigh.middle(parts, src + parts * half, dst + parts * half);
-}
+// What a member computes under, weights and all: those of integers know neither the caller's rounding mode nor flags.
+class QuietToNearest : SseQuiet {
+public:
+    QuietToNearest() : SseQuiet(SseRounding::nearest) {}
+};
+struct AsTheCaller {
+    AsTheCaller() {}
+};
+template <class T>
+using WindowControl = std::conditional_t<std::is_floating_point_v<PartOf<T>>, AsTheCaller, QuietToNearest>;
 
 template <class Window, class T>
 void applyWindow(Window&& window, int len, const T* pSrc, T* pDst) {
-    const auto count = static_cast<std::size_t>(len);
-    if constexpr (std::is_floating_point_v<PartOf<T>>) {
-        applyWindow(window, Weighted(), count, pSrc, pDst);
-    } else {
-        const SseQuiet guard(SseRounding::nearest);
-        applyWindow(window, WeightedNearest(), count, pSrc, pDst);
-    }
+    using Weigh = std::conditional_t<std::is_floating_point_v<PartOf<T>>, Weighted, WeightedNearest>;
+    applyWindow(window, Weigh(), static_cast<std::size_t>(len), pSrc, pDst);
 }
 
 template <class T>
