@@ -117,7 +117,7 @@ def read(path):
             elif not header.title:
                 header.title, _, more = prose(token["comment"]).partition("\n")
                 header.text = more.strip()
-            elif not header.families and not header.types:
+            elif not (header.families or header.types or source[token.end():].lstrip().startswith("#define")):
                 header.text = (header.text + "\n\n" + prose(token["comment"])).strip()
             comment = prose(token["comment"])
         elif token["statement"]:

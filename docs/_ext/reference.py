@@ -112,7 +112,7 @@ def example_lines(path):
     words, _, code = code.partition("*/")
     return [prose.inline(" ".join(words.replace("*", " ").strip("/ ").split())), "",
             ".. code-block:: c", "", *indented(code.strip()), "", "It prints:", "",
-            ".. code-block:: text", "", *indented(printed.strip().removesuffix("*/").strip("\n")), ""]
+            ".. code-block:: text", "", *indented(printed.rstrip().removesuffix("*/").strip("\n")), ""]
 
 
 def indented(text):
@@ -121,8 +121,9 @@ def indented(text):
 
 def subjects(want):
     """What the index has for a task: the phrases of "the envelope of a signal (Hilbert transform), and back"."""
-    phrases = [phrase.strip() for phrase in re.split(r"[,;:()]", want)]
-    return [phrase for phrase in phrases if len(phrase) > 5 and not re.match(r"(and|or|with|of|in|as|its|made)\b", phrase)]
+    phrases = [re.sub(r"^(an?|the|their|another)\s", "", phrase.strip()) for phrase in re.split(r"[,;:()]", want)]
+    return [phrase for phrase in phrases
+            if len(phrase) > 5 and not re.match(r"(and|or|with|of|in|as|its|made)\b|.*\bit$", phrase)]
 
 
 def related(library, family):
@@ -212,8 +213,7 @@ def types_page(header):
             plain = re.fullmatch(r"typedef ([\w ]+) (\w+);", kind.declaration)
             out += [f".. c:type:: {plain[1]} {plain[2]}" if plain and word != "struct" else f".. c:struct:: {kind.name}", ""]
             if not plain:
-                fields = re.findall(r"\s*([^;{}]+);", kind.declaration.partition("{")[2].rpartition("}")[0])
-                out += [line for field in fields for line in (f"   .. c:member:: {field}", "")]
+                out += [f"   ``{kind.declaration.partition('{')[2].rpartition('}')[0].strip()}``", ""]
     return out
 
 
