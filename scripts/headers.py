@@ -109,6 +109,7 @@ def read(path):
         if token["comment"] is not None:
             first, _, rest = token["comment"].partition("\n")
             heading = HEADING.match(first)
+            of_macro = source[token.end():].lstrip().startswith("#define")
             if heading:
                 alignment = ALIGNMENT.search(rest)
                 family = Family(heading[1], prose(ALIGNMENT.sub("", rest, count=1)), alignment[1] if alignment else "",
@@ -117,9 +118,9 @@ def read(path):
             elif not header.title:
                 header.title, _, more = prose(token["comment"]).partition("\n")
                 header.text = more.strip()
-            elif not (header.families or header.types or source[token.end():].lstrip().startswith("#define")):
+            elif not (header.families or header.types or of_macro):
                 header.text = (header.text + "\n\n" + prose(token["comment"])).strip()
-            comment = prose(token["comment"])
+            comment = "" if of_macro else prose(token["comment"])
         elif token["statement"]:
             statement = " ".join(COMMENT.sub(" ", token["statement"]).split())
             member = MEMBER.fullmatch(statement)
