@@ -3,14 +3,14 @@
 # programs built against an installed copy, and the tests under the sanitizers. Logs go to build/logs. At the end a
 # table tells what each step took; the last line is "N passed, N failed", and the exit status is 0 only if nothing
 # failed.
-# usage: scripts/test.sh [PART]...     parts: source release docs i386 asan tsan dev; without any, all of them but dev
+# usage: scripts/test.sh [PART]...     parts: source release python docs i386 asan tsan dev; without any, all of them but dev
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
-known=(source release docs i386 asan tsan dev)
+known=(source release python docs i386 asan tsan dev)
 for part in "$@"; do
     [[ " ${known[*]} " == *" $part "* ]] || { echo "test.sh: no part \"$part\"; there are: ${known[*]}" >&2; exit 2; }
 done
-[ $# -gt 0 ] || set -- source release docs i386 asan tsan
+[ $# -gt 0 ] || set -- source release python docs i386 asan tsan
 logs=$PWD/build/logs
 rm -rf "$logs"
 mkdir -p "$logs"
@@ -62,17 +62,28 @@ configure_and_build() { # PRESET [CMAKE ARGUMENT]...
     cmake --preset "$@" && "${launcher[@]}" cmake --build --preset "$1" -j "$jobs"
 }
 
+build_libraries() { cmake --preset release && cmake --build --preset release -j "$jobs" --target orbs orbs_v3 orbs_v4; }
+
 # suite PRESET [CTEST ARGUMENT]...: all of its tests, each counted.
 suite() {
-    local preset=$1 log=$logs/tests-$1.log results=$logs/tests-$1.xml status total=0 bad=0 skipped=0
+    local preset=$1
     shift
-    timed "tests of $preset" "$log" "${launcher[@]}" ctest --preset "$preset" -j "$jobs" --output-junit "$results" "$@"
+    counted "tests of $preset" "$logs/tests-$preset" "${launcher[@]}" \
+        ctest --preset "$preset" -j "$jobs" --output-junit "$logs/tests-$preset.xml" "$@"
+}
+
+# counted NAME LOG COMMAND...: a command that writes the results of many tests to LOG.xml, in JUnit's form.
+counted() {
+    local name=$1 log=$2.log results=$2.xml status total=0 bad=0 skipped=0
+    shift 2
+    timed "$name" "$log" "$@"
     status=$?
     if [ -s "$results" ]; then
         read -r total bad skipped < <(python3 -c '
 import sys, xml.etree.ElementTree as tree
-suite = tree.parse(sys.argv[1]).getroot()
-print(*(int(suite.get(key)) for key in ("tests", "failures", "skipped")))' "$results")
+suite = next(tree.parse(sys.argv[1]).getroot().iter("testsuite"))
+count = lambda key: int(suite.get(key, 0))
+print(count("tests"), count("failures") + count("errors"), count("skipped"))' "$results")
     fi
     # A run that broke off, or found no test, is one failure more.
     if [ "$status" -ne 0 ] && [ "$bad" -eq 0 ]; then total=$((total + 1)) bad=1; fi
@@ -80,9 +91,9 @@ print(*(int(suite.get(key)) for key in ("tests", "failures", "skipped")))' "$res
     failed=$((failed + bad))
     if [ "$bad" -gt 0 ]; then
         grep -vE '\.\.+ +Passed|^ +Start +[0-9]+:' "$log" | head -n 300 | sed 's/^/        /'
-        printf 'FAILED  tests of %s: %d of %d (%s), log: %s\n' "$preset" "$bad" "$total" "$took" "${log#"$PWD"/}"
+        printf 'FAILED  %s: %d of %d (%s), log: %s\n' "$name" "$bad" "$total" "$took" "${log#"$PWD"/}"
     else
-        printf 'ok      tests of %s: %d, %d skipped (%s)\n' "$preset" "$total" "$skipped" "$took"
+        printf 'ok      %s: %d, %d skipped (%s)\n' "$name" "$total" "$skipped" "$took"
     fi
 }
 
@@ -108,10 +119,17 @@ release_part() {
     check "fused release" scripts/check-fused build/release
     check "packaging" tests/packaging/check build/release
 }
+python_part() {
+    # Debian's Python has the packages that setup.sh installs, whichever comes first in PATH.
+    check "build release libraries" build_libraries || return
+    check "python package" /usr/bin/python3 python/build.py build/python || return
+    counted "tests of python" "$logs/tests-python" env ORBS_LIBRARY="$PWD/build/release/lib" \
+        /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$logs/tests-python.xml" tests/python
+    check "python installed" tests/python/check build/release
+}
 docs_part() {
-    local built=()
-    [ ! -e build/release/lib/liborbsv8.so.5.2 ] || built=(build/release)
-    check "docs" scripts/docs.sh "${built[@]}" && check "reference" tests/docs/check.py build/docs/html
+    check "build release libraries" build_libraries || return
+    check "docs" scripts/docs.sh build/release && check "reference" tests/docs/check.py build/docs/html
 }
 i386_part() {
     check "build i386" configure_and_build i386 || return

@@ -1,0 +1,279 @@
+"""What the calls of all members run on: types, tests of arguments, statuses."""
+import collections
+import operator
+import re
+import warnings
+
+import numpy
+from numpy import empty, ndarray, zeros
+
+from . import _library
+from ._abi import ffi
+
+__all__ = ["NULL", "allocated", "bits_as_bytes", "buffer_of", "cast", "destination", "empty", "keep", "kept", "last",
+           "member_of", "memory", "ndarray", "new", "object_made", "one", "packed_bytes", "pair", "pointers",
+           "rate_line", "report", "room_for", "several", "size_of", "source", "told", "trellis_states", "unknown",
+           "whole_pair", "work_buffer", "written", "wrong_object", "wrong_size", "zeros"]
+
+NULL, cast, new, buffer_of = ffi.NULL, ffi.cast, ffi.new, ffi.from_buffer
+BYTES = ffi.typeof("Orb8u[]")
+
+
+def _parts(code):
+    return numpy.dtype([("re", code), ("im", code)], align=True)
+
+
+DTYPES = {"8u": "u1", "8s": "i1", "16u": "u2", "16s": "i2", "16f": "f2", "32u": "u4", "32s": "i4", "64u": "u8",
+          "64s": "i8", "32f": "f4", "64f": "f8", "32fc": "c8", "64fc": "c16"}
+DTYPES = {name: numpy.dtype(code) for name, code in DTYPES.items()}
+DTYPES.update({f"{bits}sc": _parts(f"i{bits // 8}") for bits in (8, 16, 32, 64)})
+DTYPES.update({f"24{sign}": numpy.dtype([(f"{sign}24", "u1", (3,))]) for sign in "us"})
+NAMES = {"24u": "orbs.uint24", "24s": "orbs.int24", **{f"{b}sc": f"orbs.int{b}c" for b in (8, 16, 32, 64)}}
+
+
+class Error(RuntimeError):
+    """A member refused a call: `status` is the number, the text is the library's."""
+
+    def __init__(self, text, status=0):
+        super().__init__(text)
+        self.status = status
+
+    def __reduce__(self):
+        return type(self), (str(self), self.status)
+
+
+class StatusWarning(RuntimeWarning):
+    """A member warns of its results, all of which are there: `status` is the number."""
+
+    def __init__(self, text, status=0):
+        super().__init__(text)
+        self.status = status
+
+
+def report(status, name):
+    text = f"{name}: {ffi.string(_library.CORE.orbGetStatusString(status)).decode()}"
+    if status < 0:
+        raise Error(text, status)
+    warnings.warn(StatusWarning(text, status), stacklevel=3)
+
+
+# ---- Arrays ----
+
+def dtype_name(dtype):
+    return next((NAMES.get(name, str(dtype)) for name, known in DTYPES.items() if known == dtype), str(dtype))
+
+
+def _described(value):
+    return f"an array of {dtype_name(value.dtype)}" if isinstance(value, ndarray) else "None" if value is None else f"a {type(value).__name__}"
+
+
+def _vector(value, dtype, name):
+    if not isinstance(value, ndarray) or value.dtype != dtype:
+        raise TypeError(f"{name} is {_described(value)}; an array of {dtype_name(dtype)} is needed")
+    if value.ndim != 1:
+        raise ValueError(f"{name} has {value.ndim} axes; a vector has one")
+    return value
+
+
+def source(value, dtype, name):
+    """A vector to read, in one block: strided ones are copied, lists become arrays if they fit the type."""
+    if isinstance(value, (list, tuple)):
+        value = _from_list(value, dtype, name)
+    return numpy.require(_vector(value, dtype, name).view(ndarray), requirements="CA")
+
+
+def _from_list(values, dtype, name):
+    try:
+        if dtype.fields:
+            return numpy.array([whole_pair(v) for v in values], dtype)
+        array = numpy.array(values)
+        if array.size == 0:
+            return array.astype(dtype)
+        if not numpy.can_cast(array.dtype, dtype, "same_kind") and array.dtype.kind != "i":
+            raise TypeError(f"{name} is a list of {array.dtype}; {dtype_name(dtype)} does not hold that")
+        if dtype.kind in "iu":
+            limits = numpy.iinfo(dtype)
+            if array.min() < limits.min or array.max() > limits.max:
+                raise ValueError(f"{name} has values beyond {limits.min} to {limits.max}")
+        return array.astype(dtype)
+    except OverflowError as fault:
+        raise ValueError(f"{name}: {fault}") from None
+
+
+def written(value, dtype, name):
+    """A vector that the call changes where it lies."""
+    _vector(value, dtype, name)
+    if not value.flags.writeable:
+        raise ValueError(f"{name} is read-only")
+    if not value.flags.c_contiguous:
+        raise ValueError(f"{name} is strided; results go to contiguous arrays")
+    if not value.flags.aligned:
+        raise ValueError(f"{name} is not aligned to its elements")
+    return value
+
+
+def destination(value, dtype, size, name):
+    written(value, dtype, name)
+    if value.size != size:
+        raise wrong_size(value, size, name)
+
+
+def wrong_size(value, size, name):
+    return ValueError(f"{name} has {value.size} elements, {size} {'is' if size == 1 else 'are'} needed")
+
+
+def size_of(array, name="out"):
+    if not isinstance(array, ndarray):
+        raise TypeError(f"{name} is {_described(array)}; an array is needed")
+    return array.size
+
+
+def several(out, count):
+    """The destinations of a call that has more than one."""
+    if out is None:
+        return (None,) * count
+    if not isinstance(out, (tuple, list)) or len(out) != count:
+        raise TypeError(f"out is a tuple of {count} arrays")
+    return tuple(out)
+
+
+def unknown(name):
+    raise TypeError(f"no array tells how many elements are wanted: give {name}= or out=")
+
+
+def pointers(type_, arrays):
+    return new(type_, [cast(type_.item, array.ctypes.data) for array in arrays])
+
+
+def keep(value):
+    """A value that no one changes from outside."""
+    return value.copy() if isinstance(value, ndarray) else value
+
+
+# ---- Numbers ----
+
+def pair(value):
+    """A complex number as its two parts."""
+    return (value.real, value.imag)
+
+
+def whole_pair(value):
+    """A complex number of integers as its two parts: orbs.int16c and the like, a tuple, or a number of whole parts."""
+    if isinstance(value, numpy.void):
+        value = value.item()
+    if not isinstance(value, tuple):
+        value = value.real, value.imag
+    if any(part != int(part) for part in value):
+        raise TypeError(f"{value} has no whole parts")
+    return int(value[0]), int(value[1])
+
+
+def one(value, dtype, name):
+    """An array of one element, for what C reads through a pointer."""
+    held = empty(1, dtype)
+    if dtype.kind in "iu":
+        value = operator.index(value)
+        limits = numpy.iinfo(dtype)
+        if not limits.min <= value <= limits.max:
+            raise ValueError(f"{name} is {value}, beyond {limits.min} to {limits.max}")
+    elif dtype.fields:
+        value = whole_pair(value)
+    held[0] = value
+    return held
+
+
+# ---- Sizes ----
+
+def bits_as_bytes(offset, count):
+    return max(offset + count + 7, 0) // 8
+
+
+def packed_bytes(lengths, offset):
+    return bits_as_bytes(offset % 8, int(numpy.clip(lengths, 0, 32).sum()))
+
+
+def kept(length, phase, factor):
+    return max(-((int(phase) - length) // max(factor, 1)), 0)
+
+
+def rate_line(taps, factor):
+    return (taps - 1) // max(factor, 1) + 1
+
+
+def trellis_states(state):
+    return state if state in (16, 32) else 64
+
+
+def room_for(first, count, size):
+    if first < 0:
+        raise ValueError("the index is below 0")
+    return max(size, first + count)
+
+
+def last(positions, count, first=0):
+    """The last of the first `count` positions, which is the highest if they ascend; 0 without any behind `first`."""
+    return max(int(positions[first:count].max()), 0) if first < count <= positions.size else 0
+
+
+# ---- Objects and memory ----
+
+def aligned(size, offset=0):
+    """Bytes that begin `offset` behind a multiple of 64."""
+    block = zeros(max(size, 0) + 128, "u1")
+    start = -block.ctypes.data % 64 + offset
+    return block[start:start + max(size, 0)]
+
+
+def memory(given, size, name):
+    if given is None:
+        return aligned(size)
+    written(given, DTYPES["8u"], name)
+    if given.size < size:
+        raise ValueError(f"{name} has {given.size} bytes, {size} are needed")
+    return given
+
+
+def work_buffer(given, state):
+    """Memory that a transform works in; without it the call takes its own."""
+    return NULL if given is None else buffer_of(BYTES, memory(given, state.buf_size, "buffer"))
+
+
+def member_of(name, pattern, template):
+    """The member of a family that another name tells."""
+    from . import _members
+    return _members.call(re.sub(pattern, template, name.removeprefix("orbs")))
+
+
+def object_made(name, pointer, block, arguments):
+    from . import _objects
+    return _objects.made(name, pointer, block, arguments)
+
+
+def wrong_object(value, wanted):
+    kind = f"a {type(value).__name__}"
+    if type(value).__name__ == "Freed":
+        return ValueError(f"this object was freed; a {wanted.__name__} is needed")
+    return TypeError(f"the object is {kind}; a {wanted.__name__} is needed")
+
+
+def allocated(pointer, count, name):
+    """An array over memory of the library, which goes back to it with the last array that uses it."""
+    dtype = DTYPES[name.partition("_")[2]]
+    if not pointer:
+        raise Error(f"{name}: no memory, or a length below 1", -9)
+    held = ffi.gc(pointer, _library.LIBRARY.orbsFree)
+    return numpy.frombuffer(ffi.buffer(held, count * dtype.itemsize), dtype)
+
+
+LibVersion = collections.namedtuple("LibVersion",
+                                    "major minor major_build build target_cpu name version build_date")
+
+
+def told(value):
+    """What members tell that return no status."""
+    if isinstance(value, int):
+        return value
+    if ffi.typeof(value) is ffi.typeof("const char *"):
+        return ffi.string(value).decode()
+    texts = [ffi.string(getattr(value, field)).decode() for field in ("targetCpu", "Name", "Version", "BuildDate")]
+    return LibVersion(value.major, value.minor, value.majorBuild, value.build, *texts)
