@@ -65,6 +65,7 @@ class Family:
     alignment: str   # "any", "of the elements" or ""
     header: "Header" = dataclasses.field(repr=False)
     members: list = dataclasses.field(default_factory=list)
+    types: list = dataclasses.field(default_factory=list)
 
     @property
     def key(self):
@@ -108,6 +109,7 @@ def read(path):
         if token["comment"] is not None:
             first, _, rest = token["comment"].partition("\n")
             heading = HEADING.match(first)
+            of_macro = source[token.end():].lstrip().startswith("#define")
             if heading:
                 alignment = ALIGNMENT.search(rest)
                 family = Family(heading[1], prose(ALIGNMENT.sub("", rest, count=1)), alignment[1] if alignment else "",
@@ -116,9 +118,9 @@ def read(path):
             elif not header.title:
                 header.title, _, more = prose(token["comment"]).partition("\n")
                 header.text = more.strip()
-            elif not header.families and not header.types:
+            elif not (header.families or header.types or of_macro):
                 header.text = (header.text + "\n\n" + prose(token["comment"])).strip()
-            comment = prose(token["comment"])
+            comment = "" if of_macro else prose(token["comment"])
         elif token["statement"]:
             statement = " ".join(COMMENT.sub(" ", token["statement"]).split())
             member = MEMBER.fullmatch(statement)
@@ -132,6 +134,8 @@ def read(path):
             elif TYPE.match(statement):
                 name = re.search(r"(\w+);$", statement) if statement.startswith("typedef") else None
                 header.types.append(Type(name[1] if name else "", statement, comment))
+                if family:
+                    family.types.append(header.types[-1])
             elif not statement.startswith("extern "):
                 header.strays.append(f"{header.path.name}: {statement}")
         elif token["stray"]:
