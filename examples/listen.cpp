@@ -144,9 +144,11 @@ Spectrogram look(const Recording& recording, double highest) {
 void draw(const fs::path& name, const Recording& recording, const std::vector<Digit>& digits, double highest,
           OutputFile& file) {
     const Spectrogram spectrogram = look(recording, highest);
-    Orb32f least = 0, most = 0;
-    check(orbsMinMax_32f(spectrogram.decibels.data(), static_cast<int>(spectrogram.decibels.size()), &least, &most));
-    const double top = 10 * std::ceil(most / 10.0);
+    // From what is usual, which so becomes light, to the loudest.
+    std::vector<Orb32f> levels = spectrogram.decibels;
+    check(orbsSortAscend_32f_I(levels.data(), static_cast<int>(levels.size())));
+    const double top = 5 * std::ceil(levels.back() / 5.0);
+    const double foot = std::clamp(5 * std::floor(levels[levels.size() / 2] / 5.0), top - 90, top - 30);
     const double duration = static_cast<double>(recording.samples.size()) / recording.rate;
 
     std::string number;
@@ -156,7 +158,7 @@ void draw(const fs::path& name, const Recording& recording, const std::vector<Di
                     text(describe(duration, recording.rate, 1), "  \u00b7  Hann windows of ", spectrogram.window,
                          " samples  \u00b7  digits by the power at eight single frequencies"));
     Panel& panel = picture.add({{"Time (s)", 0, duration}, {"Frequency (Hz)", 0, highest}});
-    panel.image(spectrogram.decibels, spectrogram.columns, top - 70, top, "Level (dB, 0 is a sine of full scale)");
+    panel.image(spectrogram.decibels, spectrogram.columns, foot, top, "Level (dB, 0 is a sine of full scale)");
     if (digits.size() <= 60)
         for (const Digit& digit : digits)
             panel.words((digit.begin + digit.end) / 2, highest * 0.95, std::string(1, digit.key), colour::red, 20);

@@ -207,10 +207,11 @@ void Picture::write(OutputFile& file) const {
             const double dx = (panel.x_.to - panel.x_.from) / static_cast<double>(columns),
                          dy = (panel.y_.to - panel.y_.from) / static_cast<double>(rows);
             all += text("set cbrange [", panel.image_.least, ':', panel.image_.most, "]\nset cblabel ",
-                        quoted(panel.image_.unit), " font ',15'\n");
+                        quoted(panel.image_.unit), " font ',15' offset 0.5,0\nset colorbox user origin screen ", right - 0.045, ", screen ",
+                        upper - height, " size screen 0.014, screen ", height, "\n");
             plot = text("'/dev/fd/3' binary skip=", store(panel.image_.data), " array=(", columns, ',', rows,
                         ") format='%float' origin=(", panel.x_.from + dx / 2, ',', panel.y_.from + dy / 2, ") dx=", dx,
-                        " dy=", dy, " with image pixels notitle");
+                        " dy=", dy, " with image notitle");
         }
         for (const Panel::Curve& curve : panel.curves_) {
             const std::size_t columns = (curve.columns.size() + 1) / 2;

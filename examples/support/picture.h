@@ -3,6 +3,7 @@
 
 #include "output_file.h"
 
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,5 +77,5 @@ public:
 private:
     std::string title_, subtitle_;
     int height_;
-    std::vector<Panel> panels_;
+    std::list<Panel> panels_;
 };
