@@ -127,6 +127,7 @@ Tone measure(const Conversion& convert, int periods, int from, int to) {
 struct Peer {
     const char* name;
     std::string_view colour;
+    double width; // of its line: soxr's and orbs's lie upon each other
     Conversion convert;
     std::vector<Tone> tones = {};
     double worst = -300; // noise of the tones in the pass band
@@ -147,7 +148,7 @@ std::vector<Peer> peers(const Design& design, int from, int to) {
     const auto roomFor = [=](const std::vector<Orb32f>& input) {
         return static_cast<std::size_t>(static_cast<double>(input.size()) * to / from) + 64;
     };
-    return {{"soxr, very high quality", colour::orange,
+    return {{"soxr, very high quality", colour::orange, 6,
              [=](const std::vector<Orb32f>& input) {
                  std::vector<Orb32f> output(roomFor(input));
                  const soxr_io_spec_t samples = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
@@ -157,7 +158,7 @@ std::vector<Peer> peers(const Design& design, int from, int to) {
                      throw Trouble("soxr refused the conversion that it is measured with");
                  return output;
              }},
-            {"libsamplerate, best sinc", colour::green,
+            {"libsamplerate, best sinc", colour::green, 2.5,
              [=](const std::vector<Orb32f>& input) {
                  std::vector<Orb32f> output(roomFor(input));
                  SRC_DATA job{};
@@ -170,7 +171,7 @@ std::vector<Peer> peers(const Design& design, int from, int to) {
                      throw Trouble("libsamplerate refused the conversion that it is measured with");
                  return output;
              }},
-            {"orbs, this program", colour::blue, [&design](const std::vector<Orb32f>& input) {
+            {"orbs, this program", colour::blue, 2.5, [&design](const std::vector<Orb32f>& input) {
                  Converter converter(design);
                  const std::size_t blocks = input.size() / converter.inputBlock() + 1;
                  std::vector<Orb32f> padded(input), output(blocks * converter.outputBlock());
@@ -227,14 +228,20 @@ Converted convert(SoundReader& input, const Design& design, SoundWriter& output)
 
 void draw(const std::vector<Peer>& measured, int from, int to, std::size_t taps, OutputFile& file) {
     const double nyquist = std::min(from, to) / 2.0;
+    double least = 0, most = -300;
+    for (const Peer& peer : measured) {
+        for (const Tone& tone : peer.tones) {
+            least = std::min(least, tone.noise);
+            most = std::max(most, tone.noise);
+        }
+    }
     Picture picture(text("From ", from, " to ", to, " Hz: what a converter adds to a tone"),
                     text("a tone of 32-bit floats at a time  \u00b7  noise: all that comes out but the tone itself  \u00b7  orbs: ",
                          taps, " taps"),
                     900);
-    Panel& noise = picture.add({{"", 0, nyquist}, {"Noise (dB below the tone)", -180, -120}});
+    Panel& noise = picture.add({{"", 0, nyquist}, {"Noise (dB, 0 is the tone)", std::min(-160.0, 10 * std::floor(least / 10)), 10 * std::ceil((most + 5) / 10)}});
     Panel& gain = picture.add({{"Frequency of the tone (Hz)", 0, nyquist}, {"Gain (dB)", -6, 1}});
     noise.share = 1.6;
-    gain.legend = "bottom left";
     for (const Peer& peer : measured) {
         std::vector<double> frequency, level, passed;
         for (const Tone& tone : peer.tones) {
@@ -242,8 +249,8 @@ void draw(const std::vector<Peer>& measured, int from, int to, std::size_t taps,
             level.push_back(tone.noise);
             passed.push_back(tone.gain);
         }
-        noise.line(peer.name, frequency, level, peer.colour, 2.5);
-        gain.line(peer.name, frequency, passed, peer.colour, 2.5);
+        noise.line(peer.name, frequency, level, peer.colour, peer.width);
+        gain.line("", frequency, passed, peer.colour, peer.width);
     }
     picture.write(file);
 }
@@ -295,7 +302,7 @@ attenuates by 150 dB what would come back mirrored. Its delay is taken out.
     report("Converted", text(printable(names.output), " (", describe(converted.seconds, rate, input.channels()), "; ",
                              filter.up, " / ", filter.down, ", ", filter.taps.size(), " taps)"));
     for (const Peer& peer : measured)
-        report("Noise", text("at most ", fixed(peer.worst, 1), " dB below a tone: ", peer.name));
+        report("Noise", text(fixed(peer.worst, 1), " dB at most beside a tone of 0 dB: ", peer.name));
     report("Picture", printable(names.picture));
     report("Speed", text("converting ", std::round(converted.seconds / converted.converting),
                          " times faster than real time"));

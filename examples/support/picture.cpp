@@ -177,8 +177,9 @@ void Picture::write(OutputFile& file) const {
         offset += bytes;
         return at;
     };
-    // Where the panels stand, as shares of the height, below 92 pixels of title.
-    const double pixel = 1.0 / height_, top = 1 - 92 * pixel, gap = 88 * pixel, foot = 66 * pixel;
+    // Where the panels stand, as shares of the height, below the title.
+    const bool titled = !panels_.front().title_.empty();
+    const double pixel = 1.0 / height_, top = 1 - (titled ? 118 : 92) * pixel, gap = 88 * pixel, foot = 66 * pixel;
     double shares = 0;
     for (const Panel& panel : panels_) shares += panel.share;
     const double room = top - foot - gap * static_cast<double>(panels_.size() - 1);
