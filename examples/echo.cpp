@@ -31,6 +31,7 @@ Samples makeMicrophone(const Samples& loudspeaker) {
     Orb32u seed = 3;
     check(orbsRandGauss_Direct_32f(room.data(), lengthOf(room), 0, 0.12f, &seed));
     const std::size_t way = madeRate * 45 / 1000;
+    room[way] = 0.5f;
     for (std::size_t n = 0; n < room.size(); ++n)
         room[n] *= n < way ? 0.0f : static_cast<float>(std::exp(-static_cast<double>(n - way) / (0.018 * madeRate)));
     Samples microphone(loudspeaker.size() + room.size() - 1);
@@ -152,7 +153,7 @@ Reduction reductionOf(const std::vector<double>& before, const std::vector<doubl
 }
 
 struct Found {
-    int rate, delay, begin;       // samples; the filter begins a little before the delay
+    int rate, delay, begin;       // samples; the filter begins 20 ms before the delay
     double adaptSeconds, duration;
 };
 
@@ -163,15 +164,15 @@ void draw(const std::string& title, bool made, const Found& found, const std::ve
                                 std::round(found.duration / found.adaptSeconds), " times faster than real time"),
                     1000);
     const double end = found.duration;
-    Panel& level = picture.add({{"Time (s)", 0, end}, {"Level (dB of full scale)", -80, 0}});
+    Panel& level = picture.add({{"", 0, end}, {"Level (dB of a full sine)", -80, 0}});
     level.share = 1.3;
-    level.legend = "bottom left horizontal";
+    level.legend = "bottom left horizontal width -8";
     Panel& gone = picture.add({{"Time (s)", 0, end},
                                {"Reduction (dB)", -5, std::max(40.0, 10 * std::ceil(reduction.best / 10))}});
-    gone.legend = "bottom left horizontal";
-    if (made)
-        for (Panel* panel : {&level, &gone})
-            panel->span("the wanted voice speaks too", nearBegins, madeSeconds - 0.6, colour::band);
+    if (made) {
+        level.span("the wanted voice speaks too", nearBegins, madeSeconds - 0.6, colour::band);
+        gone.span("", nearBegins, madeSeconds - 0.6, colour::band);
+    }
     std::vector<double> time;
     for (std::size_t n = 0; n < before.size(); ++n) time.push_back(part * (static_cast<double>(n) + 0.5));
     level.line("microphone", time, before, colour::orange, 2.5);
@@ -181,9 +182,10 @@ void draw(const std::string& title, bool made, const Found& found, const std::ve
     std::vector<double> late, room(taps.begin(), taps.end());
     for (std::size_t n = 0; n < taps.size(); ++n)
         late.push_back(1e3 * (found.begin + static_cast<double>(n)) / found.rate);
-    const double most = 1.1 * std::max(1e-9, std::ranges::max(room, {}, [](double tap) { return std::fabs(tap); }));
+    const auto [low, high] = std::ranges::minmax(room);
+    const double most = 1.1 * std::max({1e-9, -low, high});
     Panel& response = picture.add({{"Time after the loudspeaker (ms)", late.front(), late.back()},
-                                   {"Tap of the filter", -std::fabs(most), std::fabs(most)}});
+                                   {"Tap of the filter", -most, most}});
     response.line("the room, as the filter has learned it", late, room, colour::blue, 1.5);
     picture.write(file);
 }
@@ -238,7 +240,7 @@ void run(int argc, char** argv) {
 
     Found found{heard.rate, 0, 0, 0, static_cast<double>(heard.samples.size()) / heard.rate};
     found.delay = findDelay(played.samples, heard.samples, static_cast<int>(longest / 1e3 * heard.rate));
-    found.begin = std::max(0, found.delay - heard.rate / 200);
+    found.begin = std::max(0, found.delay - heard.rate / 50);
     played.samples.insert(played.samples.begin(), static_cast<std::size_t>(found.begin), 0.0f);
     played.samples.resize(heard.samples.size());
     const Learned learned = cancel(played.samples, heard.samples, std::max(1, static_cast<int>(tail / 1e3 * heard.rate)), step);
