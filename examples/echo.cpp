@@ -164,11 +164,12 @@ void draw(const std::string& title, bool made, const Found& found, const std::ve
                                 std::round(found.duration / found.adaptSeconds), " times faster than real time"),
                     1000);
     const double end = found.duration;
-    Panel& level = picture.add({{"", 0, end}, {"Level (dB of a full sine)", -80, 0}});
+    Panel& level = picture.add({{"", 0, end}, {"Level (dB of a full sine)", -90, 0}});
     level.share = 1.3;
-    level.legend = "bottom left horizontal width -8";
+    level.legend = "bottom left horizontal";
     Panel& gone = picture.add({{"Time (s)", 0, end},
-                               {"Reduction (dB)", -5, std::max(40.0, 10 * std::ceil(reduction.best / 10))}});
+                               {"Reduction (dB)", -10, std::max(40.0, 10 * std::ceil(reduction.best / 10))}});
+    gone.legend = "bottom left";
     if (made) {
         level.span("the wanted voice speaks too", nearBegins, madeSeconds - 0.6, colour::band);
         gone.span("", nearBegins, madeSeconds - 0.6, colour::band);

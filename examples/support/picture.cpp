@@ -199,7 +199,7 @@ void Picture::write(OutputFile& file) const {
         all += text("set lmargin at screen ", left, "\nset rmargin at screen ", image ? right - 0.06 : right,
                     "\nset tmargin at screen ", upper, "\nset bmargin at screen ", upper - height, "\nset title ",
                     quoted(panel.title_), " offset 0,-0.6 font ':Bold,14'\n", axisSettings('x', panel.x_),
-                    axisSettings('y', panel.y_), panel.objects_, "set key ", panel.legend,
+                    axisSettings('y', panel.y_), panel.objects_, "set key default\nset key ", panel.legend,
                     " Left reverse samplen 2.5 spacing 1.15 font ',14' opaque fillcolor rgb '#FFFFFF'\n");
         if (panel.y_.kind == Axis::decades) all += "set termoption enhanced\n";
         std::string plot;
