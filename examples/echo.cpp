@@ -83,6 +83,7 @@ double powerOf(const Orb32f* samples, int length) {
 
 // Normalised LMS: the step is divided by the power of the samples in the filter, block by block. While another voice is
 // in the microphone the filter would learn from that: the less of a block the filter explains, the smaller the step.
+// Unless what is left is like what the filter made: then the room is not what it was, and the filter has to learn.
 // S. Haykin, Adaptive Filter Theory, chapter 6.
 Learned cancel(const Samples& played, const Samples& microphone, int tapCount, double step) {
     constexpr int blockLength = 64;
@@ -94,8 +95,9 @@ Learned cancel(const Samples& played, const Samples& microphone, int tapCount, d
     Owned<orbsFIRLMSFree_32f> filter;
     check(orbsFIRLMSInitAlloc_32f(filter.out(), nullptr, tapCount, nullptr, 0));
     const double floor = 1e-6 * tapCount;
-    double trust = 1;
+    double trust = 1, likeness = 0, strength = floor;
     bool learnt = false;
+    Samples estimate(blockLength);
     Progress progress("removing the echo");
     const Stopwatch watch;
     for (std::size_t n = 0; n < microphone.size(); n += blockLength) {
@@ -105,10 +107,17 @@ Learned cancel(const Samples& played, const Samples& microphone, int tapCount, d
         Orb32f* const echo = &learned.cleaned[n];
         check(orbsFIRLMS_32f(&played[n], &microphone[n], echo, length, mu, filter));
         const double explained = powerOf(echo, length);
+        std::copy_n(echo, length, estimate.data());
         check(orbsSub_32f(echo, &microphone[n], echo, length)); // the microphone less the echo
         const double left = powerOf(echo, length);
+        Orb32f common = 0;
+        check(orbsDotProd_32f(estimate.data(), echo, length, &common));
+        likeness += 0.05 * (-common - likeness);
+        strength += 0.05 * (explained - strength);
         learnt = learnt || explained > 30 * left + floor;
-        if (learnt) trust = std::pow(std::min(1.0, 0.15 * explained / (left + 1e-12)), 2);
+        if (learnt)
+            trust = std::max(std::pow(std::min(1.0, 0.15 * explained / (left + 1e-12)), 2),
+                             std::clamp(1.5 * likeness / (strength + 1e-12) - 0.3, 0.0, 1.0));
         progress.at(static_cast<double>(n), static_cast<double>(microphone.size()));
     }
     check(orbsFIRLMSGetTaps_32f(filter, learned.taps.data()));

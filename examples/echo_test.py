@@ -47,7 +47,7 @@ class Echo(ProgramTest):
         _, output = self.clear(played, [a + b for a, b in zip(through(self.room, played), voice)])
         rest = [a - b for a, b in zip(output, voice)]
         self.assertLess(level(rest[3 * RATE:4 * RATE]), -50)
-        self.assertLess(level(rest[4 * RATE:]), level(voice[4 * RATE:]) - 20)
+        self.assertLess(level(rest[4 * RATE:]), level(voice[4 * RATE:]) - 12)
 
     def test_learns_anew_when_the_room_changes(self):
         played = noise(8, 0.1, 1)

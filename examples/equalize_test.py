@@ -61,7 +61,7 @@ class Equalize(ProgramTest):
         self.assertEqual(len(outputs["left"][0]), 20000)
 
     def test_the_picture_shows_the_response(self):
-        self.succeed("--peak", "1000:12:2")
+        self.succeed("--peak", "1000:12:2", "--volume=-12")
         self.assertEqual(self.names(), ["demo", "demo/speech-equalized.png", "demo/speech-equalized.wav", "demo/speech.wav"])
         rows = read_picture(self.folder / "demo/speech-equalized.png")
         left, right = 98, 1365

@@ -87,9 +87,10 @@ struct Tone {
     double frequency, gain, noise; // Hz; dB; dB below the tone that went in
 };
 
-constexpr int section = 16384; // outputs that are looked at, a whole number of periods
-constexpr int margin = 8192;   // outputs before and behind them
+constexpr int section = 8192; // outputs that are looked at, a whole number of periods
+constexpr int margin = 4096;  // outputs before and behind them
 constexpr double amplitude = 0.9;
+constexpr int toneCount = 48;
 
 std::vector<Orb64f> tone(double relative, double phase, int length) {
     std::vector<Orb64f> samples(static_cast<std::size_t>(length));
@@ -133,13 +134,12 @@ struct Peer {
     double worst = -300; // noise of the tones in the pass band
 
     void look(int from, int to, Progress& progress, double share) {
-        constexpr int count = 60;
         const double nyquist = std::min(from, to) / 2.0;
-        for (int n = 0; n < count; ++n) {
-            const int periods = static_cast<int>((n + 0.7) / count * nyquist / to * section);
+        for (int n = 0; n < toneCount; ++n) {
+            const int periods = static_cast<int>((n + 0.7) / toneCount * nyquist / to * section);
             tones.push_back(measure(convert, std::max(periods, 1), from, to));
             if (tones.back().frequency <= passBand * nyquist) worst = std::max(worst, tones.back().noise);
-            progress.at(share + n, 3 * count);
+            progress.at(share + n, 3 * toneCount);
         }
     }
 };
@@ -291,7 +291,7 @@ attenuates by 150 dB what would come back mirrored. Its delay is taken out.
         Progress progress("measuring");
         for (double share = 0; Peer& peer : measured) {
             peer.look(from, rate, progress, share);
-            share += 60;
+            share += toneCount;
         }
     }
     draw(measured, from, rate, filter.taps.size(), picture);

@@ -6,8 +6,8 @@ from support.program_test import ProgramTest, main, read_floats, read_picture, t
 class Resample(ProgramTest):
     def test_keeps_tones_in_their_place_at_every_ratio(self):
         for before, after, frequency in ((44100, 48000, 997), (48000, 44100, 15000), (8000, 48000, 3000),
-                                         (48000, 8000, 3000), (11025, 16000, 4321)):
-            frames = before // 2
+                                         (48000, 8000, 3000)):
+            frames = before // 4
             write_floats(self.folder / "in.wav", before, [tone(frequency, before, frames), [0.0] * frames])
             self.succeed("in.wav", "out.wav", "--rate", str(after))
             rate, (kept, silent) = read_floats(self.folder / "out.wav")

@@ -3,9 +3,9 @@
 # is missing. With the argument "bench" also the libraries that the benchmarks compare with, and what draws their page.
 set -euo pipefail
 packages=(g++ g++-multilib lib32gomp1 cmake ninja-build pkg-config googletest libhwy-dev libsndfile1-dev
-          libcairo2-dev python3)
-[ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsamplerate0-dev
-                                libsoxr-dev libsleef-dev libeigen3-dev python3-matplotlib)
+          libsamplerate0-dev libsoxr-dev gnuplot-nox python3)
+[ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev
+                                libeigen3-dev python3-matplotlib)
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     echo "setup.sh: not a Debian system, nothing installed. Needed, by their Debian names: ${packages[*]}" >&2
