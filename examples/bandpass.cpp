@@ -35,8 +35,8 @@ double lowPass(double f, double n) {
     return n == 0 ? 2 * f : std::sin(2 * std::numbers::pi * f * n) / (std::numbers::pi * n);
 }
 
-// The ideal band, under a Kaiser window; gain 1 in its middle. A band may begin at 0 or end at half the rate, and one tap
-// is enough, which the library's own designs refuse.
+// The ideal band, under a Kaiser window; gain 1 in its middle. A band may begin at 0 or end at half the rate, and one
+// tap is enough, which the library's own designs refuse.
 std::vector<Orb32f> designBand(double low, double high, double rate, int count) {
     const int half = count / 2;
     std::vector<Orb64f> taps;
@@ -121,7 +121,8 @@ void run(int argc, char** argv) {
     int taps = 0;
     fs::path out;
     const CommandLine line{
-        "[INPUT [OUTPUT]]", 2,
+        "[INPUT [OUTPUT]]",
+        2,
         R"(Cleans a recording: keeps one band of frequencies, by default that of speech, and draws the spectra before and after.
 
   INPUT         a sound file: WAV, FLAC, OGG, AIFF, MP3 and whatever else libsndfile opens.
@@ -129,8 +130,7 @@ void run(int argc, char** argv) {
   OUTPUT        where the cleaned sound goes; the picture goes beside it, as .png.
                 Default: demo/INPUT-band with the ending of INPUT.
 )",
-        {{"--low", "HZ", "lower edge of the band, 0 or more (default 300)",
-          number(low, 0, 1e9, "a frequency in Hz")},
+        {{"--low", "HZ", "lower edge of the band, 0 or more (default 300)", number(low, 0, 1e9, "a frequency in Hz")},
          {"--high", "HZ", "upper edge of the band, at most half the sample rate (default 3400)",
           number(high, 0, 1e9, "a frequency in Hz")},
          {"--taps", "N",
@@ -145,8 +145,8 @@ written it is WAV with 32-bit floats.
 )"};
     const Names names(line.parse(argc, argv), out, "speech.wav", "-band");
     if (!(low < high))
-        throw Trouble(text("the band is empty: its lower edge (", low, " Hz) must lie below its upper edge (", high,
-                           " Hz)"));
+        throw Trouble(
+            text("the band is empty: its lower edge (", low, " Hz) must lie below its upper edge (", high, " Hz)"));
 
     const Stopwatch watch;
     Results results;
@@ -165,7 +165,8 @@ written it is WAV with 32-bit floats.
     Spectrum before(rate, channels), after(rate, channels);
 
     names.makeFolder(results);
-    SoundWriter& output = results.sound(names.output, formatFor(names.output, names.input, input.format()), rate, channels);
+    SoundWriter& output =
+        results.sound(names.output, formatFor(names.output, names.input, input.format()), rate, channels);
     OutputFile& picture = results.file(names.picture);
     const Cleaned cleaned = clean(input, filters, response.size() / 2, output, before, after);
     output.close();
@@ -184,9 +185,9 @@ written it is WAV with 32-bit floats.
     report("Cleaned", text(printable(names.output), " (", sound, "; kept ", low, " to ", high, " Hz with ",
                            response.size(), " taps)"));
     report("Picture", printable(names.picture));
-    report("Speed", text("filtering ", std::round(cleaned.seconds / cleaned.filtering), " times faster than real time (",
-                         std::round(cleaned.filtering * 1e6) / 1e3, " ms), all with files and picture ",
-                         std::round(cleaned.seconds / watch.seconds()), " times"));
+    report("Speed", text("filtering ", std::round(cleaned.seconds / cleaned.filtering),
+                         " times faster than real time (", std::round(cleaned.filtering * 1e6) / 1e3,
+                         " ms), all with files and picture ", std::round(cleaned.seconds / watch.seconds()), " times"));
 }
 
 } // namespace

@@ -38,7 +38,8 @@ Samples makeMicrophone(const Samples& loudspeaker) {
     check(orbsConv_32f(loudspeaker.data(), lengthOf(loudspeaker), room.data(), lengthOf(room), microphone.data()));
     microphone.resize(loudspeaker.size());
 
-    Samples voice = makeSpeech({.rate = madeRate, .seconds = madeSeconds, .begin = nearBegins, .pitch = 170, .clean = true, .seed = 2});
+    Samples voice = makeSpeech(
+        {.rate = madeRate, .seconds = madeSeconds, .begin = nearBegins, .pitch = 170, .clean = true, .seed = 2});
     Samples hiss(voice.size());
     check(orbsRandGauss_Direct_32f(hiss.data(), lengthOf(hiss), 0, 0.0005f, &seed));
     check(orbsMulC_32f_I(0.4f, voice.data(), lengthOf(voice)));
@@ -133,7 +134,8 @@ std::vector<double> levels(const Samples& samples, int rate) {
     std::vector<double> all;
     const auto length = static_cast<std::size_t>(part * rate);
     for (std::size_t n = 0; n + length <= samples.size(); n += length)
-        all.push_back(10 * std::log10(2 * powerOf(&samples[n], static_cast<int>(length)) / static_cast<double>(length) + 1e-9));
+        all.push_back(
+            10 * std::log10(2 * powerOf(&samples[n], static_cast<int>(length)) / static_cast<double>(length) + 1e-9));
     return all;
 }
 
@@ -162,22 +164,22 @@ Reduction reductionOf(const std::vector<double>& before, const std::vector<doubl
 }
 
 struct Found {
-    int rate, delay, begin;       // samples; the filter begins 20 ms before the delay
+    int rate, delay, begin; // samples; the filter begins 20 ms before the delay
     double adaptSeconds, duration;
 };
 
 void draw(const std::string& title, bool made, const Found& found, const std::vector<double>& before,
           const std::vector<double>& after, const Reduction& reduction, const Samples& taps, OutputFile& file) {
-    Picture picture(title, text("the echo comes after ", std::round(1e4 * found.delay / found.rate) / 10, " ms  \u00b7  ",
-                                taps.size(), " taps  \u00b7  normalised LMS, ",
-                                std::round(found.duration / found.adaptSeconds), " times faster than real time"),
+    Picture picture(title,
+                    text("the echo comes after ", std::round(1e4 * found.delay / found.rate) / 10, " ms  \u00b7  ",
+                         taps.size(), " taps  \u00b7  normalised LMS in blocks of 64 samples"),
                     1000);
     const double end = found.duration;
     Panel& level = picture.add({{"", 0, end}, {"Level (dB of a full sine)", -90, 0}});
     level.share = 1.3;
     level.legend = "bottom left horizontal";
-    Panel& gone = picture.add({{"Time (s)", 0, end},
-                               {"Reduction (dB)", -10, std::max(40.0, 10 * std::ceil(reduction.best / 10))}});
+    Panel& gone = picture.add(
+        {{"Time (s)", 0, end}, {"Reduction (dB)", -10, std::max(40.0, 10 * std::ceil(reduction.best / 10))}});
     gone.legend = "bottom left";
     if (made) {
         level.span("the wanted voice speaks too", nearBegins, madeSeconds - 0.6, colour::band);
@@ -194,8 +196,8 @@ void draw(const std::string& title, bool made, const Found& found, const std::ve
         late.push_back(1e3 * (found.begin + static_cast<double>(n)) / found.rate);
     const auto [low, high] = std::ranges::minmax(room);
     const double most = 1.1 * std::max({1e-9, -low, high});
-    Panel& response = picture.add({{"Time after the loudspeaker (ms)", late.front(), late.back()},
-                                   {"Tap of the filter", -most, most}});
+    Panel& response = picture.add(
+        {{"Time after the loudspeaker (ms)", late.front(), late.back()}, {"Tap of the filter", -most, most}});
     response.line("the room, as the filter has learned it", late, room, colour::blue, 1.5);
     picture.write(file);
 }
@@ -204,7 +206,8 @@ void run(int argc, char** argv) {
     double longest = 500, tail = 128, step = 0.7;
     fs::path out;
     const CommandLine line{
-        "[LOUDSPEAKER MICROPHONE [OUTPUT]]", 3,
+        "[LOUDSPEAKER MICROPHONE [OUTPUT]]",
+        3,
         R"(Removes from the recording of a microphone what a loudspeaker played beside it, and draws how fast.
 
   LOUDSPEAKER   what was played, and
@@ -218,7 +221,8 @@ void run(int argc, char** argv) {
           number(longest, 1, 10000, "milliseconds")},
          {"--tail", "MS", "how long the room sounds: the length of the filter (default 128)",
           number(tail, 1, 1000, "milliseconds")},
-         {"--step", "S", "how eagerly the filter learns, 0.01 to 1.5 (default 0.7)", number(step, 0.01, 1.5, "a number")},
+         {"--step", "S", "how eagerly the filter learns, 0.01 to 1.5 (default 0.7)",
+          number(step, 0.01, 1.5, "a number")},
          {"--out", "FOLDER", "folder for what is written, made if missing (default demo)", folder(out)}},
         "Cross-correlation finds the delay; a normalised LMS filter of one thread removes the echo.\n"};
     const std::vector<fs::path> operands = line.parse(argc, argv);
@@ -244,6 +248,8 @@ void run(int argc, char** argv) {
     if (played.rate != heard.rate)
         throw Trouble(text("the recordings have different rates, ", played.rate, " and ", heard.rate,
                            " Hz; resample one of them"));
+    if (heard.rate < 1000)
+        throw Trouble(text(printable(names.input), " has ", heard.rate, " samples a second; give 1000 or more"));
     if (heard.samples.size() < static_cast<std::size_t>(heard.rate))
         throw Trouble(text(printable(names.input), " is shorter than a second; nothing can be learned from it"));
     if (played.samples.size() < 2) throw Trouble(text(printable(operands[0]), " is too short"));
@@ -253,11 +259,13 @@ void run(int argc, char** argv) {
     found.begin = std::max(0, found.delay - heard.rate / 50);
     played.samples.insert(played.samples.begin(), static_cast<std::size_t>(found.begin), 0.0f);
     played.samples.resize(heard.samples.size());
-    const Learned learned = cancel(played.samples, heard.samples, std::max(1, static_cast<int>(tail / 1e3 * heard.rate)), step);
+    const Learned learned =
+        cancel(played.samples, heard.samples, std::max(1, static_cast<int>(tail / 1e3 * heard.rate)), step);
     found.adaptSeconds = learned.seconds;
 
     names.makeFolder(results);
-    SoundWriter& output = results.sound(names.output, formatFor(names.output, names.input, heard.format), heard.rate, 1);
+    SoundWriter& output =
+        results.sound(names.output, formatFor(names.output, names.input, heard.format), heard.rate, 1);
     OutputFile& picture = results.file(names.picture);
     output.writeAll(learned.cleaned);
     const std::vector<double> before = levels(heard.samples, heard.rate), after = levels(learned.cleaned, heard.rate);

@@ -73,7 +73,9 @@ class Echo(ProgramTest):
         write_floats(self.folder / "a.wav", RATE, [noise(2, 0.1, 1)])
         write_floats(self.folder / "b.wav", 16000, [noise(2, 0.1, 1)])
         write_floats(self.folder / "short.wav", RATE, [[0.1] * 100])
+        write_floats(self.folder / "slow.wav", 500, [[0.1] * 2000])
         self.refuse_all((
+            (["slow.wav", "slow.wav"], "1000 or more"),
             (["a.wav"], "one recording"), (["a.wav", "b.wav"], "8000", "16000"), (["a.wav", "short.wav"], "second"),
             (["a.wav", "a.wav", "a.wav"], "destroy"), (["a.wav", "b.wav", "b.wav"], "destroy"),
             (["a.wav", "missing.wav"], "no file"), (["a.wav", "a.wav", "--step", "2"], "--step"),

@@ -30,8 +30,7 @@ struct Band {
 std::array<Orb64f, 6> section(const Band& band, double rate) {
     const double w = 2 * std::numbers::pi * band.frequency / rate, c = std::cos(w);
     const double alpha = std::sin(w) / (2 * band.q), g = std::pow(10, band.decibels / 40);
-    if (band.shape == Band::peak)
-        return {1 + alpha * g, -2 * c, 1 - alpha * g, 1 + alpha / g, -2 * c, 1 - alpha / g};
+    if (band.shape == Band::peak) return {1 + alpha * g, -2 * c, 1 - alpha * g, 1 + alpha / g, -2 * c, 1 - alpha / g};
     const double s = band.shape == Band::lowShelf ? 1 : -1; // the high shelf is the low one mirrored
     const double root = 2 * std::sqrt(g) * alpha, sum = g + 1, difference = s * (g - 1) * c;
     return {g * (sum - difference + root), s * 2 * g * (g - 1 - s * sum * c), g * (sum - difference - root),
@@ -142,9 +141,10 @@ std::string words(const std::vector<Band>& bands, double rumble) {
     std::string all;
     if (rumble > 0) all = text("high pass ", rumble, " Hz");
     for (const Band& band : bands)
-        all += text(all.empty() ? "" : "  \u00b7  ", band.shape == Band::lowShelf    ? "low shelf "
-                                                     : band.shape == Band::highShelf ? "high shelf "
-                                                                                     : "peak ",
+        all += text(all.empty() ? "" : "  \u00b7  ",
+                    band.shape == Band::lowShelf    ? "low shelf "
+                    : band.shape == Band::highShelf ? "high shelf "
+                                                    : "peak ",
                     band.frequency, " Hz ", band.decibels > 0 ? "+" : "", band.decibels, " dB");
     return all.empty() ? "no band" : all;
 }
@@ -182,7 +182,9 @@ Band parseBand(Band::Shape shape, std::string_view option, std::string_view valu
     if (numbers.size() < 2 || numbers.size() > 3)
         throw Trouble(text(option, " takes ", kind, ", not '", printable(value), "'"));
     const Band band{shape, numbers[0], numbers[1],
-                    numbers.size() == 3 ? numbers[2] : shape == Band::peak ? 1 : std::sqrt(0.5)};
+                    numbers.size() == 3   ? numbers[2]
+                    : shape == Band::peak ? 1
+                                          : std::sqrt(0.5)};
     if (!(band.frequency > 0) || std::fabs(band.decibels) > 40 || band.q < 0.1 || band.q > 20)
         throw Trouble(text(option, " takes frequencies above 0, -40 to 40 dB and Q from 0.1 to 20, not '",
                            printable(value), "'"));
@@ -201,7 +203,8 @@ void run(int argc, char** argv) {
         };
     };
     const CommandLine line{
-        "[INPUT [OUTPUT]]", 2,
+        "[INPUT [OUTPUT]]",
+        2,
         R"(Changes the tone of a recording by shelves and peaks, and draws their response and the spectra before and after.
 
   INPUT         a sound file: WAV, FLAC, OGG, AIFF, MP3 and whatever else libsndfile opens.
@@ -225,7 +228,9 @@ void run(int argc, char** argv) {
     const Names names(line.parse(argc, argv), out, "speech.wav", "-equalized");
     if (!chosen) {
         rumble = 120;
-        bands = {{Band::lowShelf, 250, -4, std::sqrt(0.5)}, {Band::peak, 2800, 6, 1}, {Band::highShelf, 6000, -9, std::sqrt(0.5)}};
+        bands = {{Band::lowShelf, 250, -4, std::sqrt(0.5)},
+                 {Band::peak, 2800, 6, 1},
+                 {Band::highShelf, 6000, -9, std::sqrt(0.5)}};
     }
 
     Results results;
@@ -240,7 +245,8 @@ void run(int argc, char** argv) {
     Spectrum before(rate, channels), after(rate, channels);
 
     names.makeFolder(results);
-    SoundWriter& output = results.sound(names.output, formatFor(names.output, names.input, input.format()), rate, channels);
+    SoundWriter& output =
+        results.sound(names.output, formatFor(names.output, names.input, input.format()), rate, channels);
     OutputFile& picture = results.file(names.picture);
     const Equalized equalized = equalize(input, filters, std::pow(10, volume / 20), output, before, after);
     output.close();
@@ -253,7 +259,8 @@ void run(int argc, char** argv) {
     report("Equalized", text(printable(names.output), " (", describe(equalized.seconds, rate, channels), ")"));
     report("Bands", words(bands, rumble));
     report("Picture", printable(names.picture));
-    report("Speed", text("filtering ", std::round(equalized.seconds / equalized.filtering), " times faster than real time"));
+    report("Speed",
+           text("filtering ", std::round(equalized.seconds / equalized.filtering), " times faster than real time"));
 }
 
 } // namespace

@@ -48,7 +48,8 @@ struct Digit {
     double begin, end; // seconds
 };
 
-// The key that sounds in a block, or 0: one tone of each group must carry most of the power, and neither be much weaker.
+// The key that sounds in a block, or 0: one tone of each group must carry most of the power, and neither be much
+// weaker.
 char keyIn(const Orb32f* block, int length, double rate) {
     Orb32f norm = 0;
     check(orbsNorm_L2_32f(block, length, &norm));
@@ -74,7 +75,9 @@ char keyIn(const Orb32f* block, int length, double rate) {
 
 // A key counts where it sounds for 40 ms, in blocks of 25 ms of which the next begins 5 ms later.
 std::vector<Digit> readDigits(const Recording& recording) {
-    const auto length = static_cast<std::size_t>(0.025 * recording.rate), step = static_cast<std::size_t>(0.005 * recording.rate);
+    if (recording.rate < 4000) return {}; // too slow for the tones
+    const auto length = static_cast<std::size_t>(0.025 * recording.rate),
+               step = static_cast<std::size_t>(0.005 * recording.rate);
     std::vector<Digit> digits;
     Digit current{0, 0, 0};
     const auto finish = [&] {
@@ -97,15 +100,16 @@ std::vector<Digit> readDigits(const Recording& recording) {
 
 struct Spectrogram {
     std::size_t columns = 0;
-    int window = 0;             // samples
+    int window = 0;              // samples
     std::vector<float> decibels; // by rows, of equal frequency; 0 is a sine of full scale
 };
 
-// Windows of 32 ms, or as long as the recording; the transform takes any length, so none is rounded to a power of two.
+// Windows of 32 ms, or as near as the recording allows; the transform takes any length, so none is rounded to a power
+// of two.
 Spectrogram look(const Recording& recording, double highest) {
     const std::size_t length = recording.samples.size();
     Spectrogram picture;
-    picture.window = static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(0.032 * recording.rate), length));
+    picture.window = std::max(16, static_cast<int>(std::min(0.032 * recording.rate, static_cast<double>(length))));
     const auto window = static_cast<std::size_t>(picture.window);
     const std::size_t step = std::max(window / 8, (length - window) / 1200 + 1);
     const auto rowCount = static_cast<std::size_t>(highest / recording.rate * picture.window) + 1;
@@ -132,8 +136,7 @@ Spectrogram look(const Recording& recording, double highest) {
         check(orbsThreshold_LT_32f_I(power.data(), count, 1e-12f)); // silence has a logarithm too
         check(orbsLn_32f_I(power.data(), count));
         check(orbsMulC_32f_I(4.342944819f, power.data(), count)); // 10 / ln 10
-        for (std::size_t row = 0; row < rowCount; ++row)
-            picture.decibels[row * picture.columns + column] = power[row];
+        for (std::size_t row = 0; row < rowCount; ++row) picture.decibels[row * picture.columns + column] = power[row];
         progress.at(static_cast<double>(column), static_cast<double>(picture.columns));
     }
     return picture;
@@ -170,7 +173,8 @@ void run(int argc, char** argv) {
     double highest = 0;
     fs::path out = "demo";
     const CommandLine line{
-        "[INPUT]", 1,
+        "[INPUT]",
+        1,
         R"(Draws the spectrogram of a recording, and reads the digits of a number that was dialled in it.
 
   INPUT         a sound file: WAV, FLAC, OGG, AIFF, MP3 and whatever else libsndfile opens; of several channels the mean.
@@ -179,14 +183,16 @@ void run(int argc, char** argv) {
         {{"--number", "KEYS", "what is dialled without an INPUT: 0 to 9, A to D, * and # (default 0305550142#)",
           [&](std::string_view option, std::string_view value) {
               if (value.empty() || value.size() > 60 || value.find_first_not_of(keys) != value.npos)
-                  throw Trouble(text(option, " takes 1 to 60 of the keys 0 to 9, A to D, * and #, not '",
-                                     printable(value), "'"));
+                  throw Trouble(
+                      text(option, " takes 1 to 60 of the keys 0 to 9, A to D, * and #, not '", printable(value), "'"));
               dialled = value;
           }},
          {"--high", "HZ", "upper end of the picture, at most half the sample rate (default 4000 or that)",
           number(highest, 1, 1e9, "a frequency in Hz")},
-         {"--out", "FOLDER", "folder for the picture, INPUT-spectrogram.png; made if missing (default demo)", folder(out)}},
-        "A digit is two tones that sound together for 40 ms or more, at most 8 dB apart, and carry most of the power.\n"};
+         {"--out", "FOLDER", "folder for the picture, INPUT-spectrogram.png; made if missing (default demo)",
+          folder(out)}},
+        "A digit is two tones that sound together for 40 ms or more, at most 8 dB apart, and carry most of the "
+        "power.\n"};
     const std::vector<fs::path> operands = line.parse(argc, argv);
     const bool made = operands.empty();
     const fs::path name = made ? out / "call.wav" : operands[0];

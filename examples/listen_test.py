@@ -38,6 +38,8 @@ class Listen(ProgramTest):
                         [0.0] * rate):
             write_floats(self.folder / "in.wav", rate, [samples])
             self.assertEqual(self.heard("in.wav"), "none was dialled")
+        write_floats(self.folder / "slow.wav", 50, [[0.1] * 300])
+        self.assertEqual(self.heard("slow.wav"), "none was dialled")
 
     def test_tells_when_digits_sound(self):
         write_floats(self.folder / "in.wav", 8000, [call("77", 8000, on=0.1, off=0.2)])

@@ -83,10 +83,11 @@ void measureAll(std::vector<Curve>& curves, const std::vector<double>& decibels,
 
 void draw(const std::vector<Curve>& curves, int bursts, OutputFile& file) {
     Picture picture("Trellis codes in four dimensions: how often the decoder errs",
-                    text("points: ", bursts * burstLength, " noisy symbols each, with 95 % confidence  \u00b7  "
-                                                           "lines: the union of error events near the path that was sent"));
-    Panel& panel = picture.add({{"Signal to noise above Shannon's limit (dB)", 2, 9},
-                                {"Wrong symbols, as a share", 1e-6, 1, Axis::decades}});
+                    text("points: ", bursts * burstLength,
+                         " noisy symbols each, with 95 % confidence  \u00b7  "
+                         "lines: the union of error events near the path that was sent"));
+    Panel& panel = picture.add(
+        {{"Signal to noise above Shannon's limit (dB)", 2, 9}, {"Wrong symbols, as a share", 1e-6, 1, Axis::decades}});
     std::vector<double> fine, uncoded;
     for (double x = 2; x <= 9; x += 0.05) {
         fine.push_back(x);
@@ -114,7 +115,8 @@ void run(int argc, char** argv) {
     int symbols = 400000;
     fs::path out = "demo";
     const CommandLine line{
-        "", 0,
+        "",
+        0,
         R"(Sends random symbols of four dimensions over a noisy channel, decodes them with trellis codes of 16, 32 and 64 states,
 and draws how often the decoder errs beside theory and beside sending without a code.
 )",
@@ -127,7 +129,8 @@ and draws how often the decoder errs beside theory and beside sending without a 
     const int bursts = symbols / burstLength;
     std::vector<double> decibels;
     for (double x = 2.5; x < 5.4; x += 0.25) decibels.push_back(x);
-    std::vector<Curve> curves{{codes[0], colour::orange, 5, {}}, {codes[1], colour::green, 7, {}}, {codes[2], colour::blue, 9, {}}};
+    std::vector<Curve> curves{
+        {codes[0], colour::orange, 5, {}}, {codes[1], colour::green, 7, {}}, {codes[2], colour::blue, 9, {}}};
 
     Results results;
     results.makeFolder(out);
@@ -139,8 +142,8 @@ and draws how often the decoder errs beside theory and beside sending without a 
     for (const Curve& curve : curves) {
         const Theory theory(curve.code);
         for (const Measured& point : curve.measured)
-            report("Rate", text(curve.code.states, " states at ", fixed(point.decibels, 2), " dB: measured ", point.rate,
-                                ", theory ", theory.errorRate(deviationFor(point.decibels)), ", no code ",
+            report("Rate", text(curve.code.states, " states at ", fixed(point.decibels, 2), " dB: measured ",
+                                point.rate, ", theory ", theory.errorRate(deviationFor(point.decibels)), ", no code ",
                                 uncodedRate(point.decibels)));
     }
     report("Picture", printable(out / "modem.png"));

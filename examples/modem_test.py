@@ -3,8 +3,11 @@
 import math
 import os
 import re
+import signal
+import subprocess
+import time
 
-from support.program_test import ProgramTest, main, read_picture
+from support.program_test import ProgramTest, main, program, read_picture
 
 
 class Modem(ProgramTest):
@@ -48,6 +51,18 @@ class Modem(ProgramTest):
         self.assertEqual(self.names(), ["demo", "demo/modem.png"])
         rows = read_picture(self.folder / "demo/modem.png")
         self.assertGreater(sum(b - r > 120 and g < 150 for row in rows for r, g, b in row), 500)
+
+    def test_an_interrupt_or_a_missing_gnuplot_leaves_nothing(self):
+        with subprocess.Popen([program(), "--symbols", "100000000"], cwd=self.folder, stderr=subprocess.PIPE, text=True) as process:
+            while process.poll() is None and not self.names():
+                time.sleep(0.005)
+            time.sleep(0.2)
+            process.send_signal(signal.SIGINT)
+            message = process.communicate(timeout=60)[1]
+        self.assertEqual((process.returncode, message), (2, "modem: interrupted; nothing was written\n"))
+        self.assertEqual(self.names(), [])
+        self.refuse(self.run_program("--symbols", "4000", env=os.environ | {"PATH": "/nowhere"}), "gnuplot-nox")
+        self.assertEqual(self.names(), [])
 
     def test_refuses_what_makes_no_sense(self):
         self.refuse_all(((["--symbols", "10"], "4000"), (["--symbols", "many"], "'many'"), (["in.wav"], "too many"),

@@ -21,10 +21,10 @@ using std::numbers::pi;
 
 namespace {
 
-constexpr double attenuation = 150;  // dB: with it, what is left of images lies below the rounding of 32-bit floats
-constexpr double passBand = 0.91;    // of half the lower rate: 20 kHz of 44.1
+constexpr double attenuation = 150; // dB: with it, what is left of images lies below the rounding of 32-bit floats
+constexpr double passBand = 0.91;   // of half the lower rate: 20 kHz of 44.1
 constexpr int maxTaps = 4'000'000;
-constexpr int iterations = 64;       // of the filter a call: that many times downFactor samples become upFactor
+constexpr int iterations = 64; // of the filter a call: that many times downFactor samples become upFactor
 
 // ---- The converter ----
 
@@ -39,7 +39,8 @@ Design design(int from, int to) {
     const int common = std::gcd(from, to);
     Design made{to / common, from / common, {}};
     const double raised = static_cast<double>(from) * made.up, nyquist = std::min(from, to) / 2.0;
-    // Kaiser's formulas (1974): the band from the last frequency that is kept to the first that would come back mirrored.
+    // Kaiser's formulas (1974): the band from the last frequency that is kept to the first that would come back
+    // mirrored.
     const double transition = (1 - passBand) * nyquist / raised;
     const double count = std::ceil((attenuation - 8) / (2.285 * 2 * pi * transition));
     if (count > maxTaps)
@@ -100,7 +101,8 @@ std::vector<Orb64f> tone(double relative, double phase, int length) {
 
 Tone measure(const Conversion& convert, int periods, int from, int to) {
     const double relative = static_cast<double>(periods) / section;
-    std::vector<Orb64f> input = tone(relative * to / from, 0, static_cast<int>(1.0 * (section + 2 * margin) * from / to));
+    std::vector<Orb64f> input =
+        tone(relative * to / from, 0, static_cast<int>(1.0 * (section + 2 * margin) * from / to));
     std::vector<Orb32f> rounded(input.size());
     check(orbsMulC_64f_I(amplitude, input.data(), static_cast<int>(input.size())));
     check(orbsConvert_64f32f(input.data(), rounded.data(), static_cast<int>(input.size())));
@@ -153,8 +155,8 @@ std::vector<Peer> peers(const Design& design, int from, int to) {
                  std::vector<Orb32f> output(roomFor(input));
                  const soxr_io_spec_t samples = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
                  const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_VHQ, 0);
-                 if (soxr_oneshot(from, to, 1, input.data(), input.size(), nullptr, output.data(), output.size(), nullptr,
-                                  &samples, &quality, nullptr))
+                 if (soxr_oneshot(from, to, 1, input.data(), input.size(), nullptr, output.data(), output.size(),
+                                  nullptr, &samples, &quality, nullptr))
                      throw Trouble("soxr refused the conversion that it is measured with");
                  return output;
              }},
@@ -235,11 +237,14 @@ void draw(const std::vector<Peer>& measured, int from, int to, std::size_t taps,
             most = std::max(most, tone.noise);
         }
     }
-    Picture picture(text("From ", from, " to ", to, " Hz: what a converter adds to a tone"),
-                    text("a tone of 32-bit floats at a time  \u00b7  noise: all that comes out but the tone itself  \u00b7  orbs: ",
-                         taps, " taps"),
-                    900);
-    Panel& noise = picture.add({{"", 0, nyquist}, {"Noise (dB, 0 is the tone)", std::min(-160.0, 10 * std::floor(least / 10)), 10 * std::ceil((most + 5) / 10)}});
+    Picture picture(
+        text("From ", from, " to ", to, " Hz: what a converter adds to a tone"),
+        text("a tone of 32-bit floats at a time  \u00b7  noise: all that comes out but the tone itself  \u00b7  orbs: ",
+             taps, " taps"),
+        900);
+    Panel& noise = picture.add({{"", 0, nyquist},
+                                {"Noise (dB, 0 is the tone)", std::min(-160.0, 10 * std::floor(least / 10)),
+                                 10 * std::ceil((most + 5) / 10)}});
     Panel& gain = picture.add({{"Frequency of the tone (Hz)", 0, nyquist}, {"Gain (dB)", -6, 1}});
     noise.share = 1.6;
     for (const Peer& peer : measured) {
@@ -259,7 +264,8 @@ void run(int argc, char** argv) {
     int rate = 48000;
     fs::path out;
     const CommandLine line{
-        "[INPUT [OUTPUT]]", 2,
+        "[INPUT [OUTPUT]]",
+        2,
         R"(Changes the sampling rate of a recording, and measures what that adds to tones, beside soxr and libsamplerate.
 
   INPUT         a sound file: WAV, FLAC, OGG, AIFF, MP3 and whatever else libsndfile opens.
@@ -278,10 +284,13 @@ attenuates by 150 dB what would come back mirrored. Its delay is taken out.
     const int from = input.rate();
     if (from == rate)
         throw Trouble(text(printable(names.input), " has ", rate, " samples a second already; give another --rate"));
+    if (from < 1000 || from > 768000)
+        throw Trouble(text(printable(names.input), " has ", from, " samples a second; 1000 to 768000 can be changed"));
     const Design filter = design(from, rate);
 
     names.makeFolder(results);
-    SoundWriter& output = results.sound(names.output, formatFor(names.output, names.input, input.format()), rate, input.channels());
+    SoundWriter& output =
+        results.sound(names.output, formatFor(names.output, names.input, input.format()), rate, input.channels());
     OutputFile& picture = results.file(names.picture);
     const Converted converted = convert(input, filter, output);
     output.close();
@@ -289,7 +298,7 @@ attenuates by 150 dB what would come back mirrored. Its delay is taken out.
     std::vector<Peer> measured = peers(filter, from, rate);
     {
         Progress progress("measuring");
-        for (double share = 0; Peer& peer : measured) {
+        for (double share = 0; Peer & peer : measured) {
             peer.look(from, rate, progress, share);
             share += toneCount;
         }
@@ -304,8 +313,8 @@ attenuates by 150 dB what would come back mirrored. Its delay is taken out.
     for (const Peer& peer : measured)
         report("Noise", text(fixed(peer.worst, 1), " dB at most beside a tone of 0 dB: ", peer.name));
     report("Picture", printable(names.picture));
-    report("Speed", text("converting ", std::round(converted.seconds / converted.converting),
-                         " times faster than real time"));
+    report("Speed",
+           text("converting ", std::round(converted.seconds / converted.converting), " times faster than real time"));
 }
 
 } // namespace

@@ -39,7 +39,9 @@ class Resample(ProgramTest):
     def test_refuses_what_makes_no_sense(self):
         write_floats(self.folder / "in.wav", 8000, [tone(1000, 8000, 4000)])
         write_floats(self.folder / "odd.wav", 44101, [tone(1000, 44101, 4000)])
+        write_floats(self.folder / "slow.wav", 500, [[0.1] * 2000])
         self.refuse_all((
+            (["slow.wav"], "500 samples"),
             (["in.wav", "--rate", "8000"], "8000", "already"), (["odd.wav", "--rate", "767999"], "taps", "767999"),
             (["in.wav", "--rate", "999"], "1000 to 768000"), (["in.wav", "--rate", "48k"], "'48k'"),
             (["in.wav", "in.wav"], "destroy"), (["missing.wav"], "no file"), (["in.wav", "out.txt"], ".txt")))

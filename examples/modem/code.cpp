@@ -11,7 +11,9 @@ constexpr int mostDistance = 9; // squared, in steps of the lattice; what lies f
 struct Spectrum {
     std::array<double, mostDistance + 1> paths{}, wrong{};
 
-    bool empty() const { return std::ranges::all_of(paths, [](double count) { return count == 0; }); }
+    bool empty() const {
+        return std::ranges::all_of(paths, [](double count) { return count == 0; });
+    }
     // One more symbol, which is wrong: `step` tells its distances.
     void extend(const Spectrum& path, const std::array<double, mostDistance + 1>& step) {
         for (std::size_t far = 0; far <= mostDistance; ++far)
@@ -69,15 +71,16 @@ double tail(double x) {
     return std::erfc(x / std::sqrt(2.0)) / 2;
 }
 
-// Codes are linear: errors are paths of the same trellis away from state 0 and back. What a branch of errors adds is the
-// mean over the branches that may have been sent.
+// Codes are linear: errors are paths of the same trellis away from state 0 and back. What a branch of errors adds is
+// the mean over the branches that may have been sent.
 Theory::Theory(const Code& code) : wrong_(mostDistance + 1) {
     const int branches = 1 << (code.inputs + 1);
     std::vector<Distances> step(static_cast<std::size_t>(branches));
     for (int error = 0; error < branches; ++error) {
         for (int sent = 0; sent < branches; ++sent) {
             const Distances some = distances(code, Code::subset(sent), Code::subset(sent ^ error));
-            for (std::size_t d = 0; d <= mostDistance; ++d) step[static_cast<std::size_t>(error)][d] += some[d] / branches;
+            for (std::size_t d = 0; d <= mostDistance; ++d)
+                step[static_cast<std::size_t>(error)][d] += some[d] / branches;
         }
     }
     step[0][0] = 0; // the symbol that was sent: no error where two paths are one
@@ -94,7 +97,8 @@ Theory::Theory(const Code& code) : wrong_(mostDistance + 1) {
                 const int error = code.bits(state, input);
                 Distances more = step[static_cast<std::size_t>(error)];
                 if (error == 0 && !first) more[0] = 1; // the same subset: its point may be right
-                then[static_cast<std::size_t>(code.next(state, error))].extend(at[static_cast<std::size_t>(state)], more);
+                then[static_cast<std::size_t>(code.next(state, error))].extend(at[static_cast<std::size_t>(state)],
+                                                                               more);
             }
         }
         for (std::size_t d = 0; d <= mostDistance; ++d) wrong_[d] += then[0].wrong[d];

@@ -1,6 +1,6 @@
 // Trellis codes of four dimensions over the lattice of points in the plane, and what theory says of them.
-// G. Ungerboeck, Trellis-coded modulation with redundant signal sets, part II, IEEE Communications Magazine, 1987; codes
-// found by L.-F. Wei.
+// G. Ungerboeck, Trellis-coded modulation with redundant signal sets, part II, IEEE Communications Magazine, 1987;
+// codes found by L.-F. Wei.
 #pragma once
 
 #include <orbs.h>
@@ -10,7 +10,8 @@
 #include <utility>
 #include <vector>
 
-// The label of the lattice point (x, y): four take turns around each square of points, the next squares have four others.
+// The label of the lattice point (x, y): four take turns around each square of points, the next squares have four
+// others.
 constexpr int labelOf(int x, int y) {
     constexpr int around[2][2] = {{0, 1}, {3, 2}};
     return around[y & 1][x & 1] + 4 * (((x >> 1) + (y >> 1)) & 1);

@@ -3,9 +3,9 @@
 
 namespace {
 
-constexpr int behind = 64;                      // symbols that follow a burst, so that its last ones are settled
+constexpr int behind = 64; // symbols that follow a burst, so that its last ones are settled
 constexpr int sentLength = burstLength + behind;
-constexpr int reach = 8;                        // the points that are sent lie within so many steps of the origin
+constexpr int reach = 8; // the points that are sent lie within so many steps of the origin
 
 struct Point {
     int x, y; // counts steps: the coordinates are 256 x + 128 and 256 y + 128
@@ -64,14 +64,15 @@ std::vector<Orb16sc> receive(const std::vector<Symbol>& sent, double deviation, 
 class Decoder {
 public:
     explicit Decoder(const Code& code)
-        : code_(code), states_(static_cast<std::size_t>(code.states)), next_(16 * states_), history_(sentLength * states_),
-          path_(states_, 0x3fff), metrics_(states_, 0xffff) {
+        : code_(code), states_(static_cast<std::size_t>(code.states)), next_(16 * states_),
+          history_(sentLength * states_), path_(states_, 0x3fff), metrics_(states_, 0xffff) {
         for (int y = 0; y < 4; ++y)
             for (int x = 0; x < 4; ++x)
                 labels_[static_cast<std::size_t>(4 * y + x)] = static_cast<Orb8u>(labelOf(x - 2, y - 2));
         for (int state = 0; state < code.states; ++state)
             for (int k = 0; k < 16; ++k)
-                next_[static_cast<std::size_t>(16 * state + k)] = static_cast<Orb8u>(code.next(state, code.bits(state, k)));
+                next_[static_cast<std::size_t>(16 * state + k)] =
+                    static_cast<Orb8u>(code.next(state, code.bits(state, k)));
         path_[0] = 0; // where the encoder begins
     }
 
@@ -80,7 +81,8 @@ public:
         std::array<Orb32u, 16> variance;
         auto& corners = corners_.emplace_back();
         for (std::size_t side = 0; side < 2; ++side)
-            check(orbsGetVarPointDV_16sc(&received[side], &corners[side], &variance[8 * side], labels_.data(), code_.states));
+            check(orbsGetVarPointDV_16sc(&received[side], &corners[side], &variance[8 * side], labels_.data(),
+                                         code_.states));
         std::array<Orb16u, 64> subsets;
         check(orbsBuildSymblTableDV4D_16sc(variance.data(), subsets.data(), code_.states, 0));
         std::array<Orb16s, 64> branches; // of even states and of odd ones

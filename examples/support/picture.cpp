@@ -44,8 +44,8 @@ private:
     int file_;
 };
 
-// The script comes as standard input, the data as the file 3; the picture goes to standard output. gnuplot is in a group
-// of its own, so that an interrupt from the terminal ends this program, which then cleans up.
+// The script comes as standard input, the data as the file 3; the picture goes to standard output. gnuplot is in a
+// group of its own, so that an interrupt from the terminal ends this program, which then cleans up.
 void runGnuplot(const Memory& script, const Memory& data, const Memory& picture) {
     script.rewind();
     Memory complaints;
@@ -59,7 +59,8 @@ void runGnuplot(const Memory& script, const Memory& data, const Memory& picture)
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
     const char* const arguments[] = {"gnuplot", "-d", nullptr};
     pid_t child = 0;
-    const int error = posix_spawnp(&child, arguments[0], &files, &attributes, const_cast<char* const*>(arguments), environ);
+    const int error =
+        posix_spawnp(&child, arguments[0], &files, &attributes, const_cast<char* const*>(arguments), environ);
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&files);
     if (error == ENOENT) throw Trouble("gnuplot, which draws the picture, is not installed (Debian's gnuplot-nox)");
@@ -124,38 +125,40 @@ std::string axisSettings(char name, const Axis& axis) {
 }
 
 // A light background to dark blue, even steps of lightness.
-constexpr std::string_view palette = "set palette defined (0 '#ffffff', 1 '#eef5fb', 2 '#cfe3f2', 3 '#9cc8e4', 4 '#5ba4cf', "
-                                     "5 '#2b7cb5', 6 '#125a93', 7 '#083a68', 8 '#041f3d')\n";
+constexpr std::string_view palette =
+    "set palette defined (0 '#ffffff', 1 '#eef5fb', 2 '#cfe3f2', 3 '#9cc8e4', 4 '#5ba4cf', "
+    "5 '#2b7cb5', 6 '#125a93', 7 '#083a68', 8 '#041f3d')\n";
 
 } // namespace
 
 void Panel::line(std::string_view name, const std::vector<double>& x, const std::vector<double>& y,
                  std::string_view colour, double width, bool dashed) {
-    curves_.push_back({"1:2", text("with lines lw ", width, " lc rgb '", colour, dashed ? "' dt (12,8) " : "' ",
-                                   legendOf(name)),
-                       woven({&x, &y})});
+    curves_.push_back(
+        {"1:2", text("with lines lw ", width, " lc rgb '", colour, dashed ? "' dt (12,8) " : "' ", legendOf(name)),
+         woven({&x, &y})});
 }
 
 void Panel::area(std::string_view name, const std::vector<double>& x, const std::vector<double>& y,
                  std::string_view colour) {
-    curves_.push_back({"1:2", text("with filledcurves y1=", y_.from, " fs solid noborder lc rgb '", colour, "' ",
-                                   legendOf(name)),
-                       woven({&x, &y})});
+    curves_.push_back(
+        {"1:2", text("with filledcurves y1=", y_.from, " fs solid noborder lc rgb '", colour, "' ", legendOf(name)),
+         woven({&x, &y})});
 }
 
 void Panel::points(std::string_view name, const std::vector<double>& x, const std::vector<double>& y,
-                   const std::vector<double>& low, const std::vector<double>& high, std::string_view colour, int shape) {
-    curves_.push_back({"1:2:3:4", text("with yerrorbars lw 2 ps 1.5 pt ", shape, " lc rgb '", colour, "' ",
-                                       legendOf(name)),
+                   const std::vector<double>& low, const std::vector<double>& high, std::string_view colour,
+                   int shape) {
+    curves_.push_back({"1:2:3:4",
+                       text("with yerrorbars lw 2 ps 1.5 pt ", shape, " lc rgb '", colour, "' ", legendOf(name)),
                        woven({&x, &y, &low, &high})});
 }
 
 void Panel::span(std::string_view name, double from, double to, std::string_view colour) {
-    objects_ += text("set object rectangle from ", from, ", graph 0 to ", to, ", graph 1 behind fillcolor rgb '", colour,
-                     "' fillstyle solid noborder\n");
+    objects_ += text("set object rectangle from ", from, ", graph 0 to ", to, ", graph 1 behind fillcolor rgb '",
+                     colour, "' fillstyle solid noborder\n");
     if (!name.empty()) // what stands in the legend has to be a curve
-        curves_.push_back({"1:2", text("with lines lw 12 lc rgb '", colour, "' ", legendOf(name)),
-                           {std::nan(""), std::nan("")}});
+        curves_.push_back(
+            {"1:2", text("with lines lw 12 lc rgb '", colour, "' ", legendOf(name)), {std::nan(""), std::nan("")}});
 }
 
 void Panel::image(const std::vector<float>& values, std::size_t columns, double least, double most,
@@ -187,8 +190,8 @@ void Picture::write(OutputFile& file) const {
     std::string all = text("set encoding utf8\nset terminal pngcairo size ", width, ',', height_,
                            " font 'sans,13' background rgb 'white' noenhanced\nset border lc rgb '#6B737F'\n",
                            "set tics nomirror textcolor rgb '#20252C'\nset tics scale 0.6\nset bars 0.6\n",
-                           "set grid xtics ytics mxtics lt 1 lw 1 lc rgb '#DDE1E6', lt 1 lw 1 lc rgb '#EEF0F3'\n", palette,
-                           "set multiplot\nset label 1 ", quoted(shortened(title_, 88)), " at screen ", left,
+                           "set grid xtics ytics mxtics lt 1 lw 1 lc rgb '#DDE1E6', lt 1 lw 1 lc rgb '#EEF0F3'\n",
+                           palette, "set multiplot\nset label 1 ", quoted(shortened(title_, 88)), " at screen ", left,
                            ", screen ", 1 - 36 * pixel, " font ':Bold,20' textcolor rgb '#20252C'\nset label 2 ",
                            quoted(shortened(subtitle_, 150)), " at screen ", left, ", screen ", 1 - 66 * pixel,
                            " font ',14' textcolor rgb '#5A626D'\n");
@@ -208,8 +211,8 @@ void Picture::write(OutputFile& file) const {
             const double dx = (panel.x_.to - panel.x_.from) / static_cast<double>(columns),
                          dy = (panel.y_.to - panel.y_.from) / static_cast<double>(rows);
             all += text("set cbrange [", panel.image_.least, ':', panel.image_.most, "]\nset cblabel ",
-                        quoted(panel.image_.unit), " font ',15' offset 0.5,0\nset colorbox user origin screen ", right - 0.045, ", screen ",
-                        upper - height, " size screen 0.014, screen ", height, "\n");
+                        quoted(panel.image_.unit), " font ',15' offset 0.5,0\nset colorbox user origin screen ",
+                        right - 0.045, ", screen ", upper - height, " size screen 0.014, screen ", height, "\n");
             plot = text("'/dev/fd/3' binary skip=", store(panel.image_.data), " array=(", columns, ',', rows,
                         ") format='%float' origin=(", panel.x_.from + dx / 2, ',', panel.y_.from + dy / 2, ") dx=", dx,
                         " dy=", dy, " with image notitle");

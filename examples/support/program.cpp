@@ -33,9 +33,9 @@ int runProgram(int argc, char** argv, void (*body)(int argc, char** argv)) {
                 throw Trouble("cannot write to standard output");
         }
         return 0;
-    } catch (const std::bad_alloc&) {
-        complain("not enough memory");
-    } catch (const std::exception& error) { complain(error.what()); }
+    } catch (const std::bad_alloc&) { complain("not enough memory"); } catch (const std::exception& error) {
+        complain(error.what());
+    }
     return 2;
 }
 
@@ -85,8 +85,8 @@ Names::Names(const std::vector<std::filesystem::path>& operands, const std::file
     output = inFolder_ ? folder_ / (input.stem().string() + suffix + input.extension().string()) : operands[1];
     picture = std::filesystem::path(output).replace_extension(".png");
     if (picture == output)
-        throw Trouble(text(printable(output),
-                           " is what the picture is to be called; give OUTPUT the ending of a sound file"));
+        throw Trouble(
+            text(printable(output), " is what the picture is to be called; give OUTPUT the ending of a sound file"));
     keepInput(input, output);
     keepInput(input, picture);
 }

@@ -33,8 +33,8 @@ private:
     std::size_t segments_ = 0;
 };
 
-// As it is drawn: in decibels over logarithmic frequencies, the strongest bin of each column of pixels, so that tones keep
-// their level.
+// As it is drawn: in decibels over logarithmic frequencies, the strongest bin of each column of pixels, so that tones
+// keep their level.
 struct Levels {
     std::vector<double> frequency, decibels;
 };

@@ -6,9 +6,9 @@
 struct Speech {
     int rate = 48000;
     double seconds = 10;
-    double begin = 0.3;  // of the first syllable, in seconds
-    double pitch = 105;  // the lowest, in Hz
-    bool clean = false;  // or with mains hum and hiss
+    double begin = 0.3; // of the first syllable, in seconds
+    double pitch = 105; // the lowest, in Hz
+    bool clean = false; // or with mains hum and hiss
     unsigned seed = 1;
 };
 
