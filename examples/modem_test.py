@@ -20,7 +20,7 @@ class Modem(ProgramTest):
         return found
 
     def test_error_rates_are_those_of_theory(self):
-        rates = self.rates(self.succeed("--symbols", "60000"))
+        rates = self.rates(self.succeed("--symbols", "40000"))
         self.assertEqual({states for states, _ in rates}, {16, 32, 64})
         # Where errors are seen often enough, and the bound is near: measured lies below it, and not by far.
         for states in (16, 32, 64):

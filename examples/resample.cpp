@@ -91,7 +91,6 @@ struct Tone {
 constexpr int section = 8192; // outputs that are looked at, a whole number of periods
 constexpr int margin = 4096;  // outputs before and behind them
 constexpr double amplitude = 0.9;
-constexpr int toneCount = 48;
 
 std::vector<Orb64f> tone(double relative, double phase, int length) {
     std::vector<Orb64f> samples(static_cast<std::size_t>(length));
@@ -135,13 +134,13 @@ struct Peer {
     std::vector<Tone> tones = {};
     double worst = -300; // noise of the tones in the pass band
 
-    void look(int from, int to, Progress& progress, double share) {
+    void look(int count, int from, int to, Progress& progress, double share) {
         const double nyquist = std::min(from, to) / 2.0;
-        for (int n = 0; n < toneCount; ++n) {
-            const int periods = static_cast<int>((n + 0.7) / toneCount * nyquist / to * section);
+        for (int n = 0; n < count; ++n) {
+            const int periods = static_cast<int>((n + 0.7) / count * nyquist / to * section);
             tones.push_back(measure(convert, std::max(periods, 1), from, to));
             if (tones.back().frequency <= passBand * nyquist) worst = std::max(worst, tones.back().noise);
-            progress.at(share + n, 3 * toneCount);
+            progress.at(share + n, 3 * count);
         }
     }
 };
@@ -261,7 +260,7 @@ void draw(const std::vector<Peer>& measured, int from, int to, std::size_t taps,
 }
 
 void run(int argc, char** argv) {
-    int rate = 48000;
+    int rate = 48000, tones = 48;
     fs::path out;
     const CommandLine line{
         "[INPUT [OUTPUT]]",
@@ -274,6 +273,7 @@ void run(int argc, char** argv) {
                 Default: demo/INPUT-resampled with the ending of INPUT.
 )",
         {{"--rate", "HZ", "the new rate, 1000 to 768000 (default 48000)", whole(rate, 1000, 768000)},
+         {"--tones", "N", "how many tones are measured, 4 to 1000 (default 48)", whole(tones, 4, 1000)},
          {"--out", "FOLDER", "folder for what is written, made if missing (default demo)", folder(out)}},
         R"(One filter between the two rates, a windowed sinc of linear phase, keeps what lies below 91 % of half the lower rate and
 attenuates by 150 dB what would come back mirrored. Its delay is taken out.
@@ -299,8 +299,8 @@ attenuates by 150 dB what would come back mirrored. Its delay is taken out.
     {
         Progress progress("measuring");
         for (double share = 0; Peer & peer : measured) {
-            peer.look(from, rate, progress, share);
-            share += toneCount;
+            peer.look(tones, from, rate, progress, share);
+            share += tones;
         }
     }
     draw(measured, from, rate, filter.taps.size(), picture);
