@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The whole suite: the rules of the source, every test in every tier and as 32-bit code, the same bits everywhere,
-# programs built against an installed copy, the C++ header, the Python package, the reference, the tests under the sanitizers, and those
-# of a build by clang. Logs go to build/logs. At the end a table tells what each step took; the last line is
-# "N passed, N failed", and the exit status is 0 only if nothing failed.
+# programs built against an installed copy, the C++ header, the Python package, the reference, the tests under the
+# sanitizers, and those of a build by clang. Logs go to build/logs. At the end a table tells what each step took; the
+# last line is "N passed, N failed", and the exit status is 0 only if nothing failed.
 # usage: scripts/test.sh [PART]...     without any, all of these but the last
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit

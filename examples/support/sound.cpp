@@ -1,9 +1,11 @@
 #include "sound.h"
+#include "program.h"
 #include "trouble.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 #include <strings.h>
 #include <unistd.h>
 
@@ -122,6 +124,46 @@ void SoundWriter::close() {
     output_.close();
     if (error != SF_ERR_NO_ERROR)
         throw Trouble(text("cannot write ", printable(output_.target()), " (", printable(sf_error_number(error)), ")"));
+}
+
+void Channels::split(const std::vector<float>& interleaved, std::size_t frames) {
+    for (std::size_t channel = 0; channel < count_; ++channel)
+        for (std::size_t n = 0; n < frames; ++n) (*this)[channel][n] = interleaved[n * count_ + channel];
+}
+
+void Channels::join(std::size_t first, std::size_t frames, std::vector<float>& interleaved) {
+    for (std::size_t channel = 0; channel < count_; ++channel)
+        for (std::size_t n = 0; n < frames; ++n) interleaved[n * count_ + channel] = (*this)[channel][first + n];
+}
+
+Recording readRecording(const fs::path& path) {
+    SoundReader reader(path);
+    Recording recording{reader.rate(), reader.format(), {}};
+    const auto channels = static_cast<std::size_t>(reader.channels());
+    std::vector<float> block(channels * blockFrames);
+    while (const std::size_t frames = reader.read(block)) {
+        stopIfInterrupted();
+        for (std::size_t n = 0; n < frames; ++n) {
+            const auto first = block.begin() + static_cast<std::ptrdiff_t>(n * channels);
+            recording.samples.push_back(std::accumulate(first, first + reader.channels(), 0.0f) /
+                                        static_cast<float>(channels));
+        }
+        if (recording.samples.size() > std::size_t{1} << 30)
+            throw Trouble(text(printable(path), " is longer than 2^30 samples; give a part of it"));
+    }
+    if (reader.cutShort()) note(text(printable(path), " is shorter than its header says; what is there was taken"));
+    return recording;
+}
+
+std::string describe(double seconds, int rate, int channels) {
+    return text(std::round(seconds * 10) / 10, " s, ", rate, " Hz, ", channels,
+                channels == 1 ? " channel" : " channels");
+}
+
+void noteTroubles(const SoundWriter& output) {
+    if (output.asWavFloat()) note("the input's format cannot be written; the output is WAV with 32-bit floats");
+    if (output.clipped() > 0)
+        note(text(output.clipped(), " samples were too loud for the output's format and were limited"));
 }
 
 int formatFor(const fs::path& output, const fs::path& input, int format) {

@@ -2,8 +2,8 @@
 // P. D. Welch, "The use of fast Fourier transform for the estimation of power spectra", IEEE Trans. AU-15, 1967.
 #pragma once
 
-#include <memory>
-#include <orbs.h>
+#include "owned.h"
+
 #include <vector>
 
 class Spectrum {
@@ -20,17 +20,28 @@ public:
     double binWidth() const { return rate_ / length(); }
 
 private:
-    struct Free {
-        void operator()(OrbsFFTSpec_R_32f* spec) const { orbsFFTFree_R_32f(spec); }
-    };
     void addSegment(const std::vector<Orb32f>& segment);
 
     double rate_;
     int order_;
-    std::unique_ptr<OrbsFFTSpec_R_32f, Free> spec_;
+    Owned<orbsFFTFree_R_32f> spec_;
     std::vector<Orb8u> work_;
-    std::vector<Orb32f> window_, bins_;
+    std::vector<Orb32f> window_, power_;
+    std::vector<Orb32fc> bins_;
     std::vector<std::vector<Orb32f>> pending_; // of each channel, less than a segment
     std::vector<double> sum_;
     std::size_t segments_ = 0;
 };
+
+// As it is drawn: in decibels over logarithmic frequencies, the strongest bin of each column of pixels, so that tones
+// keep their level.
+struct Levels {
+    std::vector<double> frequency, decibels;
+};
+Levels levelsOf(Spectrum& spectrum, double fromFrequency);
+
+// The scale for such curves: whole tens, at most 120 dB, of which silence is at the foot.
+struct Range {
+    double from, to;
+};
+Range scaleFor(const std::vector<const Levels*>& curves);

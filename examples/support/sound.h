@@ -1,4 +1,4 @@
-// Sound files, a block of interleaved frames at a time.
+// Sound files: a block of frames at a time, or a whole recording as one channel.
 #pragma once
 
 #include "output_file.h"
@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <sndfile.h>
+#include <string>
 #include <vector>
 
 struct CloseSound {
@@ -41,6 +42,11 @@ public:
 
     void write(const std::vector<float>& block, std::size_t frames);
     void close();
+    // Everything at once, one channel.
+    void writeAll(const std::vector<float>& samples) {
+        write(samples, samples.size());
+        close();
+    }
     void commit() { output_.commit(); }
 
     const std::filesystem::path& place() const { return output_.place(); } // where it lies until it has its name
@@ -54,6 +60,40 @@ private:
     bool fellBack_ = false;
     std::size_t clipped_ = 0;
 };
+
+constexpr std::size_t blockFrames = 8192;
+
+// A block of frames by channels, one behind the other, blockFrames apart unless told.
+class Channels {
+public:
+    explicit Channels(int count, std::size_t room = blockFrames)
+        : count_(static_cast<std::size_t>(count)), room_(room), samples_(count_ * room) {}
+    float* operator[](std::size_t channel) { return &samples_[channel * room_]; }
+    std::size_t count() const { return count_; }
+
+    void split(const std::vector<float>& interleaved, std::size_t frames);
+    void join(std::size_t first, std::size_t frames, std::vector<float>& interleaved);
+
+private:
+    std::size_t count_, room_;
+    std::vector<float> samples_;
+};
+
+// A whole recording, the mean of its channels.
+struct Recording {
+    int rate = 0, format = 0;
+    std::vector<float> samples;
+};
+Recording readRecording(const std::filesystem::path& path);
+
+// 16-bit WAV, one channel: what the programs make for themselves.
+constexpr int madeFormat = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+
+// "9.5 s, 48000 Hz, 2 channels"
+std::string describe(double seconds, int rate, int channels);
+
+// What there is to say to the user of a file that was written.
+void noteTroubles(const SoundWriter& output);
 
 // The format for a file of this name: that of its ending, with the encoding of `format` where it has that; `format`
 // itself where there is no ending or it is the input's.

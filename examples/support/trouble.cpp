@@ -2,6 +2,13 @@
 
 #include <cwchar>
 #include <cwctype>
+#include <iomanip>
+
+std::string fixed(double value, int digits) {
+    std::ostringstream stream;
+    stream << std::fixed << std::setprecision(digits) << value;
+    return stream.str();
+}
 
 std::string printable(const std::filesystem::path& path) {
     const std::string& bytes = path.native();

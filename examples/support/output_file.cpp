@@ -33,7 +33,7 @@ OutputFile::OutputFile(const fs::path& target) {
         throw Trouble(text(printable(target), " is no ordinary file; give another name"));
     const fs::path folder = target_.has_parent_path() ? target_.parent_path() : ".";
     for (int attempt = 0; file_ < 0; ++attempt) {
-        temporary_ = folder / text(".bandpass-", getpid(), "-", attempt);
+        temporary_ = folder / text(".", program_invocation_short_name, "-", getpid(), "-", attempt);
         file_ = open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (file_ < 0 && errno != EEXIST)
             throw Trouble(text("cannot write into the folder ", printable(folder), " (", std::strerror(errno),
