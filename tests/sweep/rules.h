@@ -79,16 +79,17 @@ struct CaseRule {
     Pattern pattern;
     Cases small, large, faulty, digest;
 };
-struct Rules {
-    std::span<const ObjectRule> objects;
-    std::span<const VectorRule> vectors;
-    std::span<const NumberRule> numbers;
-    std::span<const PointeeRule> pointees;
-    std::span<const NullRule> nulls;
-    std::span<const Exception> nullNotTested, resultsDependOnPlace, refusalMayWrite, lackOfMemoryIsNull, tagNotTested;
-    std::span<const WarningRule> warnings;
-    std::span<const OrderRule> orders;
-    std::span<const CaseRule> cases;
+struct Rules { // what a book has none of is left out
+    std::span<const ObjectRule> objects = {};
+    std::span<const VectorRule> vectors = {};
+    std::span<const NumberRule> numbers = {};
+    std::span<const PointeeRule> pointees = {};
+    std::span<const NullRule> nulls = {};
+    std::span<const Exception> nullNotTested = {}, resultsDependOnPlace = {}, refusalMayWrite = {},
+                               lackOfMemoryIsNull = {}, tagNotTested = {};
+    std::span<const WarningRule> warnings = {};
+    std::span<const OrderRule> orders = {};
+    std::span<const CaseRule> cases = {};
 };
 // In this order: the first rule of the first book holds. Those of all members stand in the last one.
 std::span<const Rules* const> books();
