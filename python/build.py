@@ -9,6 +9,7 @@ import shutil
 import sys
 
 import cffi
+from cffi import recompiler
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent
@@ -61,12 +62,10 @@ def calls(library):
 
 def write_abi(library, path):
     ffi = cffi.FFI()
-    # Names of structs in cffi are what follows the brace.
     text = [t.declaration for header in library for t in header.types]
     text += [str(m).replace("const* ", "const *") for header in library for f in header.families for m in f.members]
     ffi.cdef("\n".join(text))
-    ffi.set_source("orbs._abi", None)
-    ffi.emit_python_code(str(path))
+    recompiler.make_py_source(ffi, "orbs._abi", str(path))
 
 
 def write(folder):
