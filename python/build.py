@@ -25,7 +25,7 @@ MADE = "# Made from the public headers by python/build.py.\n"
 
 
 def token(role):
-    """The types of an argument for the table: see _bind in orbs/_members.py."""
+    """The types of an argument for the table: orbs/_members.py reads them."""
     type_ = {"int": "32s"}.get(role.argument.type, role.argument.type.removeprefix("Orb"))
     if role.kind == "object":
         return "@" + role.argument.type
@@ -117,5 +117,6 @@ def write(folder):
 
 if __name__ == "__main__":
     if len(sys.argv) != 2:
-        sys.exit(__doc__.strip())
+        print(__doc__.strip(), file=sys.stderr)
+        sys.exit(2)
     print(f"{write(sys.argv[1])} members in {sys.argv[1]}/orbs")

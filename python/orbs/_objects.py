@@ -145,9 +145,6 @@ class _Method:
         setattr(owner, self.name, function)
         return function if instance is None else function.__get__(instance, owner)
 
-    def __call__(self, *arguments, **named):
-        raise AssertionError("a method is called through its class")
-
 
 def class_of(c_type):
     """The class of all objects of a type in C."""
