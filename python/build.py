@@ -9,6 +9,7 @@ import shutil
 import sys
 
 import cffi
+from cffi import recompiler
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent
@@ -24,7 +25,7 @@ MADE = "# Made from the public headers by python/build.py.\n"
 
 
 def token(role):
-    """The types of an argument for the table: see _bind in orbs/_members.py."""
+    """The types of an argument for the table: orbs/_members.py reads them."""
     type_ = {"int": "32s"}.get(role.argument.type, role.argument.type.removeprefix("Orb"))
     if role.kind == "object":
         return "@" + role.argument.type
@@ -61,12 +62,10 @@ def calls(library):
 
 def write_abi(library, path):
     ffi = cffi.FFI()
-    # Names of structs in cffi are what follows the brace.
     text = [t.declaration for header in library for t in header.types]
     text += [str(m).replace("const* ", "const *") for header in library for f in header.families for m in f.members]
     ffi.cdef("\n".join(text))
-    ffi.set_source("orbs._abi", None)
-    ffi.emit_python_code(str(path))
+    recompiler.make_py_source(ffi, "orbs._abi", str(path))
 
 
 def write(folder):
@@ -118,5 +117,6 @@ def write(folder):
 
 if __name__ == "__main__":
     if len(sys.argv) != 2:
-        sys.exit(__doc__.strip())
+        print(__doc__.strip(), file=sys.stderr)
+        sys.exit(2)
     print(f"{write(sys.argv[1])} members in {sys.argv[1]}/orbs")

@@ -1,10 +1,10 @@
 """The functions of the members, each made from its shape at its first use."""
 import functools
 
-from . import _library, _runtime, _shapes, _texts
+from . import _library, _shapes, _texts
 from ._abi import ffi
-from ._table import ALIASES, CLASSES, MEMBERS
 from ._runtime import DTYPES
+from ._table import ALIASES, MEMBERS
 
 
 def _bind(token):
@@ -43,6 +43,3 @@ def call(name):
     function.__module__ = "orbs"
     function.__doc__ = text_of(name)
     return function
-
-
-__all__ = ["CLASSES", "call", "text_of", "_runtime"]

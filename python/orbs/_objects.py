@@ -1,5 +1,7 @@
 """Filters, transforms and generators: objects of the library as Python's."""
 import functools
+import inspect
+import operator
 
 import numpy
 
@@ -114,18 +116,19 @@ def class_named(name):
     made_ = type(name, (class_named(base) if base else Object,), body)
     made_.__new__ = __new__
     made_.__module__ = "orbs"
-    made_.__doc__ = _Doc(maker)
+    made_.__doc__ = _OfMaker(maker, operator.attrgetter("__doc__"))
+    made_.__signature__ = _OfMaker(maker, inspect.signature)
     return made_
 
 
-class _Doc:
-    """The text of the family, when it is asked for."""
+class _OfMaker:
+    """What a class has from the member that makes its objects, when it is asked for."""
 
-    def __init__(self, maker):
-        self.maker = maker
+    def __init__(self, maker, tell):
+        self.maker, self.tell = maker, tell
 
     def __get__(self, instance, owner):
-        return call(self.maker).__doc__
+        return self.tell(call(self.maker))
 
 
 class _Method:
@@ -141,9 +144,6 @@ class _Method:
         function = call(self.member)
         setattr(owner, self.name, function)
         return function if instance is None else function.__get__(instance, owner)
-
-    def __call__(self, *arguments, **named):
-        raise AssertionError("a method is called through its class")
 
 
 def class_of(c_type):

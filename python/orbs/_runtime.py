@@ -70,6 +70,8 @@ def _described(value):
 def _vector(value, dtype, name):
     if not isinstance(value, ndarray) or value.dtype != dtype:
         raise TypeError(f"{name} is {_described(value)}; an array of {dtype_name(dtype)} is needed")
+    if isinstance(value, numpy.ma.MaskedArray):
+        raise TypeError(f"{name} is masked; the library knows no masks")
     if value.ndim != 1:
         raise ValueError(f"{name} has {value.ndim} axes; a vector has one")
     return value
@@ -154,7 +156,10 @@ def keep(value):
 
 def pair(value):
     """A complex number as its two parts."""
-    return (value.real, value.imag)
+    try:
+        return value.real, value.imag
+    except AttributeError:
+        raise TypeError(f"{_described(value)} is no number") from None
 
 
 def whole_pair(value):
@@ -162,7 +167,7 @@ def whole_pair(value):
     if isinstance(value, numpy.void):
         value = value.item()
     if not isinstance(value, tuple):
-        value = value.real, value.imag
+        value = pair(value)
     if any(part != int(part) for part in value):
         raise TypeError(f"{value} has no whole parts")
     return int(value[0]), int(value[1])

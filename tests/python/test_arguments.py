@@ -1,4 +1,6 @@
 """Whatever array comes: it is computed with as numpy would, or refused with a reason; nothing is misread or written astray."""
+import inspect
+
 import numpy as np
 import pytest
 from hypothesis import given, settings
@@ -85,7 +87,7 @@ def test_subclasses_and_absent_arrays():
     assert orbs.RealToCplx_32f([1, 2], None).tolist() == [1, 2]
     assert orbs.RealToCplx_32f(None, [1, 2]).tolist() == [1j, 2j]
     for bad in (lambda: orbs.RealToCplx_32f(None, None), lambda: orbs.Sqr_32f(None), lambda: orbs.Sqr_32f(3.0),
-                lambda: orbs.Sqr_32f(), lambda: orbs.Zero_32f(), lambda: orbs.Zero_32f(out=3),
+                lambda: orbs.MulC_32fc([1j], "2"), lambda: orbs.Sqr_32f(np.ma.ones(3, "f4")), lambda: orbs.Sqr_32f(), lambda: orbs.Zero_32f(), lambda: orbs.Zero_32f(out=3),
                 lambda: orbs.CartToPolar_32fc(np.ones(3, "c8"), out=np.ones(3, "f4"))):
         with pytest.raises(TypeError):
             bad()
@@ -95,5 +97,6 @@ def test_the_module_tells():
     assert {"Add_32f", "Fir32f", "FFT_SCALE_INV", "_10Log10_32s_Sfs"} <= set(dir(orbs)) & set(orbs.__all__)
     assert orbs.Add_32f.__doc__.startswith("OrbStatus orbsAdd_32f(const Orb32f* pSrc1")
     assert "newest sample first" in orbs.Fir32f.__doc__
+    assert str(inspect.signature(orbs.Fir32f)) == "(taps, dly_line=None)"
     with pytest.raises(AttributeError, match="no Add_33f"):
         orbs.Add_33f

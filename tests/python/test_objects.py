@@ -81,6 +81,7 @@ def test_objects_in_the_callers_memory(maker):
     made = case.call(**{name: room})
     expected = step(Case(maker).call())
     assert step(made) == expected
+    assert step(made.copy()) == step(made)
     made.free()
     assert isinstance(made, orbs._objects.Freed)
 

@@ -1,5 +1,6 @@
 """Results beside those of numpy and scipy: what the arguments mean, and that none of them changes places."""
 import fractions
+import re
 
 import numpy as np
 import pytest
@@ -8,6 +9,7 @@ import scipy.signal
 import scipy.stats
 
 import orbs
+from conftest import ROOT
 
 RANDOM = np.random.default_rng(7)
 
@@ -195,3 +197,11 @@ def test_statuses():
     assert orbs.Malloc_32fc(5).dtype == "c8"
     with pytest.raises(orbs.Error):
         orbs.Malloc_32f(-1)
+
+
+def test_the_page(capsys):
+    """What docs/python.md prints is what it says."""
+    page = (ROOT / "docs" / "python.md").read_text()
+    example = re.search(r"```python\n(.*?)```", page, re.S)[1]
+    exec(example, {})
+    assert capsys.readouterr().out.strip() == re.search(r"# (\[.*)", example)[1]
