@@ -61,7 +61,7 @@ char keyIn(const Orb32f* block, int length, double rate) {
         for (std::size_t n = 0; n < group.size(); ++n) {
             Orb32fc sum;
             check(orbsGoertz_32f(block, length, &sum, static_cast<Orb32f>(group[n] / rate)));
-            const double amplitude = 2 * std::hypot(sum.re, sum.im) / length;
+            const double amplitude = 2 * std::hypot(sum.re, sum.im) / static_cast<Orb32f>(length);
             best = std::max(best, {amplitude * amplitude / 2, n});
         }
         return best;

@@ -1,6 +1,8 @@
 #include "decoder.h"
 #include "support/trouble.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int behind = 64; // symbols that follow a burst, so that its last ones are settled
