@@ -1,6 +1,6 @@
 // Exp: exponentials of floats and of integers.
-#include "elementary/elementary.h"
 #include "elementary/exp.h"
+#include "elementary/elementary.h"
 #include "foundation/control.h"
 #include "orbs/elementary.h"
 

@@ -107,8 +107,8 @@ OrbStatus check(const T* pSrc, int srcLen, const T* pDst, const int* pDstLen, in
     if (anyNull(pSrc, pDst) || anyNull(pDstLen, pPhase)) return orbStsNullPtrErr;
     if (srcLen < 1) return orbStsSizeErr;
     if (factor < 1) return orbStsSampleFactorErr;
-    if (*pPhase < 0 || *pPhase >= factor) return orbStsSamplePhaseErr;
-    return orbStsNoErr;
+    const int phase = elementAt(pPhase);
+    return phase < 0 || phase >= factor ? orbStsSamplePhaseErr : orbStsNoErr;
 }
 
 template <class T>
@@ -118,16 +118,16 @@ OrbStatus up(const T* pSrc, int srcLen, T* pDst, int* pDstLen, int factor, const
     if (factor == 1) {
         std::memcpy(pDst, pSrc, count * sizeof(T));
     } else {
-        sampleUp(count, static_cast<std::size_t>(factor), static_cast<std::size_t>(*pPhase), pSrc, pDst);
+        sampleUp(count, static_cast<std::size_t>(factor), static_cast<std::size_t>(elementAt(pPhase)), pSrc, pDst);
     }
-    *pDstLen = static_cast<int>(static_cast<Orb32u>(srcLen) * static_cast<Orb32u>(factor));
+    setElement(pDstLen, static_cast<int>(static_cast<Orb32u>(srcLen) * static_cast<Orb32u>(factor)));
     return orbStsNoErr;
 }
 
 template <class T>
 OrbStatus down(const T* pSrc, int srcLen, T* pDst, int* pDstLen, int factor, int* pPhase) {
     if (const OrbStatus status = check(pSrc, srcLen, pDst, pDstLen, factor, pPhase)) return status;
-    const int first = *pPhase;
+    const int first = elementAt(pPhase);
     const int count = first < srcLen ? (srcLen - first - 1) / factor + 1 : 0;
     if (factor == 1) {
         std::memcpy(pDst, pSrc, static_cast<std::size_t>(srcLen) * sizeof(T));
@@ -135,8 +135,8 @@ OrbStatus down(const T* pSrc, int srcLen, T* pDst, int* pDstLen, int factor, int
         sampleDown(static_cast<std::size_t>(count), static_cast<std::size_t>(factor),
                    static_cast<std::size_t>(srcLen - first), pSrc + first, pDst);
     }
-    *pDstLen = count;
-    *pPhase = static_cast<int>(first + Orb64s{count} * factor - srcLen);
+    setElement(pDstLen, count);
+    setElement(pPhase, static_cast<int>(first + Orb64s{count} * factor - srcLen));
     return orbStsNoErr;
 }
 
