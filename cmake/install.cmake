@@ -53,11 +53,11 @@ install(CODE "execute_process(COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/pyt
     \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib/python3/dist-packages COMMAND_ERROR_IS_FATAL ANY)"
         COMPONENT python EXCLUDE_FROM_ALL)
 install(CODE "
-    set(reference ${PROJECT_SOURCE_DIR}/build/docs/html)
+    set(pages ${PROJECT_SOURCE_DIR}/build/docs/html)
     file(GLOB_RECURSE sources ${PROJECT_SOURCE_DIR}/docs/* ${PROJECT_SOURCE_DIR}/include/* ${PROJECT_SOURCE_DIR}/examples/reference/*)
     set(stale FALSE)
     foreach(source IN LISTS sources)
-        if(\${source} IS_NEWER_THAN \${reference}/index.html)
+        if(\${source} IS_NEWER_THAN \${pages}/index.html)
             set(stale TRUE)
         endif()
     endforeach()

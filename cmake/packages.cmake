@@ -44,15 +44,13 @@ function(orbs_package name component)
     endif()
 endfunction()
 
-set(orbs_made_for_packages
-    "The same bits come out on every processor, at every alignment and for\nevery number of threads.")
 if(ORBS_TIERS STREQUAL "v8;v3;v4" AND CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT ORBS_SANITIZE)
     configure_file(cmake/packages/changelog.in packages/changelog @ONLY)
     orbs_install(lib/${CMAKE_LIBRARY_ARCHITECTURE} package_runtime package_development EXCLUDE_FROM_ALL)
     orbs_package(liborbs5.2 package_runtime
         SECTION libs
         SUMMARY "signal-processing primitives, shared libraries"
-        TEXT "Vector arithmetic, statistics, transforms, filters and what stands around\nthem, with a C interface. ${orbs_made_for_packages}\n\nThe libraries come for SSSE3, AVX2 and AVX-512; the dynamic loader takes\nthe best that the processor can run."
+        TEXT "Vector arithmetic, statistics, transforms, filters and what stands around\nthem, with a C interface. The same bits come out on every processor, at\nevery alignment and for every number of threads.\n\nThe libraries come for SSSE3, AVX2 and AVX-512; the dynamic loader takes\nthe best that the processor can run."
         CONTROL ${PROJECT_SOURCE_DIR}/cmake/packages/triggers ${orbs_packages}/shlibs ${orbs_packages}/symbols)
     orbs_package(liborbs-dev package_development
         SECTION libdevel
@@ -66,7 +64,7 @@ if(ORBS_TIERS STREQUAL "v8;v3;v4" AND CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT ORBS_S
         DEPENDS "python3:any, python3-numpy, python3-cffi-backend, liborbs5.2 (>= ${PROJECT_VERSION})"
         SUGGESTS orbs-doc
         SUMMARY "signal-processing primitives on numpy arrays"
-        TEXT "The members of orbs as Python functions on numpy arrays, and its filters,\ntransforms and generators as classes. ${orbs_made_for_packages}"
+        TEXT "The members of orbs as Python functions on numpy arrays, and its filters,\ntransforms and generators as classes."
         CONTROL ${PROJECT_SOURCE_DIR}/cmake/packages/postinst ${PROJECT_SOURCE_DIR}/cmake/packages/prerm)
     orbs_package(orbs-doc reference
         SECTION doc

@@ -2,12 +2,16 @@
 set(staged ${CPACK_TEMPORARY_DIRECTORY})
 set(made ${CPACK_PACKAGE_DIRECTORY})
 set(library liborbs5.2)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # it would stand above each package's own
 # Debian's tools want a source package around them.
 file(WRITE ${made}/control/debian/control "Source: orbs\n\nPackage: ${library}\nArchitecture: any\n")
 
 function(run)
-    execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${made}/control OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY
+    execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${made}/control OUTPUT_VARIABLE output ERROR_VARIABLE error RESULT_VARIABLE status
                     OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT status EQUAL 0)
+        message(FATAL_ERROR "${ARGV0}: ${error}")
+    endif()
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
