@@ -1,34 +1,68 @@
 # What `cmake --install` lays down: headers, every tier of the library, orbs.pc and the CMake package. Everything finds
-# everything else by relative paths, so an installed tree may be moved.
+# everything else by relative paths, so an installed tree may be moved. Components: runtime, development; only if they are
+# named: python, reference.
 include(CMakePackageConfigHelpers)
 
 if(NOT orbs_first_tier STREQUAL v8)
-    install(CODE "message(FATAL_ERROR \"This build needs a processor of tier ${orbs_first_tier}. Install from the release preset.\")")
+    install(CODE "message(FATAL_ERROR \"This build needs a processor of tier ${orbs_first_tier}. Install from the release preset.\")"
+            ALL_COMPONENTS)
     return()
 endif()
 
-set(orbs_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orbs)
-
 set_target_properties(orbs orbcore PROPERTIES INSTALL_RPATH "\$ORIGIN")
-install(TARGETS orbs orbcore EXPORT orbs
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-# Not exported: a program links the library in lib/, and the loader takes one of these where the processor can run it.
 foreach(tier IN LISTS orbs_other_tiers)
     set_target_properties(orbs_${tier} PROPERTIES INSTALL_RPATH "\$ORIGIN/../..")
-    install(TARGETS orbs_${tier} LIBRARY NAMELINK_SKIP
-            DESTINATION ${CMAKE_INSTALL_LIBDIR}/glibc-hwcaps/x86-64-${tier})
 endforeach()
-
-install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
-install(FILES ${orbs_made_include}/orbs.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-
-file(RELATIVE_PATH orbs_pc_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-file(RELATIVE_PATH orbs_pc_libdir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
-file(RELATIVE_PATH orbs_pc_includedir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-configure_file(cmake/orbs.pc.in orbs.pc @ONLY)
-install(FILES ${CMAKE_BINARY_DIR}/orbs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-
 write_basic_package_version_file(orbsConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-install(FILES ${CMAKE_BINARY_DIR}/orbsConfigVersion.cmake DESTINATION ${orbs_cmake_dir})
-install(EXPORT orbs FILE orbsConfig.cmake NAMESPACE orbs:: DESTINATION ${orbs_cmake_dir})
+
+# The library in PREFIX/LIBDIR. Further arguments go with every rule of installation.
+function(orbs_install libdir runtime development)
+    # Several such installations are told apart by the names of their components.
+    set(made ${CMAKE_BINARY_DIR}/install/${development})
+    set(export orbs_${development})
+    set(for_runtime COMPONENT ${runtime} ${ARGN})
+    set(for_development COMPONENT ${development} ${ARGN})
+
+    install(TARGETS orbs orbcore EXPORT ${export}
+            LIBRARY DESTINATION ${libdir} COMPONENT ${runtime} NAMELINK_COMPONENT ${development} ${ARGN}
+            INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    # Not exported: a program links the library in lib/, and the loader takes one of these where the processor can run it.
+    foreach(tier IN LISTS orbs_other_tiers)
+        install(TARGETS orbs_${tier} LIBRARY NAMELINK_SKIP
+                DESTINATION ${libdir}/glibc-hwcaps/x86-64-${tier} ${for_runtime})
+    endforeach()
+
+    install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${for_development}
+            FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
+    install(FILES ${orbs_made_include}/orbs.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${for_development})
+
+    cmake_path(ABSOLUTE_PATH libdir BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX} OUTPUT_VARIABLE full_libdir)
+    file(RELATIVE_PATH orbs_pc_prefix ${full_libdir}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+    file(RELATIVE_PATH orbs_pc_libdir ${CMAKE_INSTALL_PREFIX} ${full_libdir})
+    file(RELATIVE_PATH orbs_pc_includedir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+    configure_file(cmake/orbs.pc.in ${made}/orbs.pc @ONLY)
+    install(FILES ${made}/orbs.pc DESTINATION ${libdir}/pkgconfig ${for_development})
+
+    install(FILES ${CMAKE_BINARY_DIR}/orbsConfigVersion.cmake DESTINATION ${libdir}/cmake/orbs ${for_development})
+    install(EXPORT ${export} FILE orbsConfig.cmake NAMESPACE orbs:: DESTINATION ${libdir}/cmake/orbs ${for_development})
+endfunction()
+orbs_install(${CMAKE_INSTALL_LIBDIR} runtime development)
+
+# These two are made when they are asked for; both need Debian's Python, of which CMake may have found another.
+install(CODE "execute_process(COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/python/build.py --installed
+    \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/lib/python3/dist-packages COMMAND_ERROR_IS_FATAL ANY)"
+        COMPONENT python EXCLUDE_FROM_ALL)
+install(CODE "
+    set(pages ${PROJECT_SOURCE_DIR}/build/docs/html)
+    file(GLOB_RECURSE sources ${PROJECT_SOURCE_DIR}/docs/* ${PROJECT_SOURCE_DIR}/include/* ${PROJECT_SOURCE_DIR}/examples/reference/*)
+    set(stale FALSE)
+    foreach(source IN LISTS sources)
+        if(\${source} IS_NEWER_THAN \${pages}/index.html)
+            set(stale TRUE)
+        endif()
+    endforeach()
+    if(stale)
+        execute_process(COMMAND ${PROJECT_SOURCE_DIR}/scripts/docs.sh ${CMAKE_BINARY_DIR} COMMAND_ERROR_IS_FATAL ANY)
+    endif()" COMPONENT reference EXCLUDE_FROM_ALL)
+install(DIRECTORY build/docs/html DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/orbs-doc
+        COMPONENT reference EXCLUDE_FROM_ALL PATTERN .buildinfo EXCLUDE)

@@ -4,7 +4,7 @@ add_library(orbcore SHARED orbcore/src/control.cpp orbcore/src/status.cpp orbcor
 target_include_directories(orbcore PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
 target_link_libraries(orbcore PRIVATE $<BUILD_INTERFACE:orbs_flags> OpenMP::OpenMP_CXX)
 target_compile_options(orbcore PRIVATE -fvisibility=hidden -fno-exceptions -fno-rtti)
-target_link_options(orbcore PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbcore.map)
+target_link_options(orbcore PRIVATE -Wl,-z,relro,-z,now -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbcore.map)
 set_target_properties(orbcore PROPERTIES VERSION 5.2 SOVERSION 5.2
     LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/orbcore.map)
 
@@ -37,7 +37,7 @@ function(orbs_add_tier target tier folder)
         -fvisibility=hidden -fno-exceptions -fno-rtti -fno-math-errno)
     target_precompile_headers(${target} PRIVATE <hwy/highway.h> <omp.h> <algorithm> <array> <atomic> <cmath> <cstring>)
     target_link_libraries(${target} PUBLIC orbcore PRIVATE $<BUILD_INTERFACE:orbs_flags> OpenMP::OpenMP_CXX)
-    target_link_options(${target} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbs.map)
+    target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/orbs.map)
     set_target_properties(${target} PROPERTIES
         OUTPUT_NAME orbsv8 VERSION 5.2 SOVERSION 5.2
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${folder}

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Makes the Python package from the public headers.
 
-usage: python3 python/build.py FOLDER      writes FOLDER/orbs, ready to be imported
+usage: python3 python/build.py [--installed] FOLDER
+Writes FOLDER/orbs, ready to be imported. An installed package knows nothing of the tree that it was made in.
 """
 import pathlib
 import re
@@ -68,7 +69,7 @@ def write_abi(library, path):
     recompiler.make_py_source(ffi, "orbs._abi", str(path))
 
 
-def write(folder):
+def write(folder, tree):
     library = headers.library()
     strays = [stray for header in library for stray in header.strays]
     if strays:
@@ -110,13 +111,15 @@ def write(folder):
             out.write(f"    {(family.heading, family.header.text, family.text)!r},\n")
         out.write("]\n")
     (package / "__init__.pyi").write_text(stubs.text(described, objects, constants(library)))
-    (package / "_tree.py").write_text(f'{MADE}"""The source tree that this package was made in."""\n'
-                                      f"\nTREE = {str(ROOT)!r}\n")
+    (package / "_tree.py").write_text(f'{MADE}"""The source tree that this package was made in, if it may look there."""\n'
+                                      f"\nTREE = {tree!r}\n")
     return len(table)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 2:
+    arguments = [word for word in sys.argv[1:] if word != "--installed"]
+    if len(arguments) != 1 or arguments[0].startswith("-"):
         print(__doc__.strip(), file=sys.stderr)
         sys.exit(2)
-    print(f"{write(sys.argv[1])} members in {sys.argv[1]}/orbs")
+    count = write(arguments[0], None if "--installed" in sys.argv else str(ROOT))
+    print(f"{count} members in {arguments[0]}/orbs")

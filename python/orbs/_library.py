@@ -52,8 +52,8 @@ def _places():
         path = pathlib.Path(named)
         return [_in_folder(path) if path.is_dir() else [path.parent / FILES[0], path]]
     package = pathlib.Path(__file__).resolve().parent
-    build = _of_build(TREE)
-    if package.is_relative_to(TREE):
+    build = _of_build(TREE) if TREE else []
+    if TREE and package.is_relative_to(TREE):
         return [*build, list(FILES)]
     return [*_of_install(package), list(FILES), *build]
 
