@@ -5,7 +5,8 @@
 set -euo pipefail
 packages=(g++ g++-multilib lib32gomp1 clang-16 libomp-16-dev cmake ninja-build pkg-config googletest libhwy-dev
           libsndfile1-dev libsamplerate0-dev libsoxr-dev gnuplot-nox python3 python3-cffi python3-hypothesis
-          python3-numpy python3-pip python3-pytest python3-scipy python3-setuptools python3-venv python3-wheel mypy)
+          python3-numpy python3-pip python3-pytest python3-scipy python3-setuptools python3-venv python3-wheel mypy
+          dpkg-dev file lintian)
 [ "${1-}" = bench ] && packages+=(libbenchmark-dev libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev libeigen3-dev
                                 python3-matplotlib)
 [ "${1-}" = docs ] && packages+=(python3-sphinx furo python3-myst-parser python3-matplotlib)

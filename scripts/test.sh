@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # The whole suite: the rules of the source, every test in every tier and as 32-bit code, the same bits everywhere,
-# programs built against an installed copy, the C++ header, the Python package, the reference, the tests under the
-# sanitizers, and those of a build by clang. Logs go to build/logs. At the end a table tells what each step took; the
+# programs built against an installed copy, the C++ header, the Python package, the reference, Debian packages, the tests
+# under the sanitizers, and those of a build by clang. Logs go to build/logs. At the end a table tells what each step took; the
 # last line is "N passed, N failed", and the exit status is 0 only if nothing failed.
 # usage: scripts/test.sh [PART]...     without any, all of these but the last
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
-known=(source release python docs i386 asan tsan clang dev)
+known=(source release python docs packages i386 asan tsan clang dev)
 for part in "$@"; do
     [[ " ${known[*]} " == *" $part "* ]] || { echo "test.sh: no part \"$part\"; there are: ${known[*]}" >&2; exit 2; }
 done
@@ -131,6 +131,10 @@ python_part() {
 docs_part() {
     check "build release libraries" build_libraries || return
     check "docs" scripts/docs.sh build/release && check "reference" tests/docs/check.py build/docs/html
+}
+packages_part() { # behind docs, whose pages are one of them
+    check "build release libraries" build_libraries || return
+    check "debian packages" tests/packaging/packages build/release
 }
 i386_part() {
     check "build i386" configure_and_build i386 || return
