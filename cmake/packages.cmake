@@ -1,5 +1,6 @@
 # `cpack` in a build of all tiers makes Debian packages: liborbs5.2, liborbs-dev, python3-orbs, orbs-doc, in
-# build/packages/. Each is a component of the installation; cmake/packages/ holds what only packages have.
+# build/packages/; scripts/packages.sh does what comes before it. Each package is a component of the installation;
+# cmake/packages/ holds what only packages have.
 set(ORBS_MAINTAINER "orbs maintainers <maintainers@orbs.example>" CACHE STRING "Name and address in Debian packages")
 set(orbs_packages ${CMAKE_BINARY_DIR}/packages)
 
@@ -35,7 +36,8 @@ function(orbs_package name component)
     set(CPACK_COMPONENTS_ALL ${CPACK_COMPONENTS_ALL} ${component} PARENT_SCOPE)
 
     set(folder ${CMAKE_INSTALL_DATADIR}/doc/${name})
-    install(FILES ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/packages/copyright ${orbs_packages}/changelog
+    install(FILES ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/packages/copyright
+                  ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/packages/changelog
             DESTINATION ${folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
     set(overrides ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/packages/${name}.overrides)
     if(EXISTS ${overrides})
@@ -45,33 +47,45 @@ function(orbs_package name component)
 endfunction()
 
 if(ORBS_TIERS STREQUAL "v8;v3;v4" AND CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT ORBS_SANITIZE)
-    configure_file(cmake/packages/changelog.in packages/changelog @ONLY)
+    file(STRINGS cmake/packages/changelog orbs_latest LIMIT_COUNT 1)
+    if(NOT orbs_latest MATCHES "^orbs \\(${PROJECT_VERSION}\\) ")
+        message(FATAL_ERROR "cmake/packages/changelog does not begin with version ${PROJECT_VERSION}")
+    endif()
     orbs_install(lib/${CMAKE_LIBRARY_ARCHITECTURE} package_runtime package_development EXCLUDE_FROM_ALL)
     orbs_package(liborbs5.2 package_runtime
         SECTION libs
         SUMMARY "signal-processing primitives, shared libraries"
-        TEXT "Vector arithmetic, statistics, transforms, filters and what stands around\nthem, with a C interface. The same bits come out on every processor, at\nevery alignment and for every number of threads.\n\nThe libraries come for SSSE3, AVX2 and AVX-512; the dynamic loader takes\nthe best that the processor can run."
+        TEXT "Vector arithmetic, statistics, transforms, filters and what stands around
+them, with a C interface. The same bits come out on every processor, at
+every alignment and for every number of threads.
+
+The libraries come for SSSE3, AVX2 and AVX-512; the dynamic loader takes
+the best that the processor can run."
         CONTROL ${PROJECT_SOURCE_DIR}/cmake/packages/triggers ${orbs_packages}/shlibs ${orbs_packages}/symbols)
     orbs_package(liborbs-dev package_development
         SECTION libdevel
         DEPENDS "liborbs5.2 (= ${PROJECT_VERSION})"
         SUGGESTS orbs-doc
         SUMMARY "signal-processing primitives, headers for C and C++"
-        TEXT "What building programs with orbs takes: headers for C99 and C++17, the\nlinks of the libraries, and files for pkg-config and CMake.")
+        TEXT "What building programs with orbs takes: headers for C99 and C++17, the
+links of the libraries, and files for pkg-config and CMake.")
     orbs_package(python3-orbs python
         SECTION python
         ARCHITECTURE all
-        DEPENDS "python3:any, python3-numpy, python3-cffi-backend, liborbs5.2 (>= ${PROJECT_VERSION})"
+        DEPENDS "python3:any (>= 3.9), python3-numpy, python3-cffi-backend, liborbs5.2 (>= ${PROJECT_VERSION})"
         SUGGESTS orbs-doc
         SUMMARY "signal-processing primitives on numpy arrays"
-        TEXT "The members of orbs as Python functions on numpy arrays, and its filters,\ntransforms and generators as classes."
+        TEXT "The members of orbs as Python functions on numpy arrays, and its filters,
+transforms and generators as classes."
         CONTROL ${PROJECT_SOURCE_DIR}/cmake/packages/postinst ${PROJECT_SOURCE_DIR}/cmake/packages/prerm)
     orbs_package(orbs-doc reference
         SECTION doc
         ARCHITECTURE all
         DEPENDS libjs-sphinxdoc
         SUMMARY "signal-processing primitives, reference"
-        TEXT "Every member of orbs with its statuses, examples and pictures, and guides:\nchoosing a function, scale factors, streams, spectra, threads. To be read\nin a browser; it can be searched.")
+        TEXT "Every member of orbs with its statuses, examples and pictures, and guides:
+choosing a function, scale factors, streams, spectra, threads. To be read
+in a browser; it can be searched.")
     install(FILES cmake/packages/orbs-doc.doc-base DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base RENAME orbs-doc.orbs
             COMPONENT reference EXCLUDE_FROM_ALL)
     # A folder of the distribution's library path needs no search path in its files.

@@ -7,13 +7,19 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # it would stand above each package's 
 file(WRITE ${made}/control/debian/control "Source: orbs\n\nPackage: ${library}\nArchitecture: any\n")
 
 function(run)
-    execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${made}/control OUTPUT_VARIABLE output ERROR_VARIABLE error RESULT_VARIABLE status
-                    OUTPUT_STRIP_TRAILING_WHITESPACE)
+    execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${made}/control OUTPUT_STRIP_TRAILING_WHITESPACE
+                    OUTPUT_VARIABLE output ERROR_VARIABLE error RESULT_VARIABLE status)
     if(NOT status EQUAL 0)
-        message(FATAL_ERROR "${ARGV0}: ${error}")
+        message(FATAL_ERROR "${ARGV0}: ${status}\n${error}")
     endif()
     set(output "${output}" PARENT_SCOPE)
 endfunction()
+
+# One build makes the same packages whenever it is asked to.
+if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
+    run(dpkg-parsechangelog -l${CMAKE_CURRENT_LIST_DIR}/changelog -STimestamp)
+    set(ENV{SOURCE_DATE_EPOCH} ${output})
+endif()
 
 file(GLOB changelogs ${staged}/*/usr/share/doc/*/changelog)
 run(gzip -9nf ${changelogs})

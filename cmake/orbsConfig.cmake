@@ -1,0 +1,10 @@
+# find_package(orbs) reads this. Components, which need not be named: orbs, and orbcore, on which it stands.
+include(${CMAKE_CURRENT_LIST_DIR}/orbsTargets.cmake)
+foreach(component IN LISTS ${CMAKE_FIND_PACKAGE_NAME}_FIND_COMPONENTS)
+    if(TARGET orbs::${component})
+        set(${CMAKE_FIND_PACKAGE_NAME}_${component}_FOUND TRUE)
+    elseif(${CMAKE_FIND_PACKAGE_NAME}_FIND_REQUIRED_${component})
+        set(${CMAKE_FIND_PACKAGE_NAME}_FOUND FALSE)
+        set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "orbs has no component \"${component}\"; it has orbs and orbcore")
+    endif()
+endforeach()
