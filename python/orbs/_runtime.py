@@ -203,6 +203,8 @@ def one(value, dtype, name):
             raise ValueError(f"{name} is {value}, beyond {least} to {most}")
     elif dtype.kind == "f":
         value = real(value, name)
+    elif dtype.kind == "c":
+        value = complex(*pair(value, name))
     else:
         return source([value], dtype, name)
     held = empty(1, dtype)
@@ -217,7 +219,9 @@ def bits_as_bytes(offset, count):
 
 
 def packed_bytes(lengths, offset):
-    return bits_as_bytes(offset % 8, int(numpy.clip(lengths, 0, 32).sum()))
+    # A loop is faster than numpy's calls for a few.
+    total = sum(min(max(n, 0), 32) for n in lengths.tolist()) if lengths.size < 16 else numpy.clip(lengths, 0, 32).sum()
+    return bits_as_bytes(offset % 8, int(total))
 
 
 def kept(length, phase, factor):
@@ -263,7 +267,11 @@ def memory(given, size, name):
 
 def work_buffer(given, state):
     """Memory that a transform works in; without it the call takes its own."""
-    return NULL if given is None else buffer_of(BYTES, memory(given, state.buf_size, "buffer"))
+    if given is None:
+        return NULL
+    if "_buf_size" not in vars(state):
+        state._buf_size = state.buf_size
+    return buffer_of(BYTES, memory(given, state._buf_size, "buffer"))
 
 
 def member_of(name, pattern, template):
