@@ -24,7 +24,7 @@ def split(short):
 def method_of(short):
     """How a class calls a member: () for the call of the object itself; None if it is no method."""
     _, verb, _, ending = split(short)
-    if re.match(r"GetSize|GetStateSize|Init", verb):
+    if re.match(r"GetSize|GetStateSize|Init|Free", verb):
         return None
     if verb.startswith(("Fwd", "Inv")):
         name = DIRECTIONS[verb]

@@ -188,7 +188,7 @@ REMEMBERED = [
 ]
 
 # Members that may leave elements of their results as they were: new ones are zeros.
-PARTIAL = [(r"Copy_1u|SortIndex.*|GetVarPointDV.*|IIRGen.*|FIRLMSOne_DirectQ15.*",)]
+PARTIAL = [(r"Copy_1u|PackBits.*|SortIndex.*|GetVarPointDV.*|IIRGen.*|FIRLMSOne_DirectQ15.*",)]
 
 # Members that return this status whatever they have done.
 ALWAYS = [(r"IIRSetTaps32sc?_16sc?|IIRSetTaps32sc_16sc32fc", -17)]

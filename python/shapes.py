@@ -19,7 +19,7 @@ def python_name(argument):
     if argument in ("len", "numIters", "lenDst", "chanLen"):
         return "n"
     name = re.sub(r"^pp?(?=[A-Z])", "", argument).replace("scaleFactor", "scale").replace("ScaleFactor", "Scale")
-    return re.sub(r"(?<=[a-z0-9])(?=[A-Z])", "_", name).lower().replace("lambda", "lambda_")
+    return re.sub(r"(?<=[a-z0-9])(?=[A-Z])|(?<=[A-Z])(?=[A-Z][a-z])", "_", name).lower().replace("lambda", "lambda_")
 
 
 @dataclasses.dataclass
@@ -120,7 +120,6 @@ class Writer:
         self.roles = roles(member)
         self.names = {r.argument.name: r.name for r in self.roles}
         self.lines = []
-        self.freeing = bool(re.search("Free", member.short))
 
     def of(self, *kinds):
         return [r for r in self.roles if r.kind in kinds]
@@ -139,6 +138,7 @@ class Writer:
     def shape(self):
         parameters, keywords = self.signature()
         self.check_objects()
+        self.take_numbers()
         self.take_arrays()
         self.take_lengths()
         self.check_sizes()
@@ -173,6 +173,14 @@ class Writer:
     def check_objects(self):
         for r in self.of("object"):
             self.line(f"if not isinstance(state, D{r.place}): raise wrong_object(state, D{r.place})")
+
+    def take_numbers(self):
+        for r in self.of("number", "length"):
+            if r.pair or r.kind == "length" and self.definers(r):
+                continue
+            type_, how = ("float", "real") if re.fullmatch(r"Orb\d+f", r.argument.type) else ("int", "integer")
+            absent = " and {r.name} is not None" if r.kind == "length" or r.default and not r.default.isdigit() else ""
+            self.line(f"if type({r.name}) is not {type_}{absent.format(r=r)}: {r.name} = {how}({r.name}, \"{r.name}\")")
 
     def is_plain(self, name, place, flags):
         return (f"type({name}) is ndarray and {name}.dtype is D{place} and {name}.ndim == 1"
@@ -298,7 +306,7 @@ class Writer:
             elif r.argument.stars:
                 words.append(pointer)
             else:
-                words.append(f"{r.pair}({name})" if r.pair else name)
+                words.append(f"{r.pair}({name}, \"{name}\")" if r.pair else name)
         return f"c({', '.join(words)})"
 
     def finish(self, call):
@@ -309,14 +317,13 @@ class Writer:
         if self.member.result != "OrbStatus":
             self.line(f"return told({call})")
             return ["told"]
-        if self.freeing:
-            call += " if state._memory is None else 0"
+        if "Free" in short:
+            self.line("state.free()")
+            return []
         self.line(f"status = {call}")
         always = rules.find(rules.ALWAYS, short)[0]
         self.line("if status: report(status, name)" if not always else
                   f"if status != {always[1]}: report(status, name)")
-        if self.freeing:
-            self.line("state._forget()")
         if re.search(r"Set(Taps|Mu)", short):
             kept = [r for r in self.roles if r.kind in ("source", "number")]
             self.line(f"state._arguments.update({', '.join(f'{r.name}=keep({r.name})' for r in kept)})")

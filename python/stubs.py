@@ -5,7 +5,7 @@ DTYPES = {"8u": "uint8", "8s": "int8", "16u": "uint16", "16s": "int16", "16f": "
           "32s": "int32", "64u": "uint64", "64s": "int64", "32f": "float32", "64f": "float64", "32fc": "complex64",
           "64fc": "complex128"}
 HEAD = '''# Made from the public headers by python/build.py.
-from typing import Any, NamedTuple, Sequence
+from typing import Any, NamedTuple, Sequence, SupportsIndex
 import numpy as np
 from numpy.typing import NDArray
 
@@ -32,8 +32,6 @@ class LibVersion(NamedTuple):
 class Object:
     def free(self) -> None: ...
     def copy(self: _S) -> _S: ...
-    def __copy__(self: _S) -> _S: ...
-    def __deepcopy__(self: _S, memo: Any) -> _S: ...
 def library_path() -> str: ...
 '''
 
@@ -58,10 +56,10 @@ def given(role, owner):
     if kind in ("memory", "work"):
         return "NDArray[np.uint8] | None"
     if re.fullmatch(r"Orb\d+fc", c):
-        return "complex"
+        return "complex | np.number[Any]"
     if re.fullmatch(r"Orb\d+sc", c):
-        return "complex | tuple[int, int] | np.void"
-    return "float" if re.fullmatch(r"Orb(32|64)f", c) else "int"
+        return "complex | np.number[Any] | tuple[int, int] | np.void"
+    return "float | np.floating[Any] | np.integer[Any]" if re.fullmatch(r"Orb(32|64)f", c) else "SupportsIndex"
 
 
 def returned(role, owner):
@@ -98,7 +96,7 @@ def signature(member, writer, shape, owner, bound=False):
                 type_ = types[0] if len(types) == 1 else f"tuple[{', '.join(types)}]"
             words.append(f"out: {type_} | None = ...")
         else:
-            words.append(f"{name}: {'int | None' if role.kind == 'length' else given(role, owner)} = ...")
+            words.append(f"{name}: {'SupportsIndex | None' if role.kind == 'length' else given(role, owner)} = ...")
     results = [returned(role, owner) for role in shape.returns]
     result = "None" if not results else results[0] if len(results) == 1 else f"tuple[{', '.join(results)}]"
     return f"({', '.join(words)}) -> {result}: ..."

@@ -1,4 +1,5 @@
 """Filters, transforms and generators: objects of the library as Python's."""
+import copy
 import functools
 import inspect
 import operator
@@ -8,7 +9,7 @@ import numpy
 from . import _library
 from ._abi import ffi
 from ._members import call
-from ._runtime import aligned
+from ._runtime import aligned, dtype_name
 from ._table import CLASSES, FREE, PROPERTIES
 
 MAKERS = {maker: name for name, (_, _, maker, _) in CLASSES.items()}
@@ -21,29 +22,33 @@ class Object:
     _memory = None      # the array that it lies in, if that is not the library's
 
     def copy(self):
-        build, arguments = self.__reduce__()
-        return build(*arguments)
-
-    __copy__ = copy
-
-    def __deepcopy__(self, memo):
-        return self.copy()
+        return copy.copy(self)
 
     def __reduce__(self):
+        own = {name: value for name, value in vars(self).items() if not name.startswith("_")}
         if self._block is None or self._block:
             start = int(ffi.cast("uintptr_t", self._pointer))
             size = self._block or self._memory.ctypes.data + self._memory.size - start
             block = bytes(ffi.buffer(ffi.cast("char *", self._pointer), size))
-            return _moved, (type(self).__name__, block, start % 64, self._block)
-        return _made_again, (self._maker, self._now(), self._past())
+            return _moved, (type(self), block, start % 64, self._block, self._arguments), own
+        return _made_again, (type(self), self._maker, self._now(), self._past()), own
 
     def free(self):
-        """Gives the object back before its time."""
-        self._forget()
+        """Gives the object back before its time. Its memory goes when the last call that runs on it ends."""
+        vars(self).clear()
+
+    def __getattr__(self, name):
+        if "_pointer" in vars(self) or name.endswith("_"):
+            return object.__getattribute__(self, name)
+        raise ValueError(f"this {type(self).__name__} was freed, or never made")
+
+    def __repr__(self):
+        words = [f"{name}={_short(value)}" for name, value in vars(self).get("_arguments", {}).items()]
+        return f"<orbs.{type(self).__name__} {', '.join(words) if '_pointer' in vars(self) else 'freed'}>"
 
     def _now(self):
         """The arguments that make this object as it is."""
-        if type(self).__name__.startswith("FirLms"):     # their taps move
+        if self._maker.startswith("FIRLMS"):     # their taps move
             return {**self._arguments, "taps": self.get_taps()}
         return self._arguments
 
@@ -51,32 +56,33 @@ class Object:
         line = self.get_dly_line() if hasattr(self, "get_dly_line") else ()
         return line if isinstance(line, tuple) else (line,)
 
-    def _forget(self):
-        if self._memory is None:
-            ffi.gc(self._pointer, None)
-        self.__dict__.clear()
-        self.__class__ = Freed
+
+def _short(value):
+    return f"{dtype_name(value.dtype)}[{value.size}]" if isinstance(value, numpy.ndarray) else repr(value)
 
 
-class Freed:
-    """What is left of an object that was given back."""
-
-
-def _made_again(maker, arguments, line):
-    made_ = call(maker)(**arguments)
+def _made_again(class_, maker, arguments, line):
+    again = class_.__new__(class_)
+    vars(again).update(vars(call(maker)(**arguments)))
     if line:
-        made_.set_dly_line(*line)
-    return made_
+        again.set_dly_line(*line)
+    return again
 
 
-def _moved(name, block, offset, size):
-    moved = object.__new__(class_named(name))
+def _moved(class_, block, offset, size, arguments):
+    moved = class_.__new__(class_)
     moved._memory = aligned(len(block), offset)
     moved._memory[:] = numpy.frombuffer(block, "u1")
-    moved._pointer = ffi.cast(f"{CLASSES[name][0]} *", moved._memory.ctypes.data)
+    c_type = next(CLASSES[base.__name__][0] for base in class_.__mro__ if base.__name__ in CLASSES)
+    moved._pointer = _lying_in(moved._memory, ffi.cast(f"{c_type} *", moved._memory.ctypes.data))
     moved._block = size
-    moved._arguments = {}
+    moved._arguments = arguments
     return moved
+
+
+def _lying_in(memory, pointer):
+    """The pointer, which now keeps the memory: a call that has the one has the other, whatever happens to the object."""
+    return ffi.gc(pointer, lambda _: memory)
 
 
 def made(maker, pointer, memory, arguments):
@@ -84,7 +90,10 @@ def made(maker, pointer, memory, arguments):
     name = MAKERS.get(maker) or MAKERS[maker.replace("Init", "InitAlloc")]
     state = object.__new__(class_named(name))
     state._memory = memory
-    state._pointer = pointer if memory is not None else ffi.gc(pointer, _library.function("orbs" + FREE[CLASSES[name][0]]))
+    if memory is None:
+        state._pointer = ffi.gc(pointer, _library.function("orbs" + FREE[CLASSES[name][0]]))
+    else:
+        state._pointer = _lying_in(memory, pointer)
     state._maker = maker
     state._arguments = arguments
     return state
@@ -108,13 +117,13 @@ def _property(name, reader, writer):
 def class_named(name):
     c_type, base, maker, methods = CLASSES[name]
 
-    def __new__(cls, *arguments, **named):
-        return call(maker)(*arguments, **named)
+    def __init__(self, *arguments, **named):
+        vars(self).update(vars(call(maker)(*arguments, **named)))
 
     body = {method: _Method(member) for method, member in methods.items()}
     body.update({word: _property(word, *pair) for word, pair in PROPERTIES[name].items()})
     made_ = type(name, (class_named(base) if base else Object,), body)
-    made_.__new__ = __new__
+    made_.__init__ = __init__
     made_.__module__ = "orbs"
     made_.__doc__ = _OfMaker(maker, operator.attrgetter("__doc__"))
     made_.__signature__ = _OfMaker(maker, inspect.signature)

@@ -10,9 +10,9 @@ from numpy import empty, ndarray, zeros
 from . import _library
 from ._abi import ffi
 
-__all__ = ["NULL", "allocated", "bits_as_bytes", "buffer_of", "cast", "destination", "empty", "keep", "kept", "last",
-           "member_of", "memory", "ndarray", "new", "object_made", "one", "packed_bytes", "pair", "pointers",
-           "rate_line", "report", "room_for", "several", "size_of", "source", "told", "trellis_states", "unknown",
+__all__ = ["NULL", "allocated", "bits_as_bytes", "buffer_of", "cast", "destination", "empty", "integer", "keep", "kept",
+           "last", "member_of", "memory", "ndarray", "new", "object_made", "one", "packed_bytes", "pair", "pointers",
+           "rate_line", "real", "report", "room_for", "several", "size_of", "source", "told", "trellis_states", "unknown",
            "whole_pair", "work_buffer", "written", "wrong_object", "wrong_size", "zeros"]
 
 NULL, cast, new, buffer_of = ffi.NULL, ffi.cast, ffi.new, ffi.from_buffer
@@ -28,6 +28,7 @@ DTYPES = {"8u": "u1", "8s": "i1", "16u": "u2", "16s": "i2", "16f": "f2", "32u": 
 DTYPES = {name: numpy.dtype(code) for name, code in DTYPES.items()}
 DTYPES.update({f"{bits}sc": _parts(f"i{bits // 8}") for bits in (8, 16, 32, 64)})
 DTYPES.update({f"24{sign}": numpy.dtype([(f"{sign}24", "u1", (3,))]) for sign in "us"})
+LIMITS = {t: (int(numpy.iinfo(t).min), int(numpy.iinfo(t).max)) for t in DTYPES.values() if t.kind in "iu"}
 NAMES = {"24u": "orbs.uint24", "24s": "orbs.int24", **{f"{b}sc": f"orbs.int{b}c" for b in (8, 16, 32, 64)}}
 
 
@@ -37,9 +38,6 @@ class Error(RuntimeError):
     def __init__(self, text, status=0):
         super().__init__(text)
         self.status = status
-
-    def __reduce__(self):
-        return type(self), (str(self), self.status)
 
 
 class StatusWarning(RuntimeWarning):
@@ -81,25 +79,28 @@ def source(value, dtype, name):
     """A vector to read, in one block: strided ones are copied, lists become arrays if they fit the type."""
     if isinstance(value, (list, tuple)):
         value = _from_list(value, dtype, name)
-    return numpy.require(_vector(value, dtype, name).view(ndarray), requirements="CA")
+    # An equal dtype of the caller's own may want another alignment.
+    return numpy.require(_vector(value, dtype, name).view(dtype, ndarray), requirements="CA")
 
 
 def _from_list(values, dtype, name):
+    if len(dtype) == 2:
+        parts = [part for value in values for part in whole_pair(value, name)]
+        return _from_list(parts, dtype["re"], name).view(dtype)
+    if dtype.fields:
+        raise TypeError(f"{name} is a list; an array of {dtype_name(dtype)} is needed")
     try:
-        if dtype.fields:
-            return numpy.array([whole_pair(v) for v in values], dtype)
         array = numpy.array(values)
-        if array.size == 0:
-            return array.astype(dtype)
-        if not numpy.can_cast(array.dtype, dtype, "same_kind") and array.dtype.kind != "i":
+        if array.size and not numpy.can_cast(array.dtype, dtype, "same_kind") and array.dtype.kind != "i":
             raise TypeError(f"{name} is a list of {array.dtype}; {dtype_name(dtype)} does not hold that")
-        if dtype.kind in "iu":
-            limits = numpy.iinfo(dtype)
-            if array.min() < limits.min or array.max() > limits.max:
-                raise ValueError(f"{name} has values beyond {limits.min} to {limits.max}")
-        return array.astype(dtype)
-    except OverflowError as fault:
-        raise ValueError(f"{name}: {fault}") from None
+        if array.size and dtype.kind in "iu":
+            least, most = LIMITS[dtype]
+            if array.min() < least or array.max() > most:
+                raise ValueError(f"{name} has values beyond {least} to {most}")
+        with numpy.errstate(over="raise"):
+            return array.astype(dtype)
+    except (OverflowError, FloatingPointError):
+        raise ValueError(f"{name} has values beyond those of {dtype_name(dtype)}") from None
 
 
 def written(value, dtype, name):
@@ -109,7 +110,7 @@ def written(value, dtype, name):
         raise ValueError(f"{name} is read-only")
     if not value.flags.c_contiguous:
         raise ValueError(f"{name} is strided; results go to contiguous arrays")
-    if not value.flags.aligned:
+    if not value.view(dtype).flags.aligned:
         raise ValueError(f"{name} is not aligned to its elements")
     return value
 
@@ -154,35 +155,59 @@ def keep(value):
 
 # ---- Numbers ----
 
-def pair(value):
-    """A complex number as its two parts."""
+REAL = (int, float, numpy.integer, numpy.floating)
+
+
+def _scalar(value, name, types, wanted):
+    if isinstance(value, ndarray) and value.ndim == 0:
+        value = value[()]
+    if not isinstance(value, types):
+        raise TypeError(f"{name} is {_described(value)}; {wanted} is needed")
+    return value
+
+
+def integer(value, name):
+    """C's conversion cuts the fraction off numpy's floats, and numpy's integers overflow where sizes are worked out."""
     try:
-        return value.real, value.imag
-    except AttributeError:
-        raise TypeError(f"{_described(value)} is no number") from None
+        return operator.index(value)
+    except TypeError:
+        raise TypeError(f"{name} is {_described(value)}; an integer is needed") from None
 
 
-def whole_pair(value):
+def real(value, name):
+    return float(_scalar(value, name, REAL, "a real number"))
+
+
+def pair(value, name):
+    """A complex number as its two parts."""
+    value = _scalar(value, name, (int, float, complex, numpy.number), "a number")
+    return value.real, value.imag
+
+
+def whole_pair(value, name):
     """A complex number of integers as its two parts: orbs.int16c and the like, a tuple, or a number of whole parts."""
-    if isinstance(value, numpy.void):
-        value = value.item()
-    if not isinstance(value, tuple):
-        value = pair(value)
-    if any(part != int(part) for part in value):
-        raise TypeError(f"{value} has no whole parts")
-    return int(value[0]), int(value[1])
+    parts = value.item() if isinstance(value, numpy.void) else value
+    if not isinstance(parts, tuple):
+        parts = pair(parts, name)
+    if len(parts) != 2 or any(not isinstance(part, REAL) or part % 1 for part in parts):
+        raise TypeError(f"{name} is {value}; two whole parts are needed")
+    return int(parts[0]), int(parts[1])
 
 
 def one(value, dtype, name):
     """An array of one element, for what C reads through a pointer."""
-    held = empty(1, dtype)
     if dtype.kind in "iu":
-        value = operator.index(value)
-        limits = numpy.iinfo(dtype)
-        if not limits.min <= value <= limits.max:
-            raise ValueError(f"{name} is {value}, beyond {limits.min} to {limits.max}")
-    elif dtype.fields:
-        value = whole_pair(value)
+        value = integer(value, name)
+        least, most = LIMITS[dtype]
+        if not least <= value <= most:
+            raise ValueError(f"{name} is {value}, beyond {least} to {most}")
+    elif dtype.kind == "f":
+        value = real(value, name)
+    elif dtype.kind == "c":
+        value = complex(*pair(value, name))
+    else:
+        return source([value], dtype, name)
+    held = empty(1, dtype)
     held[0] = value
     return held
 
@@ -194,7 +219,9 @@ def bits_as_bytes(offset, count):
 
 
 def packed_bytes(lengths, offset):
-    return bits_as_bytes(offset % 8, int(numpy.clip(lengths, 0, 32).sum()))
+    # A loop is faster than numpy's calls for a few.
+    total = sum(min(max(n, 0), 32) for n in lengths.tolist()) if lengths.size < 16 else numpy.clip(lengths, 0, 32).sum()
+    return bits_as_bytes(offset % 8, int(total))
 
 
 def kept(length, phase, factor):
@@ -240,7 +267,11 @@ def memory(given, size, name):
 
 def work_buffer(given, state):
     """Memory that a transform works in; without it the call takes its own."""
-    return NULL if given is None else buffer_of(BYTES, memory(given, state.buf_size, "buffer"))
+    if given is None:
+        return NULL
+    if "_buf_size" not in vars(state):
+        state._buf_size = state.buf_size
+    return buffer_of(BYTES, memory(given, state._buf_size, "buffer"))
 
 
 def member_of(name, pattern, template):
@@ -255,10 +286,7 @@ def object_made(name, pointer, block, arguments):
 
 
 def wrong_object(value, wanted):
-    kind = f"a {type(value).__name__}"
-    if type(value).__name__ == "Freed":
-        return ValueError(f"this object was freed; a {wanted.__name__} is needed")
-    return TypeError(f"the object is {kind}; a {wanted.__name__} is needed")
+    return TypeError(f"the object is a {type(value).__name__}; a {wanted.__name__} is needed")
 
 
 def allocated(pointer, count, name):

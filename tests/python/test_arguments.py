@@ -70,6 +70,30 @@ def test_lists_fit_or_are_refused(values, name):
     assert copied.dtype == dtype and [dtype.type(v) for v in values] == copied.tolist()
 
 
+def test_lists_that_do_not_fit():
+    for values in ([(40000, 1)], [(1, 2, 3)], [(1,)], [1.5], [float("nan")], [("a", "b")]):
+        with pytest.raises((TypeError, ValueError), match="src "):
+            orbs.Copy_16sc(values)
+    for bad in (lambda: orbs.Convert_24s32f([1, 2]), lambda: orbs.Copy_32f([1e300])):
+        with pytest.raises((TypeError, ValueError), match="src "):
+            bad()
+
+
+def test_scalars():
+    """What C's conversion would cut off, and sizes that would overflow in numpy's small integers."""
+    ones = np.ones(100, "i2")
+    for bad in (np.float32(1.7), np.array([1.7]), 1.0, "1", None):
+        with pytest.raises(TypeError, match="scale is .*; an integer is needed"):
+            orbs.Add_16s_Sfs(ones, ones, scale=bad)
+    for bad in (np.complex64(1 + 2j), np.ones(1), "1", None):
+        with pytest.raises(TypeError, match="val is .*; a real number is needed"):
+            orbs.MulC_32f([1], bad)
+    assert orbs.Add_16s_Sfs(ones, ones, scale=np.array(1)).tolist() == ones.tolist()
+    assert orbs.MulC_32f([1], np.array(2)) == orbs.MulC_32f([1], np.int8(2)) == [2]
+    up, _ = orbs.SampleUp_32f(np.ones(100, "f4"), np.uint8(3))
+    assert up.size == 300
+
+
 def test_misaligned_arrays():
     block = np.zeros(41, "u1")
     odd = block[1:].view("f4")
@@ -77,6 +101,10 @@ def test_misaligned_arrays():
     np.testing.assert_array_equal(orbs.Sqr_32f(odd), np.full(10, 9))
     with pytest.raises(ValueError, match="not aligned"):
         orbs.Sqr_32f_I(odd)
+    packed = block[1:].view([("re", "i2"), ("im", "i2")])      # equal to orbs.int16c, but for the alignment
+    assert packed.flags.aligned
+    with pytest.raises(ValueError, match="not aligned"):
+        orbs.Zero_16sc(out=packed)
 
 
 def test_subclasses_and_absent_arrays():
