@@ -234,6 +234,7 @@ void run(int argc, char** argv) {
     SoundReader input(names.source(results, 48000, [] { return makeSpeech(); }));
     const int rate = input.rate(), channels = input.channels();
     double highest = rumble;
+    if (!chosen) std::erase_if(bands, [&](const Band& band) { return band.frequency >= rate / 2.0; });
     for (const Band& band : bands) highest = std::max(highest, band.frequency);
     if (highest >= rate / 2.0)
         throw Trouble(text("there is nothing to change at ", highest, " Hz: ", printable(names.input), " (", rate,
