@@ -1,7 +1,6 @@
 // Cleans a recording: keeps one band of frequencies with the library's FIR filter, block by block as a stream would
 // come, and draws the spectra before and after with its FFT. bandpass --help tells how it is called.
 #include "support/command_line.h"
-#include "support/owned.h"
 #include "support/picture.h"
 #include "support/program.h"
 #include "support/spectrum.h"
@@ -11,13 +10,13 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <orbs.hpp>
 
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr int maxTaps = 65535;
-using Filter = Owned<orbsFIRFree_32f>;
 
 // Kaiser's formulas (1974) for a stop band 80 dB down: the shape of the window, and its length for a transition.
 constexpr double attenuation = 80;
@@ -41,15 +40,14 @@ std::vector<Orb32f> designBand(double low, double high, double rate, int count) 
     const int half = count / 2;
     std::vector<Orb64f> taps;
     for (int n = -half; n <= half; ++n) taps.push_back(lowPass(high / rate, n) - lowPass(low / rate, n));
-    const int length = static_cast<int>(taps.size());
-    if (half > 0) check(orbsWinKaiser_64f_I(taps.data(), length, static_cast<Orb32f>(beta / half)));
+    if (half > 0) orbs::WinKaiser(taps, static_cast<Orb32f>(beta / half));
 
     double gain = 0;
     for (int n = -half; n <= half; ++n)
         gain += taps[static_cast<std::size_t>(n + half)] * std::cos(std::numbers::pi * (low + high) / rate * n);
-    check(orbsMulC_64f_I(1 / gain, taps.data(), length));
+    orbs::MulC(1 / gain, taps);
     std::vector<Orb32f> rounded(taps.size());
-    check(orbsConvert_64f32f(taps.data(), rounded.data(), length));
+    orbs::Convert(taps, rounded);
     return rounded;
 }
 
@@ -60,7 +58,7 @@ struct Cleaned {
 
 // Reads, filters, writes, and gathers the spectra. The filter's delay is taken out: as many samples as it delays are
 // dropped at the beginning, and as many of silence follow the input.
-Cleaned clean(SoundReader& input, std::vector<Filter>& filters, std::size_t delay, SoundWriter& output,
+Cleaned clean(SoundReader& input, std::vector<orbs::FIR_32f>& filters, std::size_t delay, SoundWriter& output,
               Spectrum& before, Spectrum& after) {
     Cleaned result;
     Progress progress("cleaning");
@@ -72,26 +70,26 @@ Cleaned clean(SoundReader& input, std::vector<Filter>& filters, std::size_t dela
         if (frames > 0) {
             heard.split(block, frames);
             for (std::size_t channel = 0; channel < heard.count(); ++channel)
-                before.add(channel, heard[channel], frames);
+                before.add(channel, heard[channel].first(frames));
             done += frames;
         } else {
             ended = true;
             frames = std::min(toFlush, blockFrames);
             if (frames == 0) break;
             toFlush -= frames;
-            for (std::size_t channel = 0; channel < heard.count(); ++channel) std::fill_n(heard[channel], frames, 0.0f);
+            for (std::size_t channel = 0; channel < heard.count(); ++channel) std::ranges::fill(heard[channel], 0.0f);
         }
 
         const Stopwatch watch;
         for (std::size_t channel = 0; channel < heard.count(); ++channel)
-            check(orbsFIR_32f(heard[channel], cleaned[channel], static_cast<int>(frames), filters[channel]));
+            filters[channel].Run(heard[channel].first(frames), cleaned[channel].first(frames));
         result.filtering += watch.seconds();
 
         const std::size_t dropped = std::min(toDrop, frames);
         toDrop -= dropped;
         frames -= dropped;
         for (std::size_t channel = 0; channel < heard.count(); ++channel)
-            after.add(channel, cleaned[channel] + dropped, frames);
+            after.add(channel, cleaned[channel].subspan(dropped, frames));
         cleaned.join(dropped, frames, block);
         output.write(block, frames);
         progress.at(static_cast<double>(done), static_cast<double>(input.frames()));
@@ -159,9 +157,8 @@ written it is WAV with 32-bit floats.
                            " Hz; give --low and --high below that"));
 
     const std::vector<Orb32f> response = designBand(low, high, rate, taps > 0 ? taps : defaultTaps(low, high, rate));
-    std::vector<Filter> filters(static_cast<std::size_t>(channels));
-    for (Filter& filter : filters)
-        check(orbsFIRInitAlloc_32f(filter.out(), response.data(), static_cast<int>(response.size()), nullptr));
+    std::vector<orbs::FIR_32f> filters;
+    for (int channel = 0; channel < channels; ++channel) filters.emplace_back(response);
     Spectrum before(rate, channels), after(rate, channels);
 
     names.makeFolder(results);

@@ -2,7 +2,6 @@
 // by the room, and mixed with the voice that is wanted. Correlation finds how late, an adaptive filter learns the room.
 // echo --help tells how it is called.
 #include "support/command_line.h"
-#include "support/owned.h"
 #include "support/picture.h"
 #include "support/program.h"
 #include "support/speech.h"
@@ -10,15 +9,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <orbs.hpp>
+#include <span>
 
 namespace fs = std::filesystem;
 using Samples = std::vector<Orb32f>;
 
 namespace {
-
-int lengthOf(const Samples& samples) {
-    return static_cast<int>(samples.size());
-}
 
 // ---- A room of its own ----
 
@@ -29,43 +26,43 @@ constexpr double madeSeconds = 14, nearBegins = 9;
 Samples makeMicrophone(const Samples& loudspeaker) {
     Samples room(static_cast<std::size_t>(0.135 * madeRate));
     Orb32u seed = 3;
-    check(orbsRandGauss_Direct_32f(room.data(), lengthOf(room), 0, 0.12f, &seed));
+    orbs::RandGauss_Direct(room, 0, 0.12f, seed);
     const std::size_t way = madeRate * 45 / 1000;
     room[way] = 0.5f;
     for (std::size_t n = 0; n < room.size(); ++n)
         room[n] *= n < way ? 0.0f : static_cast<float>(std::exp(-static_cast<double>(n - way) / (0.018 * madeRate)));
     Samples microphone(loudspeaker.size() + room.size() - 1);
-    check(orbsConv_32f(loudspeaker.data(), lengthOf(loudspeaker), room.data(), lengthOf(room), microphone.data()));
+    orbs::Conv(loudspeaker, room, microphone);
     microphone.resize(loudspeaker.size());
 
     Samples voice = makeSpeech(
         {.rate = madeRate, .seconds = madeSeconds, .begin = nearBegins, .pitch = 170, .clean = true, .seed = 2});
     Samples hiss(voice.size());
-    check(orbsRandGauss_Direct_32f(hiss.data(), lengthOf(hiss), 0, 0.0005f, &seed));
-    check(orbsMulC_32f_I(0.4f, voice.data(), lengthOf(voice)));
-    check(orbsAdd_32f_I(voice.data(), microphone.data(), lengthOf(voice)));
-    check(orbsAdd_32f_I(hiss.data(), microphone.data(), lengthOf(hiss)));
+    orbs::RandGauss_Direct(hiss, 0, 0.0005f, seed);
+    orbs::MulC(0.4f, voice);
+    orbs::Add(voice, microphone);
+    orbs::Add(hiss, microphone);
     return microphone;
 }
 
 // ---- How late the echo comes ----
 
-// The lag of the greatest correlation. Differences of neighbours are compared: speech has most of its power low down,
-// where it is like itself at many lags.
-int findDelay(const Samples& loudspeaker, const Samples& microphone, int longest) {
-    const auto sharpened = [](const Samples& samples) {
-        Samples differences(samples.size());
-        check(orbsSub_32f(samples.data(), samples.data() + 1, differences.data(), lengthOf(samples) - 1));
-        return differences;
-    };
-    const Samples played = sharpened(loudspeaker), heard = sharpened(microphone);
+// Speech has most of its power low down, where it is like itself at many lags, and where a filter would learn first and
+// almost only. This levels it.
+constexpr Orb32f emphasis = 0.5f;
+Samples emphasized(Samples samples) {
+    orbs::Preemphasize(samples.data(), static_cast<int>(samples.size()), emphasis);
+    return samples;
+}
+
+// The lag of the greatest correlation.
+int findDelay(const Samples& played, const Samples& heard, int longest) {
     Samples likeness(static_cast<std::size_t>(longest) + 1);
-    check(orbsCrossCorr_32f(played.data(), lengthOf(played), heard.data(), lengthOf(heard), likeness.data(),
-                            lengthOf(likeness), 0));
-    check(orbsAbs_32f_I(likeness.data(), lengthOf(likeness)));
+    orbs::CrossCorr(played, heard, likeness, 0);
+    orbs::Abs(likeness);
     Orb32f most = 0;
     Orb32s lag = 0;
-    check(orbsMaxIndx_32f(likeness.data(), lengthOf(likeness), &most, &lag));
+    orbs::MaxIndx(likeness, most, lag);
     return lag;
 }
 
@@ -76,9 +73,9 @@ struct Learned {
     double seconds = 0; // that it took
 };
 
-double powerOf(const Orb32f* samples, int length) {
+double powerOf(std::span<const Orb32f> samples) {
     Orb32f norm = 0;
-    check(orbsNorm_L2_32f(samples, length, &norm));
+    orbs::Norm_L2(samples, norm);
     return static_cast<double>(norm) * norm;
 }
 
@@ -86,33 +83,35 @@ double powerOf(const Orb32f* samples, int length) {
 // in the microphone the filter would learn from that: the less of a block the filter explains, the smaller the step.
 // Unless what is left is like what the filter made: then the room is not what it was, and the filter has to learn.
 // S. Haykin, Adaptive Filter Theory, chapter 6.
-Learned cancel(const Samples& played, const Samples& microphone, int tapCount, double step) {
-    constexpr int blockLength = 64;
-    const auto taps = static_cast<std::size_t>(tapCount);
+Learned cancel(const Samples& microphone, const Samples& played, const Samples& heard, std::size_t taps, double step) {
+    constexpr std::size_t blockLength = 64;
     Learned learned{Samples(microphone.size()), Samples(taps)};
     Samples line(taps); // silence, behind it the samples played
     line.insert(line.end(), played.begin(), played.end());
 
-    Owned<orbsFIRLMSFree_32f> filter;
-    check(orbsFIRLMSInitAlloc_32f(filter.out(), nullptr, tapCount, nullptr, 0));
-    const double floor = 1e-6 * tapCount;
+    orbs::FIRLMS_32f filter(Samples(taps), nullptr, 0);
+    const Orb64f back[] = {1, 0, 1, -emphasis};
+    orbs::IIR64f_32f deemphasis(back, 1);
+    const double floor = 1e-6 * static_cast<double>(taps);
     double trust = 1, likeness = 0, strength = floor;
     bool learnt = false;
-    Samples estimate(blockLength);
+    Samples rest(blockLength);
     Progress progress("removing the echo");
     const Stopwatch watch;
     for (std::size_t n = 0; n < microphone.size(); n += blockLength) {
-        const int length = static_cast<int>(std::min<std::size_t>(blockLength, microphone.size() - n));
-        const double power = powerOf(&line[n], tapCount + length) + floor;
+        const std::size_t length = std::min(blockLength, microphone.size() - n);
+        const auto block = [=](auto& samples) { return std::span(samples).subspan(n, length); };
+        const double power = powerOf(std::span(line).subspan(n, taps + length)) + floor;
         const auto mu = static_cast<Orb32f>(step * trust / (2 * power));
-        Orb32f* const echo = &learned.cleaned[n];
-        check(orbsFIRLMS_32f(&played[n], &microphone[n], echo, length, mu, filter));
-        const double explained = powerOf(echo, length);
-        std::copy_n(echo, length, estimate.data());
-        check(orbsSub_32f(echo, &microphone[n], echo, length)); // the microphone less the echo
-        const double left = powerOf(echo, length);
+        const std::span<Orb32f> echo = block(learned.cleaned);
+        filter.Run(block(played), block(heard), echo, mu);
+        rest.resize(length);
+        orbs::Sub(echo, block(heard), rest);
+        const double explained = powerOf(echo), left = powerOf(rest);
         Orb32f common = 0;
-        check(orbsDotProd_32f(estimate.data(), echo, length, &common));
+        orbs::DotProd(echo, rest, common);
+        deemphasis.Run(echo);
+        orbs::Sub(echo, block(microphone), echo); // the microphone less the echo
         likeness += 0.05 * (-common - likeness);
         strength += 0.05 * (explained - strength);
         learnt = learnt || explained > 30 * left + floor;
@@ -121,7 +120,7 @@ Learned cancel(const Samples& played, const Samples& microphone, int tapCount, d
                              std::clamp(1.5 * likeness / (strength + 1e-12) - 0.3, 0.0, 1.0));
         progress.at(static_cast<double>(n), static_cast<double>(microphone.size()));
     }
-    check(orbsFIRLMSGetTaps_32f(filter, learned.taps.data()));
+    filter.GetTaps(learned.taps.data());
     learned.seconds = watch.seconds();
     return learned;
 }
@@ -135,7 +134,7 @@ std::vector<double> levels(const Samples& samples, int rate) {
     const auto length = static_cast<std::size_t>(part * rate);
     for (std::size_t n = 0; n + length <= samples.size(); n += length)
         all.push_back(
-            10 * std::log10(2 * powerOf(&samples[n], static_cast<int>(length)) / static_cast<double>(length) + 1e-9));
+            10 * std::log10(2 * powerOf(std::span(samples).subspan(n, length)) / static_cast<double>(length) + 1e-9));
     return all;
 }
 
@@ -255,12 +254,14 @@ void run(int argc, char** argv) {
     if (played.samples.size() < 2) throw Trouble(text(printable(operands[0]), " is too short"));
 
     Found found{heard.rate, 0, 0, 0, static_cast<double>(heard.samples.size()) / heard.rate};
-    found.delay = findDelay(played.samples, heard.samples, static_cast<int>(longest / 1e3 * heard.rate));
+    const Samples there = emphasized(heard.samples);
+    Samples here = emphasized(played.samples);
+    found.delay = findDelay(here, there, static_cast<int>(longest / 1e3 * heard.rate));
     found.begin = std::max(0, found.delay - heard.rate / 50);
-    played.samples.insert(played.samples.begin(), static_cast<std::size_t>(found.begin), 0.0f);
-    played.samples.resize(heard.samples.size());
-    const Learned learned =
-        cancel(played.samples, heard.samples, std::max(1, static_cast<int>(tail / 1e3 * heard.rate)), step);
+    here.insert(here.begin(), static_cast<std::size_t>(found.begin), 0.0f);
+    here.resize(there.size());
+    const Learned learned = cancel(heard.samples, here, there,
+                                   std::max<std::size_t>(1, static_cast<std::size_t>(tail / 1e3 * heard.rate)), step);
     found.adaptSeconds = learned.seconds;
 
     names.makeFolder(results);

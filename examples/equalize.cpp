@@ -2,7 +2,6 @@
 // Draws the response of all together and the spectra before and after. equalize --help tells how it is called.
 // Sections: R. Bristow-Johnson, Cookbook formulae for audio equalizer biquad filter coefficients (W3C Note, 2021).
 #include "support/command_line.h"
-#include "support/owned.h"
 #include "support/picture.h"
 #include "support/program.h"
 #include "support/spectrum.h"
@@ -13,6 +12,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <orbs.hpp>
 #include <string>
 
 namespace fs = std::filesystem;
@@ -49,7 +49,7 @@ Design design(const std::vector<Band>& bands, double rumble, double rate) {
     Design made;
     if (rumble > 0) {
         made.highPass.resize(2 * (highPassOrder + 1));
-        check(orbsIIRGenHighpass_64f(rumble / rate, 0, highPassOrder, made.highPass.data(), orbButterworth));
+        orbs::IIRGenHighpass(rumble / rate, 0, highPassOrder, made.highPass.data(), orbButterworth);
     }
     for (const Band& band : bands) {
         const std::array<Orb64f, 6> taps = section(band, rate);
@@ -62,33 +62,30 @@ Design design(const std::vector<Band>& bands, double rumble, double rate) {
 class Equalizer {
 public:
     explicit Equalizer(const Design& design) {
-        if (!design.highPass.empty())
-            check(orbsIIRInitAlloc64f_32f(highPass_.out(), design.highPass.data(), highPassOrder, nullptr));
+        if (!design.highPass.empty()) highPass_.InitAlloc(design.highPass.data(), highPassOrder);
         if (!design.cascade.empty())
-            check(orbsIIRInitAlloc64f_BiQuad_32f(cascade_.out(), design.cascade.data(),
-                                                 static_cast<int>(design.cascade.size() / 6), nullptr));
+            cascade_.InitAlloc(design.cascade.data(), static_cast<int>(design.cascade.size() / 6));
     }
-    void run(Orb32f* samples, int length) {
-        if (highPass_) check(orbsIIR64f_32f_I(samples, length, highPass_));
-        if (cascade_) check(orbsIIR64f_32f_I(samples, length, cascade_));
+    void run(std::span<Orb32f> samples) {
+        if (highPass_) highPass_.Run(samples);
+        if (cascade_) cascade_.Run(samples);
     }
 
 private:
-    Owned<orbsIIRFree64f_32f> highPass_, cascade_;
+    orbs::IIR64f_32f highPass_;
+    orbs::IIR64f_BiQuad_32f cascade_;
 };
 
 // The response as it is, in decibels: the spectrum of what comes out behind one sample of 1.
 Levels measuredResponse(const Design& design, double rate, double from) {
     constexpr int order = 16, length = 1 << order;
-    std::vector<Orb32f> impulse(length + 2);
+    std::vector<Orb32fc> bins(length / 2 + 1);
+    const std::span impulse(&bins[0].re, length); // in the place of its spectrum
     impulse[0] = 1;
-    Equalizer(design).run(impulse.data(), length);
-
-    Owned<orbsFFTFree_R_32f> transform;
-    check(orbsFFTInitAlloc_R_32f(transform.out(), order, ORB_FFT_SCALE_NONE, orbAlgHintNone));
-    check(orbsFFTFwd_RToCCS_32f_I(impulse.data(), transform, nullptr));
-    std::vector<Orb32f> power(length / 2 + 1);
-    check(orbsPowerSpectr_32fc(reinterpret_cast<const Orb32fc*>(impulse.data()), power.data(), length / 2 + 1));
+    Equalizer(design).run(impulse);
+    orbs::FFT_R_32f(order, ORB_FFT_SCALE_NONE, orbAlgHintNone).Fwd_RToCCS(impulse.data());
+    std::vector<Orb32f> power(bins.size());
+    orbs::PowerSpectr(bins, power);
 
     Levels response;
     for (std::size_t k = 1; k < power.size(); ++k) {
@@ -119,14 +116,14 @@ Equalized equalize(SoundReader& input, const Design& design, double volume, Soun
     std::size_t done = 0;
     while (const std::size_t frames = input.read(block)) {
         sound.split(block, frames);
-        const int length = static_cast<int>(frames);
         for (std::size_t channel = 0; channel < sound.count(); ++channel) {
-            before.add(channel, sound[channel], frames);
+            const std::span samples = sound[channel].first(frames);
+            before.add(channel, samples);
             const Stopwatch watch;
-            equalizers[channel].run(sound[channel], length);
-            check(orbsMulC_32f_I(static_cast<Orb32f>(volume), sound[channel], length));
+            equalizers[channel].run(samples);
+            orbs::MulC(static_cast<Orb32f>(volume), samples);
             result.filtering += watch.seconds();
-            after.add(channel, sound[channel], frames);
+            after.add(channel, samples);
         }
         sound.join(0, frames, block);
         output.write(block, frames);
@@ -237,6 +234,7 @@ void run(int argc, char** argv) {
     SoundReader input(names.source(results, 48000, [] { return makeSpeech(); }));
     const int rate = input.rate(), channels = input.channels();
     double highest = rumble;
+    if (!chosen) std::erase_if(bands, [&](const Band& band) { return band.frequency >= rate / 2.0; });
     for (const Band& band : bands) highest = std::max(highest, band.frequency);
     if (highest >= rate / 2.0)
         throw Trouble(text("there is nothing to change at ", highest, " Hz: ", printable(names.input), " (", rate,

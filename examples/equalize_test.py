@@ -78,6 +78,10 @@ class Equalize(ProgramTest):
         self.assertEqual(result.returncode, 0)
         self.assertRegex(result.stderr, r"\Aequalize: note: \d+ samples were too loud")
 
+    def test_by_itself_it_takes_telephone_speech(self):
+        write_floats(self.folder / "in.wav", 8000, [tone(1000, 8000, 4000)])
+        self.assertNotIn("high shelf", self.report(self.succeed("in.wav"), "Bands")[0])
+
     def test_refuses_what_makes_no_sense(self):
         write_floats(self.folder / "in.wav", 8000, [tone(1000, 8000, 4000)])
         self.refuse_all((

@@ -8,13 +8,14 @@ from support.program_test import ProgramTest, main, read_picture, tone, write_fl
 ROWS, COLUMNS, KEYS = (697, 770, 852, 941), (1209, 1336, 1477, 1633), "123A456B789C*0#D"
 
 
-def call(number, rate, on=0.08, off=0.08, noise=0.0, twist=1.0):
+def call(number, rate, on=0.08, off=0.08, noise=0.0, twist=1.0, tuning=1.0):
     """A dialled number: pairs of tones of `on` seconds, the columns' ones `twist` times as strong, over noise."""
     random_numbers = random.Random(1)
     samples = [0.0] * int(0.1 * rate)
     for key in number:
         row, column = divmod(KEYS.index(key), 4)
-        low, high = tone(ROWS[row], rate, int(on * rate), 0.2), tone(COLUMNS[column], rate, int(on * rate), 0.2 * twist)
+        low, high = (tone(frequency * tuning, rate, int(on * rate), level)
+                     for frequency, level in ((ROWS[row], 0.2), (COLUMNS[column], 0.2 * twist)))
         samples += [a + b for a, b in zip(low, high)] + [0.0] * int(off * rate)
     return [sample + random_numbers.gauss(0, noise) for sample in samples]
 
@@ -24,7 +25,8 @@ class Listen(ProgramTest):
         return self.report(self.succeed(path), "Number")[0]
 
     def test_reads_every_key_at_every_rate_and_in_noise(self):
-        for rate, more in ((8000, {}), (44100, {"noise": 0.05}), (11025, {"twist": 0.5}), (16000, {"twist": 2, "on": 0.06})):
+        for rate, more in ((8000, {}), (44100, {"noise": 0.05}), (11025, {"twist": 0.4, "on": 0.05, "off": 0.05}), (8000, {"twist": 2.5, "on": 0.05}),
+                           (16000, {"tuning": 1.015}), (8000, {"tuning": 0.985, "on": 0.05})):
             write_floats(self.folder / "in.wav", rate, [call(KEYS, rate, **more)])
             self.assertEqual(self.heard("in.wav"), KEYS, f"{rate} Hz, {more}")
 
@@ -33,6 +35,7 @@ class Listen(ProgramTest):
         noise = random.Random(2)
         for samples in (call("5", rate, on=0.02),                           # too short
                         call("5", rate, twist=0.2),                         # one tone far weaker
+                        call("5", rate, tuning=1.035),                      # too far out of tune
                         tone(697, rate, rate, 0.3),                         # one tone only
                         [noise.gauss(0, 0.2) for _ in range(rate)],
                         [0.0] * rate):
@@ -59,6 +62,10 @@ class Listen(ProgramTest):
         self.assertTrue(dark)
         self.assertAlmostEqual(sum(dark) / len(dark), bottom - (bottom - top) * frequency / (rate / 2), delta=5)
         self.assertLess(len(dark), 40)
+
+    def test_samples_beyond_all_measure_are_drawn(self):
+        write_floats(self.folder / "in.wav", 8000, [tone(1000, 8000, 4000, 1e30)])
+        self.assertEqual(self.heard("in.wav"), "none was dialled")
 
     def test_dials_by_itself(self):
         result = self.succeed("--number", "*0A9#")

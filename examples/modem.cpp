@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <future>
+#include <orbs.hpp>
 #include <thread>
 
 namespace fs = std::filesystem;
@@ -40,7 +42,7 @@ Measured measure(const Code& code, double decibels, int bursts) {
         rates.push_back(static_cast<double>(wrong) / burstLength);
     }
     Orb64f mean = 0, deviation = 0;
-    check(orbsMeanStdDev_64f(rates.data(), bursts, &mean, &deviation));
+    orbs::MeanStdDev(rates, mean, deviation);
     const double half = 1.96 * deviation / std::sqrt(bursts);
     return {decibels, mean, std::max(mean - half, mean / 10), mean + half};
 }
@@ -57,28 +59,22 @@ void measureAll(std::vector<Curve>& curves, const std::vector<double>& decibels,
     for (Curve& curve : curves) curve.measured.resize(decibels.size());
     const std::size_t jobs = curves.size() * decibels.size();
     std::atomic<std::size_t> next{0}, done{0};
-    std::atomic<bool> failed{false};
     const auto work = [&] {
-        try {
-            for (std::size_t job; !failed && (job = next++) < jobs; ++done) {
-                Curve& curve = curves[job % curves.size()];
-                const std::size_t at = job / curves.size();
-                curve.measured[at] = measure(curve.code, decibels[at], bursts);
-            }
-        } catch (...) { failed = true; }
-    };
-    std::vector<std::jthread> threads;
-    for (unsigned n = 0; n < std::max(1u, std::thread::hardware_concurrency()); ++n) threads.emplace_back(work);
-    for (Progress progress("decoding"); done < jobs && !failed;) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        try {
-            progress.at(static_cast<double>(done), static_cast<double>(jobs));
-        } catch (...) {
-            failed = true;
-            throw;
+        for (std::size_t job; (job = next++) < jobs; ++done) {
+            Curve& curve = curves[job % curves.size()];
+            const std::size_t at = job / curves.size();
+            curve.measured[at] = measure(curve.code, decibels[at], bursts);
         }
+    };
+    std::vector<std::future<void>> workers;
+    for (unsigned n = 0; n < std::max(1u, std::thread::hardware_concurrency()); ++n)
+        workers.push_back(std::async(std::launch::async, work));
+    Progress progress("decoding");
+    for (std::future<void>& worker : workers) {
+        while (worker.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready)
+            progress.at(static_cast<double>(done), static_cast<double>(jobs));
+        worker.get(); // throws what the worker threw
     }
-    if (failed) throw Trouble("a call of the decoder was refused");
 }
 
 void draw(const std::vector<Curve>& curves, int bursts, OutputFile& file) {

@@ -1,12 +1,12 @@
 // Changes the sampling rate of a recording with one multi-rate FIR filter, and measures with tones what it adds to them
 // beside what soxr and libsamplerate add. resample --help tells how it is called.
 #include "support/command_line.h"
-#include "support/owned.h"
 #include "support/picture.h"
 #include "support/program.h"
 #include "support/speech.h"
 #include "support/trouble.h"
 
+#include <orbs.hpp>
 #include <samplerate.h>
 #include <soxr.h>
 
@@ -51,28 +51,26 @@ Design design(int from, int to) {
     const double beta = 0.1102 * (attenuation - 8.7);
     made.taps.resize(static_cast<std::size_t>(length));
     const int noWindow = -1; // merely cut off: the Kaiser window follows
-    check(orbsFIRGenLowpass_64f((1 + passBand) / 2 * nyquist / raised, made.taps.data(), length, noWindow, 0));
-    check(orbsWinKaiser_64f_I(made.taps.data(), length, static_cast<Orb32f>(2 * beta / (length - 1))));
+    orbs::FIRGenLowpass((1 + passBand) / 2 * nyquist / raised, made.taps, noWindow, 0);
+    orbs::WinKaiser(made.taps, static_cast<Orb32f>(2 * beta / (length - 1)));
     Orb64f sum = 0;
-    check(orbsSum_64f(made.taps.data(), length, &sum));
-    check(orbsMulC_64f_I(made.up / sum, made.taps.data(), length));
+    orbs::Sum(made.taps, sum);
+    orbs::MulC(made.up / sum, made.taps);
     return made;
 }
 
 // One channel's stream.
 class Converter {
 public:
-    explicit Converter(const Design& design) : up_(design.up), down_(design.down) {
-        check(orbsFIRMRInitAlloc64f_32f(state_.out(), design.taps.data(), static_cast<int>(design.taps.size()), up_, 0,
-                                        down_, 0, nullptr));
-    }
+    explicit Converter(const Design& design)
+        : up_(design.up), down_(design.down), filter_(design.taps, up_, 0, down_, 0) {}
     std::size_t inputBlock() const { return static_cast<std::size_t>(down_) * iterations; }
     std::size_t outputBlock() const { return static_cast<std::size_t>(up_) * iterations; }
-    void run(const Orb32f* input, Orb32f* output) { check(orbsFIR64f_32f(input, output, iterations, state_)); }
+    void run(const Orb32f* input, Orb32f* output) { filter_.Run(input, output, iterations); }
 
 private:
     int up_, down_;
-    Owned<orbsFIRFree64f_32f> state_;
+    orbs::FIRMR64f_32f filter_;
 };
 
 // Outputs that come before the first sample stands in the middle of the filter.
@@ -94,7 +92,7 @@ constexpr double amplitude = 0.9;
 
 std::vector<Orb64f> tone(double relative, double phase, int length) {
     std::vector<Orb64f> samples(static_cast<std::size_t>(length));
-    check(orbsTone_Direct_64f(samples.data(), length, 1, relative, &phase, orbAlgHintFast));
+    orbs::Tone_Direct(samples, 1, relative, phase, orbAlgHintFast);
     return samples;
 }
 
@@ -103,24 +101,24 @@ Tone measure(const Conversion& convert, int periods, int from, int to) {
     std::vector<Orb64f> input =
         tone(relative * to / from, 0, static_cast<int>(1.0 * (section + 2 * margin) * from / to));
     std::vector<Orb32f> rounded(input.size());
-    check(orbsMulC_64f_I(amplitude, input.data(), static_cast<int>(input.size())));
-    check(orbsConvert_64f32f(input.data(), rounded.data(), static_cast<int>(input.size())));
+    orbs::MulC(amplitude, input);
+    orbs::Convert(input, rounded);
     const std::vector<Orb32f> output = convert(rounded);
 
     std::vector<Orb64f> rest(section), part(section);
-    check(orbsConvert_32f64f(&output[margin], rest.data(), section));
+    orbs::Convert(std::span(output).subspan(margin, section), rest);
     double power = 0;
     for (const double phase : {0.0, 1.5 * pi}) { // cosine and sine
         const std::vector<Orb64f> wave = tone(relative, phase, section);
         Orb64f product = 0;
-        check(orbsDotProd_64f(rest.data(), wave.data(), section, &product));
+        orbs::DotProd(rest, wave, product);
         product *= 2.0 / section;
-        check(orbsMulC_64f(wave.data(), product, part.data(), section));
-        check(orbsSub_64f_I(part.data(), rest.data(), section));
+        orbs::MulC(wave, product, part);
+        orbs::Sub(part, rest);
         power += product * product;
     }
     Orb64f noise = 0;
-    check(orbsNorm_L2_64f(rest.data(), section, &noise));
+    orbs::Norm_L2(rest, noise);
     return {relative * to, 10 * std::log10(power / (amplitude * amplitude)),
             20 * std::log10(noise / std::sqrt(section / 2.0) / amplitude)};
 }
@@ -212,7 +210,7 @@ Converted convert(SoundReader& input, const Design& design, SoundWriter& output)
 
         const Stopwatch watch;
         for (std::size_t channel = 0; channel < heard.count(); ++channel)
-            converters[channel].run(heard[channel], made[channel]);
+            converters[channel].run(heard[channel].data(), made[channel].data());
         result.converting += watch.seconds();
 
         const std::size_t dropped = std::min(toDrop, outputBlock);

@@ -3,8 +3,6 @@
 // codes found by L.-F. Wei.
 #pragma once
 
-#include <orbs.h>
-
 #include <array>
 #include <span>
 #include <utility>

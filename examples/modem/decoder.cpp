@@ -1,7 +1,7 @@
 #include "decoder.h"
-#include "support/trouble.h"
 
 #include <algorithm>
+#include <orbs.hpp>
 
 namespace {
 
@@ -27,7 +27,7 @@ std::vector<Symbol> encode(const Code& code, Orb32u seed) {
             labelled[static_cast<std::size_t>(labelOf(x, y) % code.labels())].push_back({x, y});
 
     std::vector<Orb32f> random(4 * sentLength); // four choices a symbol
-    check(orbsRandUniform_Direct_32f(random.data(), 4 * sentLength, 0, 1, &seed));
+    orbs::RandUniform_Direct(random, 0, 1, seed);
     auto choice = random.begin();
     const auto choose = [&](std::size_t count) {
         return std::min(static_cast<std::size_t>(*choice++ * static_cast<float>(count)), count - 1);
@@ -54,12 +54,11 @@ std::vector<Orb16sc> receive(const std::vector<Symbol>& sent, double deviation, 
     for (const Symbol& symbol : sent)
         for (const Point& point : symbol)
             for (const int index : {point.x, point.y}) coordinates.push_back(static_cast<Orb32f>(256 * index + 128));
-    const int count = static_cast<int>(coordinates.size());
     std::vector<Orb32f> noise(coordinates.size());
-    check(orbsRandGauss_Direct_32f(noise.data(), count, 0, static_cast<Orb32f>(256 * deviation), &seed));
-    check(orbsAdd_32f_I(noise.data(), coordinates.data(), count));
+    orbs::RandGauss_Direct(noise, 0, static_cast<Orb32f>(256 * deviation), seed);
+    orbs::Add(noise, coordinates);
     std::vector<Orb16sc> points(2 * sent.size());
-    check(orbsConvert_32f16s_Sfs(coordinates.data(), &points[0].re, count, orbRndNear, 0));
+    orbs::Convert(coordinates, std::span(&points[0].re, coordinates.size()), orbRndNear, 0);
     return points;
 }
 
@@ -83,10 +82,9 @@ public:
         std::array<Orb32u, 16> variance;
         auto& corners = corners_.emplace_back();
         for (std::size_t side = 0; side < 2; ++side)
-            check(orbsGetVarPointDV_16sc(&received[side], &corners[side], &variance[8 * side], labels_.data(),
-                                         code_.states));
+            orbs::GetVarPointDV(&received[side], &corners[side], &variance[8 * side], labels_.data(), code_.states);
         std::array<Orb16u, 64> subsets;
-        check(orbsBuildSymblTableDV4D_16sc(variance.data(), subsets.data(), code_.states, 0));
+        orbs::BuildSymblTableDV4D(variance.data(), subsets.data(), code_.states, 0);
         std::array<Orb16s, 64> branches; // of even states and of odd ones
         for (int k = 0; k < 16; ++k) {
             for (int odd = 0; odd < 2; ++odd) {
@@ -97,10 +95,10 @@ public:
             }
         }
         const auto place = static_cast<int>((corners_.size() - 1) * states_);
-        check(orbsCalcStatesDV_16sc(path_.data(), next_.data(), metrics_.data(), branches.data(), history_.data(),
-                                    code_.states, place));
+        orbs::CalcStatesDV(path_.data(), next_.data(), metrics_.data(), branches.data(), history_.data(), code_.states,
+                           place);
         Orb16u least = 0;
-        check(orbsUpdatePathMetricsDV_16u(metrics_.data(), &least, &best_, path_.data(), code_.states));
+        orbs::UpdatePathMetricsDV(metrics_.data(), &least, &best_, path_.data(), code_.states);
     }
 
     // All that was taken, traced back from the best state.

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <new>
+#include <orbs.hpp>
 #include <unistd.h>
 
 namespace {
@@ -33,9 +34,9 @@ int runProgram(int argc, char** argv, void (*body)(int argc, char** argv)) {
                 throw Trouble("cannot write to standard output");
         }
         return 0;
-    } catch (const std::bad_alloc&) { complain("not enough memory"); } catch (const std::exception& error) {
-        complain(error.what());
-    }
+    } catch (const std::bad_alloc&) { complain("not enough memory"); } catch (const orbs::Error& error) {
+        complain(("a call of the library was refused (" + std::string(error.what()) + ")").c_str());
+    } catch (const std::exception& error) { complain(error.what()); }
     return 2;
 }
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <sndfile.h>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -68,7 +69,7 @@ class Channels {
 public:
     explicit Channels(int count, std::size_t room = blockFrames)
         : count_(static_cast<std::size_t>(count)), room_(room), samples_(count_ * room) {}
-    float* operator[](std::size_t channel) { return &samples_[channel * room_]; }
+    std::span<float> operator[](std::size_t channel) { return {&samples_[channel * room_], room_}; }
     std::size_t count() const { return count_; }
 
     void split(const std::vector<float>& interleaved, std::size_t frames);

@@ -1,5 +1,4 @@
 #include "spectrum.h"
-#include "trouble.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,26 +16,21 @@ int orderFor(double rate) {
 } // namespace
 
 Spectrum::Spectrum(double rate, int channels)
-    : rate_(rate), order_(orderFor(rate)), window_(static_cast<std::size_t>(length()), 1.0f) {
-    check(orbsFFTInitAlloc_R_32f(spec_.out(), order_, ORB_FFT_SCALE_NONE, orbAlgHintNone));
-    int workSize = 0;
-    check(orbsFFTGetBufSize_R_32f(spec_, &workSize));
-    work_.resize(static_cast<std::size_t>(workSize));
-    check(orbsWinHann_32f_I(window_.data(), length()));
-
+    : rate_(rate), order_(orderFor(rate)), transform_(order_, ORB_FFT_SCALE_NONE, orbAlgHintNone),
+      window_(static_cast<std::size_t>(length()), 1.0f) {
+    orbs::WinHann(window_);
     bins_.resize(window_.size() / 2 + 1);
     power_.resize(bins_.size());
     sum_.resize(bins_.size());
     pending_.resize(static_cast<std::size_t>(channels));
 }
 
-void Spectrum::add(std::size_t channel, const Orb32f* samples, std::size_t count) {
+void Spectrum::add(std::size_t channel, std::span<const Orb32f> samples) {
     std::vector<Orb32f>& pending = pending_[channel];
-    while (count > 0) {
-        const std::size_t taken = std::min(count, window_.size() - pending.size());
-        pending.insert(pending.end(), samples, samples + taken);
-        samples += taken;
-        count -= taken;
+    while (!samples.empty()) {
+        const auto taken = samples.first(std::min(samples.size(), window_.size() - pending.size()));
+        pending.insert(pending.end(), taken.begin(), taken.end());
+        samples = samples.subspan(taken.size());
         if (pending.size() == window_.size()) {
             addSegment(pending);
             pending.erase(pending.begin(), pending.begin() + static_cast<std::ptrdiff_t>(window_.size() / 2));
@@ -46,9 +40,9 @@ void Spectrum::add(std::size_t channel, const Orb32f* samples, std::size_t count
 
 void Spectrum::addSegment(const std::vector<Orb32f>& segment) {
     Orb32f* const packed = &bins_[0].re; // room for the samples, and then for the bins from 0 to half the rate
-    check(orbsMul_32f(segment.data(), window_.data(), packed, length()));
-    check(orbsFFTFwd_RToCCS_32f_I(packed, spec_, work_.empty() ? nullptr : work_.data()));
-    check(orbsPowerSpectr_32fc(bins_.data(), power_.data(), static_cast<int>(power_.size())));
+    orbs::Mul(segment.data(), window_.data(), packed, length());
+    transform_.Fwd_RToCCS(packed);
+    orbs::PowerSpectr(bins_, power_);
     for (std::size_t k = 0; k < sum_.size(); ++k) sum_[k] += power_[k];
     ++segments_;
 }

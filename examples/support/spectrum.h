@@ -2,8 +2,8 @@
 // P. D. Welch, "The use of fast Fourier transform for the estimation of power spectra", IEEE Trans. AU-15, 1967.
 #pragma once
 
-#include "owned.h"
-
+#include <orbs.hpp>
+#include <span>
 #include <vector>
 
 class Spectrum {
@@ -11,7 +11,7 @@ public:
     Spectrum(double rate, int channels);
 
     // The next samples of one channel.
-    void add(std::size_t channel, const Orb32f* samples, std::size_t count);
+    void add(std::size_t channel, std::span<const Orb32f> samples);
 
     // The mean power in each bin from 0 Hz to half the rate; 1 is that of a sine of full scale.
     std::vector<double> power();
@@ -24,8 +24,7 @@ private:
 
     double rate_;
     int order_;
-    Owned<orbsFFTFree_R_32f> spec_;
-    std::vector<Orb8u> work_;
+    orbs::FFT_R_32f transform_;
     std::vector<Orb32f> window_, power_;
     std::vector<Orb32fc> bins_;
     std::vector<std::vector<Orb32f>> pending_; // of each channel, less than a segment

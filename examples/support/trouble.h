@@ -1,10 +1,7 @@
 // Failures that the user can do something about.
 #pragma once
 
-#include <orbcore.h>
-
 #include <filesystem>
-#include <source_location>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -24,13 +21,6 @@ std::string text(const Parts&... parts) {
 
 // A number with so many digits behind the point.
 std::string fixed(double value, int digits);
-
-// Ends the program where a call of the library was refused. Warnings are no reason to.
-inline void check(OrbStatus status, std::source_location where = std::source_location::current()) {
-    if (status < 0)
-        throw Trouble(text("a call was refused at ", std::filesystem::path(where.file_name()).filename().string(), ":",
-                           where.line(), " (", orbGetStatusString(status), ")"));
-}
 
 // A path as it can stand in a message or in the picture: valid UTF-8 on one line, whatever the file is called.
 std::string printable(const std::filesystem::path& path);
