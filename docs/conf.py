@@ -21,6 +21,7 @@ myst_heading_anchors = 3
 html_theme = "furo"
 html_static_path = ["_static"]
 html_css_files = ["orbs.css"]
+html_search_scorer = str(pathlib.Path(__file__).parent / "_ext/search.js")
 html_copy_source = False
 html_show_sphinx = False
 html_show_copyright = False

@@ -37,6 +37,7 @@ class Library:
                         for member in family.members}
         self.families = [family for header in self.headers for family in header.families]
         self.tasks = {id(family): [] for family in self.families}
+        self.jobs = {id(family): [] for family in self.families}  # what takes calls of several families
         self.examples = {}
         self.pictures = {id(family): [] for family in self.families}
         self._read_tasks()
@@ -56,11 +57,14 @@ class Library:
     def _read_tasks(self):
         for line in CHOOSING.read_text().splitlines():
             cells = [cell.strip() for cell in line.strip("|").split("|")]
-            if not line.startswith("|") or len(cells) != 3 or cells[2] in ("call", "---"):
+            if not line.startswith("|") or len(cells) != 3 or cells[2] == "---":
                 continue
             have, want, call = cells
+            if have == "have":
+                told = self.jobs if call == "calls" else self.tasks
+                continue
             for family in {id(member.family): member.family for member in self._named_strictly(call, "choosing.md")}.values():
-                self.tasks[id(family)].append((have, want))
+                told[id(family)].append((have, want))
 
     def _read_examples(self):
         best = {}
@@ -123,7 +127,7 @@ def subjects(want):
     """What the index has for a task: the phrases of "the envelope of a signal (Hilbert transform), and back"."""
     phrases = [re.sub(r"^(an?|the|their|another)\s", "", phrase.strip()) for phrase in re.split(r"[,;:()]", want)]
     return [phrase for phrase in phrases
-            if len(phrase) > 5 and not re.match(r"(and|or|with|of|in|as|its|made)\b|.*\bit$", phrase)]
+            if len(phrase) > 1 and not re.match(r"(and|or|with|of|in|as|its|made)\b|.*\bit$", phrase)]
 
 
 def related(library, family):
@@ -140,10 +144,11 @@ def family_page(library, family):
     header = family.header
     include = f"orbs/{header.path.name}" if header.path.parent.name == "orbs" else header.path.name
     out = title(family.heading)
-    tasks = library.tasks[id(family)]
-    if tasks:
-        out += [".. container:: orbs-tasks", "", *(f"   - {prose.inline(have)}: {prose.inline(want)}" for have, want in tasks), ""]
-        out += [f".. index:: {subject}" for have, want in tasks for subject in subjects(want)] + [""]
+    tasks, jobs = library.tasks[id(family)], library.jobs[id(family)]
+    if tasks or jobs:
+        out += [".. container:: orbs-tasks", "", *(f"   - {prose.inline(have)}: {prose.inline(want)}" for have, want in tasks),
+                *(f"   - with others, {prose.inline(have)}: {prose.inline(want)}" for have, want in jobs), ""]
+        out += [f".. index:: {subject}" for have, want in tasks + jobs for subject in subjects(want)] + [""]
     out += prose.rst(family.text) if family.text else []
     if ALIGNMENT[family.alignment]:
         out += [ALIGNMENT[family.alignment], ""]

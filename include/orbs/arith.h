@@ -83,7 +83,7 @@ OrbStatus orbsAddC_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
  * SubC: pDst[n] = pSrc[n] - val; the _I and _ISfs forms: pSrcDst[n] -= val.
  * SubCRev: pDst[n] = val - pSrc[n]; the _I and _ISfs forms: pSrcDst[n] = val - pSrcDst[n].
  *
- * As Add in rounding, saturation (an unsigned difference below 0 is 0), NaN and the order of the tests. SubC_32f and
+ * As orbsAdd in rounding, saturation (an unsigned difference below 0 is 0), NaN and the order of the tests. SubC_32f and
  * SubC_64f (and their _I forms) with a val of 0, -0 or NaN copy pSrc as it is; SubCRev always computes. The _16u forms
  * spread over threads from 8192 elements (Sub_16u_Sfs), 16384 or 32768, with the same results. */
 OrbStatus orbsSub_8u_Sfs(const Orb8u* pSrc1, const Orb8u* pSrc2, Orb8u* pDst, int len, int scaleFactor);
@@ -155,8 +155,8 @@ OrbStatus orbsSubCRev_64fc_I(Orb64fc val, Orb64fc* pSrcDst, int len);
  * Alignment: any.
  * pSrcDst[n] += pSrc1[n] * pSrc2[n]; AddProductC: pSrcDst[n] += pSrc[n] * val; n = 0 to len - 1.
  *
- * Floats: the product is rounded, then the sum, never fused; complex products as in Mul. pSrcDst may overlap a source
- * in any way: the result is that of a loop over ascending n.
+ * Floats: the product is rounded, then the sum, never fused; complex products as in orbsMul. pSrcDst may overlap a
+ * source in any way: the result is that of a loop over ascending n.
  * Integers follow the scale rule, scaling the sum: beyond the last scale factor with a result other than 0 (30, and 62
  * for _32s) pSrcDst is set to 0, whatever it held. _32s_Sfs computes in double precision: product and sum are rounded to
  * 53 bits, then multiplied by 2^-scaleFactor and rounded to nearest with ties to even; at a scale factor of 0 they are

@@ -75,7 +75,7 @@ OrbStatus orbsZero_64fc(Orb64fc* pDst, int len);
 /* ---- Flip, ConjFlip ------------------------------------------------------------------------------------------
  * Alignment: any.
  * Flip: pDst[n] = pSrc[len - 1 - n]; the _I forms reverse pSrcDst. ConjFlip: the same with each element conjugated as
- * by Conj. pDst may be pSrc. */
+ * by orbsConj. pDst may be pSrc. */
 OrbStatus orbsFlip_8u(const Orb8u* pSrc, Orb8u* pDst, int len);
 OrbStatus orbsFlip_8u_I(Orb8u* pSrcDst, int len);
 OrbStatus orbsFlip_16u(const Orb16u* pSrc, Orb16u* pDst, int len);

@@ -12,8 +12,8 @@ ORBS_DECLARATIONS_BEGIN
 /* ---- DFT objects ---------------------------------------------------------------------------------------------
  * Alignment: of the elements.
  * An object holds all tables of one length and one kind of data, so that a transform computes no sine.
- * Kinds: C_32fc and C_64fc complex interleaved; C_32f and C_64f complex in two planes; R_32f and R_64f real; C_16sc, C_16s
- * and R_16s integers (below).
+ * Kinds: C_32fc and C_64fc complex interleaved; C_32f and C_64f complex in two planes; R_32f and R_64f real; C_16sc,
+ * C_16s and R_16s integers.
  *
  * length: 1 and above. flag: ORB_FFT_SCALE_FWD (forward divides by N), ORB_FFT_SCALE_INV (inverse divides by N),
  * ORB_FFT_SCALE_SQRT (both divide by the root of N) or ORB_FFT_SCALE_NONE. hint: any value; it changes nothing.
@@ -107,13 +107,13 @@ OrbStatus orbsDFTInv_CToC_64f(const Orb64f* pSrcRe, const Orb64f* pSrcIm, Orb64f
  * Alignment: of the elements.
  * Complex transforms for work on spectra, such as products of two of one length, where the order of the bins does not
  * matter: they spare the reordering, and the intermediate array with it. Objects, scaling, statuses and threads are as
- * above; pDst may be pSrc.
+ * those of orbsDFTFwd_CToC_32fc; pDst may be pSrc.
  *
- * Only mixed-radix lengths above 2000 (_32fc) or 5000 (_64fc) are out of order; at all others these are the transforms in
- * natural order. Write N = r(0) r(1) ... r(s) m: the two of a length that holds an odd number of twos, the fours, the odd
- * primes in increasing order, m being the last. Bin k = q + m (q(s) + r(s) (q(s-1) + ... + r(1) q(0))) stands at the place
- * with the same digits read from the other end, q N / m + q(s) N / (m r(s)) + ... + q(0). The inverse takes this order
- * and returns samples in natural order. */
+ * Only mixed-radix lengths above 2000 (_32fc) or 5000 (_64fc) are out of order; at all others these are the transforms
+ * in natural order. Write N = r(0) r(1) ... r(s) m: the two of a length that holds an odd number of twos, the fours, the
+ * odd primes in increasing order, m being the last. Bin k = q + m (q(s) + r(s) (q(s-1) + ... + r(1) q(0))) stands at the
+ * place with the same digits read from the other end, q N / m + q(s) N / (m r(s)) + ... + q(0). The inverse takes this
+ * order and returns samples in natural order. */
 typedef struct OrbsDFTOutOrdSpec_C_32fc OrbsDFTOutOrdSpec_C_32fc;
 typedef struct OrbsDFTOutOrdSpec_C_64fc OrbsDFTOutOrdSpec_C_64fc;
 
@@ -130,8 +130,8 @@ OrbStatus orbsDFTOutOrdInv_CToC_64fc(const Orb64fc* pSrc, Orb64fc* pDst, const O
 
 /* ---- Real DFT ------------------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * N real samples to the half of their spectrum that is enough, and back. With R(k) and I(k) the parts of X[k] and M = N / 2
- * rounded down, the layouts (orbs/spectra.h) are, for even and for odd N:
+ * N real samples to the half of their spectrum that is enough, and back. With R(k) and I(k) the parts of X[k], and M
+ * half of N rounded down, the layouts (orbs/spectra.h) are, for even and for odd N:
  *   CCS   R(0) 0 R(1) I(1) ... R(M-1) I(M-1) R(M) 0     R(0) 0 R(1) I(1) ... R(M) I(M)     N + 2 and N + 1 elements
  *   Pack  R(0) R(1) I(1) ... R(M-1) I(M-1) R(M)         R(0) R(1) I(1) ... R(M) I(M)       N elements
  *   Perm  R(0) R(M) R(1) I(1) ... R(M-1) I(M-1)         the same as Pack                   N elements
@@ -140,7 +140,7 @@ OrbStatus orbsDFTOutOrdInv_CToC_64fc(const Orb64fc* pSrc, Orb64fc* pDst, const O
  *
  * Method: even lengths that are no power of two by a complex transform of N / 2 points and one pass over it; odd ones by
  * real mixed-radix stages, direct sums (primes up to 179) or a chirp. The scale is one multiplication of each result
- * (but for powers of two: orbs/fft.h). pBuffer, statuses, NaN, threads: as in the complex DFT. */
+ * (but for powers of two: orbs/fft.h). pBuffer, statuses, NaN, threads: as of orbsDFTFwd_CToC_32fc. */
 OrbStatus orbsDFTFwd_RToCCS_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
 OrbStatus orbsDFTFwd_RToPack_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
 OrbStatus orbsDFTFwd_RToPerm_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsDFTSpec_R_32f* pSpec, Orb8u* pBuffer);
@@ -161,12 +161,12 @@ OrbStatus orbsDFTInv_PermToR_64f(const Orb64f* pSrc, Orb64f* pDst, const OrbsDFT
  *     result * 2^-scaleFactor, to the nearest integer, ties to even, saturated to -32768 to 32767,
  *
  * as orbsConvert_32f16s_Sfs does it: with a scaleFactor below -127 a result of 0 becomes 32767. No scaleFactor is an
- * error. _16sc: interleaved; C objects of _16s: two planes; R objects: real data in the layouts above.
- * Between exact result and integer stand the errors of the transform in single precision: with N points of full range and
- * scaleFactor 0 about 2^-8 of the root of N. A length of 1 only scales, and keeps 0. pDst may be pSrc; planes as in the
- * complex DFT.
+ * error. _16sc: interleaved; C objects of _16s: two planes; R objects: real data, in the layouts of orbs/spectra.h.
+ * Between exact result and integer stand the errors of the transform in single precision: with N points of full range
+ * and scaleFactor 0 about 2^-8 of the root of N. A length of 1 only scales, and keeps 0. pDst may be pSrc; planes as of
+ * orbsDFTFwd_CToC_32f.
  *
- * pBuffer: as in the complex DFT, of the size that GetBufSize tells of the 16-bit object; used from length 2 on.
+ * pBuffer: as of orbsDFTFwd_CToC_32fc, of the size that GetBufSize tells of the 16-bit object; used from length 2 on.
  * Statuses: orbStsNullPtrErr (pSpec), orbStsContextMatchErr, orbStsNullPtrErr (data), orbStsMemAllocErr. */
 OrbStatus orbsDFTFwd_CToC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, const OrbsDFTSpec_C_16sc* pSpec, int scaleFactor, Orb8u* pBuffer);
 OrbStatus orbsDFTInv_CToC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, const OrbsDFTSpec_C_16sc* pSpec, int scaleFactor, Orb8u* pBuffer);

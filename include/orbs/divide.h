@@ -17,13 +17,13 @@ ORBS_DECLARATIONS_BEGIN
  * pDst[n] = pSrc2[n] / pSrc1[n], the first vector being the divisor; the _I and _ISfs forms: pSrcDst[n] /= pSrc[n];
  * n = 0 to len - 1.
  *
- * Integers: the quotient times 2^-scaleFactor, rounded to nearest and saturated. _32s, _32s16s and _16sc divide in double
- * precision, so an exact half goes to the even integer; _8u, _16u and _16s multiply by a reciprocal, refined in single
- * precision: with r = 1 / b rounded to 12 significant bits, e = 1 - b*r and q = a * 2^-scaleFactor * r, the quotient
- * is q + q*e + q*e^2. For _8u that is the nearest integer, ties to even; for 16 bits a tie, and above 2^12 also what
- * lies within the last bits of single precision beside one, may go to either neighbour, the same everywhere.
- * Complex: a * conj(b) / |b|^2, in _16sc with exact numerators, in _32fc and _64fc each step rounded to the type, so that
- * |b|^2 may overflow or vanish.
+ * Integers: the quotient times 2^-scaleFactor, rounded to nearest and saturated. _32s, _32s16s and _16sc divide in
+ * double precision, so an exact half goes to the even integer; _8u, _16u and _16s multiply by a reciprocal, refined in
+ * single precision: with r = 1 / b rounded to 12 significant bits, e = 1 - b*r and q = a * 2^-scaleFactor * r, the
+ * quotient is q + q*e + q*e^2. For _8u that is the nearest integer, ties to even; for 16 bits a tie, and above 2^12 also
+ * what lies within the last bits of single precision beside one, may go to either neighbour, the same everywhere.
+ * Complex: a * conj(b) / |b|^2, in _16sc with exact numerators, in _32fc and _64fc each step rounded to the type, so
+ * that |b|^2 may overflow or vanish.
  *
  * Warning orbStsDivByZero if a divisor is 0 (of a complex one both parts). The result there: integers 0 for 0 / 0 and
  * else the extreme of the type with the sign of the dividend, whatever the scale factor; _16sc (0, 0); floats what IEEE
@@ -62,12 +62,13 @@ OrbStatus orbsDiv_64fc_I(const Orb64fc* pSrc, Orb64fc* pSrcDst, int len);
  * gives zeros, one below -31 gives 65535 everywhere (neither looks at pSrc), and val 1 with scale factor 0 copies.
  *
  * Integers: the element times the single-precision number 2^-scaleFactor / val, rounded to nearest with ties to even,
- * saturated; _16u with a val of 1 follows the scale rule of MulC instead. _16sc: the element times conj(val), by
+ * saturated; _16u with a val of 1 follows the scale rule of orbsMulC instead. _16sc: the element times conj(val), by
  * 2^-scaleFactor / |val|^2, in single precision, below a scale factor of -16 in double precision.
  * Zeros: _8u from a scale factor of 9, _16s and _16sc from 16. By sign alone: _8u below -15, _16s below -30.
  *
- * Floats: MulC by the reciprocal 1 / val, or (re, -im) / (re^2 + im^2), so the last bit may not be that of a division,
- * and what MulC says of constants holds: with val 1 a copy; with an infinite val zeros, for NaN elements too. */
+ * Floats: orbsMulC by the reciprocal 1 / val, or (re, -im) / (re^2 + im^2), so the last bit may not be that of a
+ * division, and what orbsMulC says of constants holds: with val 1 a copy; with an infinite val zeros, for NaN elements
+ * too. */
 OrbStatus orbsDivC_8u_Sfs(const Orb8u* pSrc, Orb8u val, Orb8u* pDst, int len, int scaleFactor);
 OrbStatus orbsDivC_8u_ISfs(Orb8u val, Orb8u* pSrcDst, int len, int scaleFactor);
 OrbStatus orbsDivC_16u_Sfs(const Orb16u* pSrc, Orb16u val, Orb16u* pDst, int len, int scaleFactor);

@@ -57,8 +57,8 @@ OrbStatus orbsExp_32f64f(const Orb32f* pSrc, Orb64f* pDst, int len);
  * 0xffc00000, and +infinity and positive NaNs +infinity.
  *
  * Integers. What is zero or negative gives the least value of the result type.
- * Scale factor 0 and above: _16s gives the integer nearest to ln x * 2^-scaleFactor; _32s and _32s16s the integer nearest
- * to ln x, shifted right by scaleFactor without rounding: 10 gives 2 with scale factor 0 and 1 with 1.
+ * Scale factor 0 and above: _16s gives the integer nearest to ln x * 2^-scaleFactor; _32s and _32s16s the integer
+ * nearest to ln x, shifted right by scaleFactor without rounding: 10 gives 2 with scale factor 0 and 1 with 1.
  * Scale factor below 0: ln x * 2^-scaleFactor, computed in single precision as by _32f, rounded to nearest and
  * saturated. */
 OrbStatus orbsLn_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, int scaleFactor);
@@ -74,8 +74,8 @@ OrbStatus orbsLn_64f32f(const Orb64f* pSrc, Orb32f* pDst, int len);
 
 /* ---- 10Log10 -------------------------------------------------------------------------------------------------
  * Alignment: any.
- * Decibels of a power: pDst[n] = 10 * log10 pSrc[n], with the warnings of Ln and its results for zero and for negative
- * arguments.
+ * Decibels of a power: pDst[n] = 10 * log10 pSrc[n], with the warnings of orbsLn and its results for zero and for
+ * negative arguments.
  *
  * Scale factor 0 and above: the nearest integer (but 9 of 7, whose logarithm is 8.45), shifted right by scaleFactor
  * without rounding. Scale factor below 0: the logarithm in single precision, as by Ln_32f, times 4.3429446 *
@@ -101,8 +101,8 @@ OrbStatus orbsArctan_64f_I(Orb64f* pSrcDst, int len);
  * Integers: the exact root times 2^-scaleFactor, rounded to nearest with ties to even, saturated. A negative element
  * gives 0 and the warning orbStsSqrtNegArg, at every scale factor.
  * _32f, _64f: the IEEE root under the caller's rounding mode. An element with its sign set gives the warning
- * orbStsSqrtNegArg and the processor's NaN, but for -0, whose root is -0; a NaN with its sign set warns as well. The call
- * raises no floating-point exception and leaves the flags as they were.
+ * orbStsSqrtNegArg and the processor's NaN, but for -0, whose root is -0; a NaN with its sign set warns as well. The
+ * call raises no floating-point exception and leaves the flags as they were.
  * Complex: the root with a real part of 0 or more; the imaginary part has the sign of im. No warning. _16sc: each part
  * times 2^-scaleFactor, rounded to nearest with ties to even, saturated; exactly at a scale factor of 0 and above 8,
  * from double precision below 0. At scale factors of 1 to 8 in integers: m, the integer nearest to |pSrc[n]|, and then

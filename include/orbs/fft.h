@@ -27,8 +27,8 @@ ORBS_DECLARATIONS_BEGIN
  * int is not built: Init and InitAlloc give orbStsMemAllocErr and touch no memory. That leaves orders up to 27 of
  * single and 26 of double precision.
  * An object holds no address: it may be copied or mapped elsewhere with its block, at an alignment of 32 bytes. Its
- * tables are laid out for the vectors of the processor that made it: on one whose vectors are longer or shorter (64 bytes
- * or less) calls that read tables refuse it with orbStsContextMatchErr.
+ * tables are laid out for the vectors of the processor that made it: on one whose vectors are longer or shorter (64
+ * bytes or less) calls that read tables refuse it with orbStsContextMatchErr.
  *
  * GetBufSize tells the size of the work buffer of one object: 0 for orders below 4, and below 4 only.
  *
@@ -122,7 +122,7 @@ OrbStatus orbsFFTInv_CToC_64f_I(Orb64f* pSrcDstRe, Orb64f* pSrcDstIm, const Orbs
  * transform makes by itself; CCS costs two more writes, Pack a move of the spectrum by one place. The inverse does not
  * read the imaginary parts of the bins 0 and N / 2 of a CCS array.
  *
- * pBuffer, aliasing, statuses, threads: as in the complex transforms. Method: a complex transform of N / 2 points and
+ * pBuffer, aliasing, statuses, threads: as of orbsFFTFwd_CToC_32fc. Method: a complex transform of N / 2 points and
  * one pass over it; the scale is applied between the two (forward) or behind them (inverse). */
 OrbStatus orbsFFTFwd_RToCCS_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsFFTSpec_R_32f* pSpec, Orb8u* pBuffer);
 OrbStatus orbsFFTFwd_RToPack_32f(const Orb32f* pSrc, Orb32f* pDst, const OrbsFFTSpec_R_32f* pSpec, Orb8u* pBuffer);

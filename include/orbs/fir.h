@@ -8,8 +8,8 @@ ORBS_DECLARATIONS_BEGIN
 
 /* ---- FIR filter states ---------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * A state holds the taps h[0 .. tapsLen-1] and the last tapsLen samples of one stream x, and the calls of the next
- * family give y[n] = sum over k of h[k] * x[n-k]. In the calls here a delay line is newest sample first:
+ * A state holds the taps h[0 .. tapsLen-1] and the last tapsLen samples of one stream x, and the calls of orbsFIR
+ * give y[n] = sum over k of h[k] * x[n-k]. In the calls here a delay line is newest sample first:
  * pDlyLine[0] is x[n-1] for the next output y[n], pDlyLine[tapsLen-1] the oldest. Taps are in natural order.
  * Where a name tells two types, the first is that of the taps and of the arithmetic, the second that of the samples:
  * FIR64f_16s has taps of Orb64f and samples of Orb16s. _32s has integers for taps, too, and computes with doubles: its
@@ -239,11 +239,11 @@ OrbStatus orbsFIROne_32s_Sfs(int src, Orb32s* pDstVal, OrbsFIRState_32s* pState,
 
 /* ---- FIR without a state -------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * The same filter over the caller's taps (natural order), delay line and position: pDlyLine has 2 * tapsLen elements,
- * the second half a copy of the first, zeros at the start of a stream; *pDlyLineIndex, 0 at the start, is the place of
- * the oldest sample. For each sample x: pDlyLine[index] = pDlyLine[index + tapsLen] = x; index = index + 1, at tapsLen
- * back to 0; and the output is the sum over k = 0 .. tapsLen-1 of pTaps[tapsLen-1-k] * pDlyLine[index+k], in this
- * order. pDst may be pSrc. orbsFIROne_Direct: one sample; a block gives the same bits as its samples one by one.
+ * The filter of orbsFIR over the caller's taps (natural order), delay line and position: pDlyLine has 2 * tapsLen
+ * elements, the second half a copy of the first, zeros at the start of a stream; *pDlyLineIndex, 0 at the start, is the
+ * place of the oldest sample. For each sample x: pDlyLine[index] = pDlyLine[index + tapsLen] = x; index = index + 1, at
+ * tapsLen back to 0; and the output is the sum over k = 0 .. tapsLen-1 of pTaps[tapsLen-1-k] * pDlyLine[index+k], in
+ * this order. pDst may be pSrc. orbsFIROne_Direct: one sample; a block gives the same bits as its samples one by one.
  *
  * Products are rounded to the type of the taps. Sums are Orb64f, converted once at the end, so that _32f and _32fc are
  * more exact than the calls with a state; but 32f_Direct_16s and 32fc_Direct_16sc add up in Orb32f. Complex outputs

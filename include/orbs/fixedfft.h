@@ -87,15 +87,16 @@ OrbStatus orbsFFTGetBufSize_R_16s32s(const OrbsFFTSpec_R_16s32s* pSpec, int* pSi
  * zeros become the largest value with it.
  *
  * In integers (C_16sc and C_16s at orders 1 to 3): the samples times 2^(15 - order). Sums are exact. Only order 3 has
- * factors other than 1 and i: a point k of 1 or 3 is the sum of an exact value and of a product, that of an exact sum and
- * 11585 * 2^-14, rounded to nearest with halves up in each part; the point k + 4 is their difference. ORB_FFT_SCALE_FWD
- * and _INV shift by the order, ORB_FFT_SCALE_SQRT by half of it, and odd orders multiply by 23170 * 2^-15, rounded
- * likewise. These shifts, the scale factor and the 15 - order bits together are one shift by the scale rule: to nearest,
- * ties to even, then saturated; no shift is too long. The planes have the same results as interleaved points.
+ * factors other than 1 and i: a point k of 1 or 3 is the sum of an exact value and of a product, that of an exact sum
+ * and 11585 * 2^-14, rounded to nearest with halves up in each part; the point k + 4 is their difference.
+ * ORB_FFT_SCALE_FWD and _INV shift by the order, ORB_FFT_SCALE_SQRT by half of it, and odd orders multiply by 23170 *
+ * 2^-15, rounded likewise. These shifts, the scale factor and the 15 - order bits together are one shift by the scale
+ * rule: to nearest, ties to even, then saturated; no shift is too long. The planes have the same results as interleaved
+ * points.
  *
  * pBuffer: work memory of the size that GetBufSize tells, at any alignment, or null: then a call of order 4 and above
- * takes what it needs and gives it back, and orbStsMemAllocErr, with nothing written, says that it could not. Results are
- * the same bits with and without a buffer, in place or not, at every alignment, in every tier.
+ * takes what it needs and gives it back, and orbStsMemAllocErr, with nothing written, says that it could not. Results
+ * are the same bits with and without a buffer, in place or not, at every alignment, in every tier.
  *
  * Statuses: orbStsNullPtrErr (pSpec), orbStsContextMatchErr, orbStsNullPtrErr (data), orbStsMemAllocErr. */
 OrbStatus orbsFFTFwd_CToC_16sc_Sfs(const Orb16sc* pSrc, Orb16sc* pDst, const OrbsFFTSpec_C_16sc* pSpec, int scaleFactor, Orb8u* pBuffer);
@@ -121,13 +122,13 @@ OrbStatus orbsFFTInv_CToC_32s_ISfs(Orb32s* pSrcDstRe, Orb32s* pSrcDstIm, const O
  * zeros, but through floats they are scaled with the rest, and become the largest value where zeros do. The inverse
  * does not read the imaginary parts of the bins 0 and N / 2 of a CCS array.
  *
- * Through floats: as the complex transforms; _16s32s and _32s16s convert by orbsConvert_16s32f, _32f32s_Sfs, _32s32f and
- * _32f16s_Sfs, so values of a 32-bit spectrum are rounded to 24 bits first.
- * In integers (R_16s at orders 1 to 3): the samples times 2^(16 - order), then as the complex transforms. At order 3 the
- * bins 1 and 3, and on the way back the samples 1, 3, 5 and 7, have such a product, of the inverse twice. No value
+ * Through floats: as orbsFFTFwd_CToC_16sc_Sfs; _16s32s and _32s16s convert by orbsConvert_16s32f, _32f32s_Sfs, _32s32f
+ * and _32f16s_Sfs, so values of a 32-bit spectrum are rounded to 24 bits first.
+ * In integers (R_16s at orders 1 to 3): the samples times 2^(16 - order), then as orbsFFTFwd_CToC_16sc_Sfs. At order 3
+ * the bins 1 and 3, and on the way back the samples 1, 3, 5 and 7, have such a product, of the inverse twice. No value
  * overflows, not even of spectra that no samples have.
  *
- * pBuffer, aliasing, statuses, threads: as in the complex transforms. */
+ * pBuffer, aliasing, statuses, threads: as of orbsFFTFwd_CToC_16sc_Sfs. */
 OrbStatus orbsFFTFwd_RToCCS_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsFFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
 OrbStatus orbsFFTFwd_RToPack_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsFFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);
 OrbStatus orbsFFTFwd_RToPerm_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, const OrbsFFTSpec_R_16s* pSpec, int scaleFactor, Orb8u* pBuffer);

@@ -9,7 +9,7 @@ ORBS_DECLARATIONS_BEGIN
 /* ---- FIR filter states with 16-bit taps ----------------------------------------------------------------------
  * Alignment: of the elements.
  * A state holds the taps h[0 .. tapsLen-1] as 16-bit integers with one power of two, h[k] * 2^factor, and the last
- * tapsLen samples of one stream x, for the calls of FIR with 16-bit taps below. In the calls here a delay line is
+ * tapsLen samples of one stream x, for the calls of orbsFIR32s_16s_Sfs and its like. In the calls here a delay line is
  * newest sample first: pDlyLine[0] is x[n-1] for the next output y[n], pDlyLine[tapsLen-1] the oldest. Taps are in
  * natural order.
  *
@@ -82,13 +82,13 @@ OrbStatus orbsFIRGetDlyLine32sc_16sc32fc(const OrbsFIRState32sc_16sc* pState, Or
  * the taps filter that stream, and of every downFactor values one is kept. With U, D the factors, output m of a call
  * is the sum over j of h[p + j*U] * x[n-j], where t = downPhase + m*D - upPhase, n = floor(t / U), p = t - n*U, and
  * x[-1] is the newest sample of the delay line. This line has ceil(tapsLen / U) samples, in Init, InitAlloc and in
- * SetDlyLine and GetDlyLine of the family above, whose other functions also work on these states.
+ * SetDlyLine and GetDlyLine of the single-rate states (orbsFIRInit32s_16s), whose other functions also work on these.
  *
- * Integer taps are treated as above. Float taps (32s_16s32f, 32sc_16sc32fc) become 32-bit integers first, as above but
+ * Integer taps are treated as there. Float taps (32s_16s32f, 32sc_16sc32fc) become 32-bit integers first, as there but
  * with a factor from -32 to 32: larger ones end at the limits of 32 bits; and these are then treated as taps of
  * 32s_16s, so that a largest tap of 32767 is shifted once more. SetTaps does the same to a state of this kind.
- * With both factors 1 the state is one of the family above, made of the same taps.
- * GetStateSize and the other rules are as above.
+ * With both factors 1 the state is a single-rate one, made of the same taps.
+ * GetStateSize and the other rules are as of single-rate states.
  *
  * Statuses, in the order of the tests: null pBufferSize; ppState, pTaps or pBuffer: orbStsNullPtrErr; tapsLen below 1:
  * orbStsFIRLenErr; upFactor or downFactor below 1: orbStsFIRMRFactorErr; upPhase outside 0 .. upFactor-1 or downPhase
@@ -111,7 +111,7 @@ OrbStatus orbsFIRMRInitAlloc32sc_16sc32fc(OrbsFIRState32sc_16sc** ppState, const
  * The outputs for the next numIters samples x = pSrc of the stream of a state, whose delay line is brought up to date:
  * pDst[n] = 2^-s * (sum over k = 0 .. tapsLen-1 of h[k] * x[n-k]), h being the 16-bit taps of the state, and
  * s = scaleFactor - factor. A state of the multi-rate kind takes numIters * downFactor samples and gives
- * numIters * upFactor outputs, as told there.
+ * numIters * upFactor outputs, as orbsFIRMRInit32s_16s tells.
  *
  * The sum is kept in 32 bits and wraps, without a word, as do the parts of a complex one. For s > 0 it is rounded to
  * nearest, ties to even: ((sum + 2^(s-1) - 1 + (sum >> s & 1)) >> s), the additions wrapping in 32 bits and s counting
@@ -149,12 +149,12 @@ OrbStatus orbsFIRMR32s_16s_ISfs(Orb16s* pSrcDst, int numIters, OrbsFIRState32s_1
  * stream; *pDlyLineIndex, 0 at the start, is the place of the oldest sample. For each sample x: pDlyLine[index] =
  * pDlyLine[index + tapsLen] = x; index = index + 1, at tapsLen back to 0; and the output is 2^-s times the sum over k
  * = 0 .. tapsLen-1 of pTaps[tapsLen-1-k] * pDlyLine[index+k], with s = scaleFactor - tapsFactor, -31 at least and 31
- * at most. Products and sum are kept in 32 bits and wrap; rounding, shifts and saturation as in FIR with 16-bit taps.
+ * at most. Products and sum are kept in 32 bits and wrap; rounding, shifts and saturation as in orbsFIR32s_16s_Sfs.
  * pDst may be pSrc. A block gives the same bits as its samples one by one. A position outside 0 .. tapsLen-1 is taken
  * as 0, without a word.
  *
  * FIR_Direct_16s: taps of 16 bits, 2^15 counting as 1. A block goes through a state made of them with the factor -15:
- * see FIR filter states with 16-bit taps for what becomes of taps if one is 32767 or -32768 (all lose a bit). The line
+ * see orbsFIRInit32s_16s for what becomes of taps if one is 32767 or -32768 (all lose a bit). The line
  * is read from pDlyLine[*pDlyLineIndex] on, tapsLen samples, newest first; afterwards *pDlyLineIndex is 0, and the
  * line stands at pDlyLine[0] and on, newest first again. That is enough for a stream of blocks that starts at position
  * 0.
@@ -187,8 +187,8 @@ OrbStatus orbsFIROne_Direct_16s_ISfs(Orb16s* pSrcDstVal, const Orb16s* pTapsQ15,
  * 32s_Direct_16s, 32sc_Direct_16sc: h = pTaps, all 32 bits, and s = scaleFactor - tapsFactor, -31 at least and 31 at
  * most.
  * 32s_Direct_16s32f, 32sc_Direct_16sc32fc: the same of float taps, which become 32-bit integers and a tapsFactor as
- * told for multi-rate states, but are not shifted further.
- * Products and sum are kept in 32 bits and wrap; rounding, shifts and saturation as in FIR with 16-bit taps. pSrc and
+ * told for orbsFIRMRInit32s_16s32f, but are not shifted further.
+ * Products and sum are kept in 32 bits and wrap; rounding, shifts and saturation as in orbsFIR32s_16s_Sfs. pSrc and
  * pDst must not overlap; .._ISfs: pSrcDst holds the samples and then the outputs, and must have room for the more of
  * them.
  *

@@ -127,7 +127,7 @@ OrbStatus orbsToneFree(OrbsToneState_16s* pState);
  * A wave of period 2 pi with straight sides: magn at phase 0, falling to -magn at H = pi + asym, rising to magn again
  * at 2 pi. pDst[n] is its value at 2 pi rFreq n + phase for n = 0 to len - 1; the imaginary part of the complex members
  * is the same wave (2 pi + H)/2 further on, 0 and rising where the real part is magn. Phases are read from pPhase and
- * replaced as by Tone_Direct.
+ * replaced as by orbsTone_Direct.
  *
  * Samples are made in double precision, one from the other: a step up or down is added, and what comes to lie beyond an
  * end is folded back along the other side; a side that is shorter than a step is jumped over. With asym = -pi the wave
@@ -147,9 +147,9 @@ OrbStatus orbsTriangle_Direct_64fc(Orb64fc* pDst, int len, Orb64f magn, Orb64f r
 
 /* ---- Triangle Q15 --------------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * The wave of Triangle_Direct. rFreqQ15, phaseQ15 and asymQ15 are fixed-point numbers with 15 fraction bits.
+ * The wave of orbsTriangle_Direct. rFreqQ15, phaseQ15 and asymQ15 are fixed-point numbers with 15 fraction bits.
  *
- * TriangleQ15_Direct: the samples of Triangle_Direct_16s, which cuts the fraction off.
+ * TriangleQ15_Direct: the samples of orbsTriangle_Direct_16s, which cuts the fraction off.
  * TriangleQ15: the next len samples of a state, to the nearest integer, a half away from zero.
  * TriangleGetStateSizeQ15: the bytes that TriangleInitQ15 needs at pState: 128, at any address. TriangleInitAllocQ15
  * takes the memory itself. TriangleFree gives back what TriangleInitAllocQ15 took and does nothing to a state in the

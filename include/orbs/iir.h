@@ -178,8 +178,8 @@ OrbStatus orbsIIRSetDlyLine64fc_16sc(OrbsIIRState64fc_16sc* pState, const Orb64f
 
 /* ---- IIR filter states with integer taps ---------------------------------------------------------------------
  * Alignment: of the elements.
- * States as above for samples of 16 bits, with taps in Orb32s that count 2^-tapsFactor each; they are converted to
- * Orb32f as orbsConvert_32s32f_Sfs does, and all arithmetic is done in Orb32f. The forms ..16s32f and ..16sc32fc take
+ * States as of orbsIIRInit for samples of 16 bits, with taps in Orb32s that count 2^-tapsFactor each; they are converted
+ * to Orb32f as orbsConvert_32s32f_Sfs does, and all arithmetic is done in Orb32f. The forms ..16s32f and ..16sc32fc take
  * Orb32f taps for a state of the same type: 32s_16s and 32s_16s32f share objects and every call but Init, InitAlloc
  * and SetTaps, and so do 32sc_16sc and 32sc_16sc32fc.
  *
@@ -191,8 +191,8 @@ OrbStatus orbsIIRSetDlyLine64fc_16sc(OrbsIIRState64fc_16sc* pState, const Orb64f
  * SetTaps32sc_16sc and SetTaps32sc_16sc32fc change nothing over a state of their own type, and report
  * orbStsContextMatchErr: taps of these states are replaced by building them anew.
  *
- * Statuses, in the order of the tests: as above; in Init32s and InitAlloc32s with Orb32s taps also no memory for the
- * converted taps: orbStsMemAllocErr, before anything is tested in them. SetTaps32s_16s: null pTaps or pState:
+ * Statuses, in the order of the tests: as of orbsIIRInit; in Init32s and InitAlloc32s with Orb32s taps also no memory
+ * for the converted taps: orbStsMemAllocErr, before anything is tested in them. SetTaps32s_16s: null pTaps or pState:
  * orbStsNullPtrErr; no memory: orbStsMemAllocErr; else orbStsContextMatchErr. */
 typedef struct OrbsIIRState32s_16s OrbsIIRState32s_16s;
 typedef struct OrbsIIRState32sc_16sc OrbsIIRState32sc_16sc;
@@ -278,13 +278,13 @@ OrbStatus orbsIIROne64fc_32fc(Orb32fc src, Orb32fc* pDstVal, OrbsIIRState64fc_32
 
 /* ---- IIR_Sfs, IIROne_Sfs -------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * The same for integers: the recursion runs on unrounded outputs y, in the type of the taps, and y * 2^-scaleFactor is
+ * orbsIIR for integers: the recursion runs on unrounded outputs y, in the type of the taps, and y * 2^-scaleFactor is
  * rounded to nearest, ties to even, and saturated on the way out only; a NaN gives the least value. Rounding of the
  * recursion itself is the caller's. The parts of complex samples are rounded each on its own.
  * The block forms take scaleFactor modulo 128 (-1 to -127, and those modulo 128, multiply; with taps of Orb32f, 127
  * multiplies by 0). orbsIIROne.._Sfs takes it as it stands, from -1023 to 1022, and limits it to that.
  *
- * Statuses as above. */
+ * Statuses as of orbsIIR. */
 OrbStatus orbsIIR32f_16s_Sfs(const Orb16s* pSrc, Orb16s* pDst, int len, OrbsIIRState32f_16s* pState, int scaleFactor);
 OrbStatus orbsIIR32f_16s_ISfs(Orb16s* pSrcDst, int len, OrbsIIRState32f_16s* pState, int scaleFactor);
 OrbStatus orbsIIROne32f_16s_Sfs(Orb16s src, Orb16s* pDstVal, OrbsIIRState32f_16s* pState, int scaleFactor);
@@ -318,8 +318,8 @@ OrbStatus orbsIIROne32sc_16sc32fc_Sfs(Orb16sc src, Orb16sc* pDstVal, OrbsIIRStat
 
 /* ---- IIR_Direct, IIROne_Direct, IIR_BiQuadDirect, IIROne_BiQuadDirect ----------------------------------------
  * Alignment: of the elements.
- * The same filters over the caller's 16-bit taps and 32-bit delay line, without a state. a[0] is 1, and its place holds
- * an exponent f, 0 or more:
+ * The filters of orbsIIRInit over the caller's 16-bit taps and 32-bit delay line, without a state. a[0] is 1, and its
+ * place holds an exponent f, 0 or more:
  *
  *   one filter of any order   pTaps: b[0] .. b[order], f, a[1] .. a[order]; pDlyLine: order values
  *   BiQuad                    pTaps: b0, b1, b2, f, a1, a2 of each section; pDlyLine: 2 values of each

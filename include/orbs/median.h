@@ -13,7 +13,7 @@ ORBS_DECLARATIONS_BEGIN
  * last element keep their values. An even maskSize is taken as the next lower odd one, with the warning
  * orbStsEvenMedianMaskSize; maskSize may exceed len. pDst is pSrc or does not overlap it.
  * Floats, up to maskSize 9: a NaN in the window gives some element of the window, the same in every build. From
- * maskSize 11 on elements are compared by their bits, as SortAscend orders them: a NaN counts as above or below all
+ * maskSize 11 on elements are compared by their bits, as orbsSortAscend orders them: a NaN counts as above or below all
  * numbers, by its sign, and -0 as below +0.
  * Up to maskSize 9 nothing is allocated. From 11 on a call takes one block for its time: less than 14 kB or
  * 100 * maskSize bytes, whichever is more, and for any maskSize less than 80 * len + 500 bytes; 2^31 bytes are too many.

@@ -91,10 +91,10 @@ OrbStatus orbsFIRMR_32f_I(Orb32f* pSrcDst, int numIters, OrbsFIRState_32f* pStat
 
 /* ---- Multi-rate FIR without a state --------------------------------------------------------------------------
  * Alignment: of the elements.
- * The same filter over the caller's taps (natural order) and delay line of (tapsLen + upFactor - 1) / upFactor samples,
- * newest first, zeros at the start of a stream. pSrc holds numIters * downFactor samples, pDst numIters * upFactor
- * outputs, pSrcDst the more of both; the delay line is brought up to date. pSrc and pDst must not overlap. A stream
- * gives the same bits however it is cut into calls.
+ * The filter of orbsFIRMRInit over the caller's taps (natural order) and delay line of (tapsLen + upFactor - 1) /
+ * upFactor samples, newest first, zeros at the start of a stream. pSrc holds numIters * downFactor samples, pDst
+ * numIters * upFactor outputs, pSrcDst the more of both; the delay line is brought up to date. pSrc and pDst must not
+ * overlap. A stream gives the same bits however it is cut into calls.
  *
  * Each product is rounded to the type of the taps. Sums are double, rounded once to float samples; for integer samples
  * they are of the type of the taps, multiplied by 2^-s, where s is scaleFactor with its magnitude taken modulo 128,

@@ -82,8 +82,8 @@ OrbStatus orbsPowerSpectr_16s_Sfs(const Orb16s* pSrcRe, const Orb16s* pSrcIm, Or
 
 /* ---- CartToPolar ---------------------------------------------------------------------------------------------
  * Alignment: any.
- * pDstMagn[n] and pDstPhase[n] as of Magnitude and of Phase, which are called one after the other. No destination may
- * be a source.
+ * pDstMagn[n] and pDstPhase[n] as of orbsMagnitude and of orbsPhase, which are called one after the other. No
+ * destination may be a source.
  *
  * _32f, _32fc, _64f, _64fc: both are called in any case, so that with one null destination the other is still written.
  * The status is that of the magnitude, or if that is orbStsNoErr, that of the phase.

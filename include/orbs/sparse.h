@@ -35,8 +35,8 @@ OrbStatus orbsFIRSparse_32f(const Orb32f* pSrc, Orb32f* pDst, int len, OrbsFIRSp
 
 /* ---- IIRSparse ---------------------------------------------------------------------------------------------------
  * Alignment: of the elements.
- * Recursive filters of the same kind. pNZTaps and pNZTapPos have the nzTapsLen1 feed-forward taps b at p, then the
- * nzTapsLen2 recursive ones a at q:
+ * Recursive filters of the kind of orbsFIRSparse. pNZTaps and pNZTapPos have the nzTapsLen1 feed-forward taps b at p,
+ * then the nzTapsLen2 recursive ones a at q:
  *   pDst[n] = sum over i of b[i] * x[n - p[i]] + sum over j of a[j] * pDst[n - q[j]],
  * added in this order, i and j downwards, each product and sum in single precision. Mind the sign of a. The state keeps
  * order1 samples and order2 outputs, the largest positions of both lists. However a stream is cut into calls, the
@@ -44,7 +44,7 @@ OrbStatus orbsFIRSparse_32f(const Orb32f* pSrc, Orb32f* pDst, int len, OrbsFIRSp
  *
  * pDlyLine: the last order1 samples, newest first, then the last order2 outputs; null means zeros. Without recursive
  * taps order2 is 0; pNZTapPos must still have an element behind the feed-forward ones, and it is tested.
- * GetStateSize, Init and the rest as for FIRSparse.
+ * GetStateSize, Init and the rest as for orbsFIRSparse.
  *
  * Statuses, in the order of the tests:
  *   GetStateSize  null pStateSize: orbStsNullPtrErr; nzTapsLen1 below 1 or nzTapsLen2 below 0: orbStsIIROrderErr;

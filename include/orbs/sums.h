@@ -20,8 +20,8 @@ ORBS_DECLARATIONS_BEGIN
  * Alignment: any.
  * *pSum = sum over n of pSrc[n], n = 0 to len - 1.
  *
- * Floats: as above; a fast block is of 32768 parts of elements. The result of double precision is rounded to that of the
- * member at the end, and only there it can overflow.
+ * Floats: added up as orbs/sums.h has it for all; a fast block is of 32768 parts of elements. The result of double
+ * precision is rounded to that of the member at the end, and only there it can overflow.
  * Integers: the exact sum S, then once S * 2^-scaleFactor, limited to the result's type. _16s, _16s32s and the complex
  * forms round as the caller's rounding mode says, to nearest with ties to even unless that was changed; _16s is what
  * _16s32s gives, saturated. _32s rounds to nearest with ties to even in every mode; from a scale factor of 64 on it
@@ -61,11 +61,11 @@ OrbStatus orbsMean_32s_Sfs(const Orb32s* pSrc, int len, Orb32s* pMean, int scale
  * With n = len, S1 the sum of the elements and S2 the sum of their squares: *pMean = S1 / n and the deviation of a
  * sample, *pStdDev = sqrt((S2 * n - S1^2) / (n * (n - 1))). len below 2 is refused.
  *
- * Floats: S1 and S2 as above, each square rounded to the type of the lanes; a fast block is of 1024 elements, and fast
- * calls of at most 8 elements are the accurate ones. The difference is formed from S1 and S2 without another loss, but
- * what they have lost is lost: under a large offset few digits are left. Elements that are all equal have a deviation
- * of 0, and so have those whose variance rounding has made negative. The deviation is infinite if S2 is, and NaN if an
- * element is; the latter only.
+ * Floats: S1 and S2 as of orbsSum, each square rounded to the type of the lanes; a fast block is of 1024 elements, and
+ * fast calls of at most 8 elements are the accurate ones. The difference is formed from S1 and S2 without another loss,
+ * but what they have lost is lost: under a large offset few digits are left. Elements that are all equal have a
+ * deviation of 0, and so have those whose variance rounding has made negative. The deviation is infinite if S2 is, and
+ * NaN if an element is; the latter only.
  * Integers: S1 and S2 are exact, mean and deviation times 2^-scaleFactor to nearest with ties to even in every rounding
  * mode, limited to the type of the result. */
 OrbStatus orbsStdDev_32f(const Orb32f* pSrc, int len, Orb32f* pStdDev, OrbHintAlgorithm hint);

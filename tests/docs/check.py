@@ -17,7 +17,9 @@ import headers  # noqa: E402
 
 # What the search is asked, and the page that must be among its answers.
 SEARCHES = {"limited reciprocal": "reference/thresholds/Threshold_LTInv", "echo cancelling": "reference/adaptive/FIRLMS",
-            "argsort": "reference/sorting/SortIndexAscend_SortIndexDescend", "dtmf": "reference/goertzel/Goertz_GoertzTwo"}
+            "argsort": "reference/sorting/SortIndexAscend_SortIndexDescend", "dtmf": "reference/goertzel/Goertz_GoertzTwo",
+            "stereo interleaved": "reference/convert/Join_JoinScaled_SplitScaled", "hum removed": "reference/design/FIRGen",
+            "moving average": "reference/speech/SumWindow", "find a peak": "reference/extrema/Min_Max_MinMax"}
 
 
 class Page(html.parser.HTMLParser):
