@@ -71,7 +71,8 @@ def lost(folder, pages):
 
 
 def not_found(folder):
-    """What the search index does not answer. Words are stemmed by cutting: an entry that begins alike is the one."""
+    """What the search index does not answer. Words are stemmed by cutting: an entry that begins alike is the one.
+    What the index has for a page is asked for as docs/_ext/search.js does it."""
     index = json.loads(re.fullmatch(r"Search\.setIndex\((.*)\);?\s*", (folder / "searchindex.js").read_text(), re.S)[1])
 
     def pages_of(word):
@@ -80,6 +81,9 @@ def not_found(folder):
             for term, places in index[table].items():
                 if word.startswith(term[:max(len(term) - 1, 4)]) and len(term) >= 4:
                     found.update(places if isinstance(places, list) else [places])
+        for entry, places in index["indexentries"].items():
+            if word in entry.split():
+                found.update(place[0] for place in places)
         return {index["docnames"][place] for place in found}
 
     for query, page in SEARCHES.items():
