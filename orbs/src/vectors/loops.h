@@ -10,12 +10,12 @@
 
 #ifndef __clang__
 // Loads and stores of a single lane take any address, like those of whole vectors, but g++'s definitions hide it.
-#define ORBS_ANY_ADDRESS __attribute__((no_sanitize("alignment")))
+#    define ORBS_ANY_ADDRESS __attribute__((no_sanitize("alignment")))
 ORBS_ANY_ADDRESS __m128 _mm_load_ss(const float*);
 ORBS_ANY_ADDRESS __m128d _mm_load_sd(const double*);
 ORBS_ANY_ADDRESS void _mm_store_ss(float*, __m128);
 ORBS_ANY_ADDRESS void _mm_store_sd(double*, __m128d);
-#undef ORBS_ANY_ADDRESS
+#    undef ORBS_ANY_ADDRESS
 #endif
 
 namespace orbs {
