@@ -58,14 +58,19 @@ def _places():
     return [*_of_install(package), list(FILES), *build]
 
 
+def _opened(file):
+    """It stays to the end of the process: when Python ends, objects are still freed and OpenMP's threads still wait."""
+    return ffi.dlopen(str(file), ffi.RTLD_NOW | ffi.RTLD_NODELETE)
+
+
 def _load():
     faults = []
     for files in _places():
         try:
             # The core first, so that the library finds it loaded; a system's loader finds it by itself.
             if os.path.exists(files[0]):
-                ffi.dlopen(str(files[0]))
-            return ffi.dlopen(str(files[-1])), ffi.dlopen(str(files[0])), str(files[-1])
+                _opened(files[0])
+            return _opened(files[-1]), _opened(files[0]), str(files[-1])
         except OSError as fault:
             faults.append(f"  {fault}")
     raise ImportError("the orbs library was not found. Install it, build it (cmake --preset release && cmake --build "

@@ -259,7 +259,8 @@ def aligned(size, offset=0):
 def memory(given, size, name):
     if given is None:
         return aligned(size)
-    written(given, DTYPES["8u"], name)
+    if not (type(given) is ndarray and given.dtype is DTYPES["8u"] and given.ndim == 1 and given.flags.carray):
+        written(given, DTYPES["8u"], name)
     if given.size < size:
         raise ValueError(f"{name} has {given.size} bytes, {size} are needed")
     return given

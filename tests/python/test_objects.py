@@ -2,8 +2,11 @@
 import contextlib
 import copy
 import gc
+import os
 import pickle
 import re
+import subprocess
+import sys
 import threading
 import time
 import timeit
@@ -159,6 +162,15 @@ def test_memory_goes_back():
     gc.collect()
     view[:] = 3
     assert view.ctypes.data % 8 == 0 and view.sum() == 30
+
+
+def test_python_ends_in_peace():
+    """With objects that only the last collection finds, and with the library's own threads waiting."""
+    program = ("import numpy, orbs; orbs.SetNumThreads(2); f = orbs.Fir64f(numpy.ones(99)); f(numpy.ones(300000));"
+               "array = orbs.Malloc_32f(9); cycle = [array, f]; cycle.append(cycle); f.mine = f")
+    for _ in range(5):
+        subprocess.run([sys.executable, "-c", program], check=True,
+                       env={**os.environ, "PYTHONPATH": os.path.dirname(orbs.__path__[0])})
 
 
 def test_other_threads_run_during_a_call():
