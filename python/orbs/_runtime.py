@@ -206,7 +206,10 @@ def one(value, dtype, name):
     elif dtype.kind == "c":
         value = complex(*pair(value, name))
     else:
-        return source([value], dtype, name)
+        value = whole_pair(value, name)
+        least, most = LIMITS[dtype["re"]]
+        if not least <= min(value) <= max(value) <= most:
+            raise ValueError(f"{name} has values beyond {least} to {most}")
     held = empty(1, dtype)
     held[0] = value
     return held
