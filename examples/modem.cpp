@@ -8,8 +8,10 @@
 #include "support/trouble.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cmath>
+#include <cstdio>
 #include <future>
 #include <orbs.hpp>
 #include <thread>
@@ -107,6 +109,12 @@ void draw(const std::vector<Curve>& curves, int bursts, OutputFile& file) {
     picture.write(file);
 }
 
+std::string threeDigits(double share) {
+    std::array<char, 32> word{};
+    std::snprintf(word.data(), word.size(), "%.3g", share);
+    return word.data();
+}
+
 void run(int argc, char** argv) {
     int symbols = 400000;
     fs::path out = "demo";
@@ -139,8 +147,8 @@ and draws how often the decoder errs beside theory and beside sending without a 
         const Theory theory(curve.code);
         for (const Measured& point : curve.measured)
             report("Rate", text(curve.code.states, " states at ", fixed(point.decibels, 2), " dB: measured ",
-                                point.rate, ", theory ", theory.errorRate(deviationFor(point.decibels)), ", no code ",
-                                uncodedRate(point.decibels)));
+                                point.rate, ", theory ", threeDigits(theory.errorRate(deviationFor(point.decibels))),
+                                ", no code ", threeDigits(uncodedRate(point.decibels))));
     }
     report("Picture", printable(out / "modem.png"));
     const double all = static_cast<double>(curves.size() * decibels.size()) * bursts * burstLength;
