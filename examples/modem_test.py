@@ -42,7 +42,7 @@ class Modem(ProgramTest):
         self.assertGreater(theory, nearest)
         self.assertLess(theory, 10 * nearest)
         q = math.erfc(math.sqrt(3 * snr / 2)) / 2
-        self.assertAlmostEqual(uncoded, 1 - (1 - 2 * q) ** 4, delta=1e-6)
+        self.assertAlmostEqual(uncoded, 1 - (1 - 2 * q) ** 4, delta=6e-6) # three digits
 
     def test_the_same_results_however_many_processors_work(self):
         first = self.succeed("--symbols", "8000")
